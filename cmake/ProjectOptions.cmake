@@ -1,0 +1,49 @@
+# Build settings that every target of the project shares.
+
+option(CIMHTTP_BUILD_TESTS "Build the tests" ON)
+option(CIMHTTP_BUILD_BENCH "Build the benchmarks" OFF)
+option(CIMHTTP_BUILD_FUZZERS "Build the fuzzers (clang only)" OFF)
+option(CIMHTTP_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" ON)
+set(CIMHTTP_SANITIZE "" CACHE STRING "Sanitizers to build with, e.g. address,undefined or thread")
+option(CIMHTTP_COVERAGE "Instrument for gcov" OFF)
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+  set(CMAKE_BUILD_TYPE RelWithDebInfo CACHE STRING "Build type" FORCE)
+endif()
+
+# Programs and libraries stand side by side at the top of the build folder, so
+# that a person types build/release/cimhttp and the loader finds its libraries.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}")
+set(CMAKE_INSTALL_RPATH "$ORIGIN:$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+
+add_library(cimhttp_options INTERFACE)
+target_compile_features(cimhttp_options INTERFACE cxx_std_17)
+target_compile_options(cimhttp_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor
+                       -Woverloaded-virtual -Wconversion -Wsign-conversion)
+if(CIMHTTP_WARNINGS_AS_ERRORS)
+  target_compile_options(cimhttp_options INTERFACE -Werror)
+endif()
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CIMHTTP_SANITIZE)
+  # GCC 12 reports false positives in Boost and the standard library once the
+  # sanitizers have rewritten the code it analyses.
+  target_compile_options(cimhttp_options INTERFACE -Wno-maybe-uninitialized)
+endif()
+if(WIN32)
+  target_compile_definitions(cimhttp_options INTERFACE _WIN32_WINNT=0x0A00 WIN32_LEAN_AND_MEAN NOMINMAX)
+endif()
+
+if(CIMHTTP_SANITIZE)
+  add_compile_options(-fsanitize=${CIMHTTP_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${CIMHTTP_SANITIZE})
+endif()
+if(CIMHTTP_COVERAGE)
+  add_compile_options(--coverage)
+  add_link_options(--coverage)
+endif()
