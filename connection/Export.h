@@ -1,0 +1,13 @@
+#pragma once
+
+// Marks what the shared library shows to its host; everything else stays hidden. A macro, because compilers
+// spell it differently and nothing else in the language can carry it.
+#if defined(_WIN32)
+#if defined(CIMHTTP_BUILDING_PLUGIN)
+#define CIMHTTP_EXPORT __declspec(dllexport)
+#else
+#define CIMHTTP_EXPORT
+#endif
+#else
+#define CIMHTTP_EXPORT __attribute__((visibility("default")))
+#endif

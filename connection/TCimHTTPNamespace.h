@@ -1,0 +1,202 @@
+#pragma once
+
+#include <boost/enable_shared_from_this.hpp>
+#include <boost/shared_ptr.hpp>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "connection/Export.h"
+#include "vskcore/ICIMNamespace.h"
+
+namespace Pegasus {
+class CIMName;
+class CIMNamespaceName;
+}  // namespace Pegasus
+
+namespace NQELVSK20 {
+
+class PegClient;
+class TCimHTTPClass;
+class TCimHTTPQualifierDecl;
+
+/// A remote CIM namespace, reached on one or several management-controller nodes of the machine.
+///
+/// Life: constructed by the provider, `Initialize`d, then `Init` and one of the connect operations by the
+/// host. Classes are fetched on demand and stay cached as long as the namespace lives; classes and their
+/// members refer back to it weakly. Must be owned by a boost::shared_ptr.
+///
+/// Not thread-safe: one thread at a time. Remote failures are logged and show as empty results.
+class CIMHTTP_EXPORT TCimHTTPNamespace : public ICIMNamespace,
+                                         public boost::enable_shared_from_this<TCimHTTPNamespace> {
+public:
+    /// One map per node, in node order, each with one entry: the node key and the node's client. The clients
+    /// belong to the namespace.
+    using NodeClients = std::vector<std::map<std::string, PegClient*>>;
+
+    /// `replaceDuplicates` decides what a second class or qualifier declaration of a name does: replace the
+    /// first, or be refused. `name` is the remote namespace path, e.g. "root/cimv2".
+    TCimHTTPNamespace(bool replaceDuplicates, std::string name);
+
+    /// Copies share the remote objects with the original; the last one frees them.
+    TCimHTTPNamespace(const TCimHTTPNamespace& other);
+    TCimHTTPNamespace& operator=(const TCimHTTPNamespace& other);
+
+    /// Disconnects when connected. The client of node 0 stays allocated until the process ends.
+    ~TCimHTTPNamespace() override;
+
+    /// Reads the context and creates the root class and the declarations of the plug-in's own qualifiers.
+    /// Throws status 32 when the context lacks "pluginNameQualDeclValue".
+    void Initialize(TContext context);
+
+    /// Creates the remote namespace name and node 0's client; the name is the namespace's own, or the one
+    /// given. Throws status 42 when the remote library refuses.
+    void Init();
+    void Init(std::string remoteName);
+
+    /// Forgets the remote namespace name and every cached class.
+    void DeInit();
+
+    /// Connects one server: HTTPS on port 5989, else HTTP on port 5988. Does nothing when connected. A server
+    /// that cannot be reached is logged; the namespace counts as connected all the same.
+    void connect(std::string host, std::string user, std::string password);
+
+    /// Connects one server per node. Throws status 42 when the lists differ in size or are empty.
+    void connect(std::vector<std::string> hosts, std::vector<std::string> users,
+                 std::vector<std::string> passwords);
+
+    /// Connect over HTTP or HTTPS alone. `port` is kept, but the connection goes to the protocol's own port.
+    void ConnectViaHttp(std::string host, std::string user, std::string password, int port);
+    void ConnectViaHttps(std::string host, std::string user, std::string password, int port);
+
+    /// Disconnects every node and frees the clients of all but node 0.
+    void disconnect();
+
+    /// Sets the time-out of every node's client, in milliseconds. Connecting sets its own.
+    void setTimeout(unsigned int milliseconds);
+
+    bool isConnected() const { return connected_; }
+
+    /// The remote namespace name; null before Init. Owned by the namespace.
+    Pegasus::CIMNamespaceName* getPegNSP() const { return remoteName_.get(); }
+
+    /// Node 0's client; null before Init. Valid until the process ends.
+    PegClient* getPegClient() const { return firstClient_; }
+    NodeClients getPegClientVec() const { return nodes_; }
+    std::string getfCimHTTPNamespaceName() const { return name_; }
+    bool getIsServeESXi() const { return isEsxi_; }
+    bool getIsServeESXi5() const { return isEsxi5_; }
+    boost::shared_ptr<ICIMNamespace> GetUpcallNamespace() const { return upcall_; }
+
+    /// The key under which names are kept: `name` in lower case. An empty name is valid; one that is no CIM
+    /// identifier (DSP0004) is logged and thrown as status 25.
+    static std::string NormalizeName(const std::string& name);
+
+    /// Replaces `names` with the direct subclasses of a class, or the top-level classes when its name is
+    /// empty; the flag is ignored. True when there are any. Throws the remote library's exception for a
+    /// malformed name.
+    bool EnumerateClassNames(std::string nameSpace, std::string className, std::vector<std::string>& names,
+                             bool ignored);
+
+    /// Replaces `names` with the paths of a class's instances. True when there are any.
+    bool EnumerateInstanceNames(std::string nameSpace, std::string className,
+                                std::vector<std::string>& names);
+
+    /// Reads every property of every instance of a class once, to show that it can be read. Always true.
+    bool EnumerateInstances(const Pegasus::CIMNamespaceName& nameSpace, const Pegasus::CIMName& className);
+
+    // ICIMNamespace
+    boost::shared_ptr<INamespaceProvider> GetNamespaceProvider(TContext context) override;
+    void SetUpcallNamespace(boost::shared_ptr<ICIMNamespace> upcall, TContext context) override;
+    void AddUnderlyingNamespace(boost::shared_ptr<ICIMNamespace> underlying, TContext context) override;
+    boost::shared_ptr<ICIMClass> AllocateClass(const std::string& name,
+                                               boost::shared_ptr<ICIMClass> superclass,
+                                               TContext context) override;
+
+    /// Never throws: whatever goes wrong ends in an empty pointer and a line in the log.
+    boost::shared_ptr<ICIMClass> GetClass(const std::string& name, TContext context) override;
+    void EnumerateRootClasses(const ClassCallback& callback, TContext context) override;
+    void EnumerateProviders(const ProviderCallback& callback, TContext context) override;
+    boost::shared_ptr<ICIMQualifierDecl> AllocateQualifierDecl(const std::string& name,
+                                                               const TCIMValue& defaultValue,
+                                                               ICIMQualifierDecl::EScope scope,
+                                                               ICIMQualifierDecl::EFlavor flavor,
+                                                               TContext context) override;
+    boost::shared_ptr<ICIMQualifierDecl> GetQualifierDecl(const std::string& name,
+                                                          TContext context) const override;
+    void EnumerateQualifierDecls(const QualifierDeclCallback& callback, TContext context) const override;
+    boost::shared_ptr<ICIMSubscription> Subscribe(boost::shared_ptr<ICIMIndicationFilter> filter,
+                                                  const InstanceCallback& callback,
+                                                  TContext context) override;
+    boost::shared_ptr<ICIMInstance> GetInstance(const TCIMReference& reference, TContext context) override;
+    void DeleteInstance(const TCIMReference& reference, TContext context) override;
+    void ModifyInstance(const TCIMReference& reference, TContext values, TContext context) override;
+    void ExecuteQuery(const InstanceCallback& callback, std::string& query,
+                      const InstanceCallback& secondCallback, TContext context) override;
+    void ClearInstances() override;
+
+    /// Copies another namespace of this kind; any other is left alone.
+    ICIMNamespace& operator=(ICIMNamespace& other) override;
+
+private:
+    friend class TNamespaceMembers;            // how classes and declarations enter themselves
+    friend class TCimHTTPNamespaceTestAccess;  // tests look at saved credentials and node-wise connects
+
+    // connection/TCimHTTPNamespace.cpp
+    void CreateRemoteObjects(const std::string& remoteName);
+    void CreateFirstClient();
+    void AppendNode(int nodeIndex, PegClient* client);
+
+    // connection/Connect.cpp
+    void connect(int nodeIndex, std::string host, std::string user, std::string password);
+    void ConnectViaHttp(int nodeIndex, std::string host, std::string user, std::string password, int port);
+    void ConnectViaHttps(int nodeIndex, std::string host, std::string user, std::string password, int port);
+    void SaveConnectAuthInfo(std::string host, std::string user, std::string password, int port);
+    void SaveConnectAuthInfo(std::vector<std::string> hosts, std::vector<std::string> users,
+                             std::vector<std::string> passwords);
+    void CreateNodeIfMissing(int nodeIndex);
+    bool HasNode(int nodeIndex) const;
+    PegClient& NodeClient(int nodeIndex) const;
+
+    // connection/HypervisorDetection.cpp
+    void CheckIsESXi5();
+
+    // namespace/ClassCache.cpp, namespace/ClassLookup.cpp
+    void AddClass(boost::shared_ptr<TCimHTTPClass> cimClass);
+    void RemoveClass(boost::shared_ptr<TCimHTTPClass> cimClass);
+    boost::shared_ptr<TCimHTTPClass> CachedClass(const std::string& key) const;
+    boost::shared_ptr<ICIMClass> LookUpClass(const std::string& name, const TContext& context);
+    boost::shared_ptr<ICIMClass> TakeFromUnion(const std::string& name, const std::string& key,
+                                               const TContext& context);
+    boost::shared_ptr<ICIMClass> FetchClass(const std::string& name, const std::string& key,
+                                            const TContext& context);
+    boost::shared_ptr<ICIMClass> BuildFetchedClass(const std::string& name, const std::string& key,
+                                                   const TContext& context);
+    void Stamp(TCimHTTPClass& cimClass) const;
+
+    // namespace/QualifierTable.cpp
+    void AddQualifierDecl(boost::shared_ptr<TCimHTTPQualifierDecl> declaration);
+    void DeclarePluginQualifier(const std::string& name, const std::string& defaultValue);
+
+    boost::shared_ptr<Pegasus::CIMNamespaceName> remoteName_;
+    PegClient* firstClient_ = nullptr;  // kept reachable, and alive, until the process ends
+    NodeClients nodes_;
+    std::vector<boost::shared_ptr<PegClient>> ownedClients_;  // those of nodes 1 and up, in node order
+    std::map<std::string, boost::shared_ptr<TCimHTTPQualifierDecl>> qualifierDecls_;
+    std::map<std::string, boost::shared_ptr<TCimHTTPClass>> classes_;
+    boost::shared_ptr<ICIMClass> rootClass_;
+    bool replaceDuplicates_;
+    boost::shared_ptr<ICIMNamespace> upcall_;
+    bool connected_ = false;
+    std::string pluginName_;
+    std::string name_;
+    bool multiNode_ = false;
+    std::vector<std::string> hosts_;
+    std::vector<std::string> users_;
+    std::vector<std::string> passwords_;
+    unsigned int port_ = 0;
+    bool isEsxi5_ = false;
+    bool isEsxi_ = false;
+};
+
+}  // namespace NQELVSK20
