@@ -1,0 +1,15 @@
+#pragma once
+
+#include <Pegasus/Common/CIMFlavor.h>
+#include <Pegasus/Common/CIMScope.h>
+
+namespace NQELVSK20 {
+
+/// The host's scope bit (ICIMQualifierDecl::EScope) of a single remote scope; 0 for none or several.
+unsigned int ToCoreScope(const Pegasus::CIMScope& scope);
+
+/// The host's flavor bits (ICIMQualifierDecl::EFlavor) of a single remote flavor; 0 for none, several, or
+/// one that the host gives no bit.
+unsigned int ToCoreFlavor(const Pegasus::CIMFlavor& flavor);
+
+}  // namespace NQELVSK20

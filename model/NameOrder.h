@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+namespace NQELVSK20 {
+
+/// How names of elements compare: as their normalised forms do (TCimHTTPNamespace::NormalizeName, whose
+/// exception for a malformed name passes).
+bool SameName(const std::string& left, const std::string& right);
+bool NameLess(const std::string& left, const std::string& right);
+
+}  // namespace NQELVSK20

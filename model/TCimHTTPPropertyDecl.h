@@ -1,0 +1,41 @@
+#pragma once
+
+#include <boost/shared_ptr.hpp>
+#include <boost/weak_ptr.hpp>
+#include <string>
+
+#include "model/TNamedElement.h"
+#include "vskcore/ICIMPropertyDecl.h"
+
+namespace NQELVSK20 {
+
+class TCimHTTPClass;
+
+/// A property of a remote class, which it refers to weakly. Its type is that of its default value.
+class TCimHTTPPropertyDecl : public TNamedElement<ICIMPropertyDecl> {
+public:
+    TCimHTTPPropertyDecl(boost::shared_ptr<TCimHTTPClass> owner, std::string name,
+                         const TCIMValue& defaultValue);
+
+    /// Adds the property to its class, subject to the class's rules.
+    void Commit(TContext context) override;
+    void Reserved10(TContext context) override;
+
+    /// Empty once the class is gone.
+    boost::shared_ptr<ICIMClass> GetClass(TContext context) const override;
+    TCIMValue::TCIMType GetType(TContext context) const override;
+    bool IsArray(TContext context) const override;
+    const TCIMValue& GetValue(TContext context) const override;
+    void SetValue(const TCIMValue& value, TContext context) override;
+
+    using TNamedElement::operator=;
+    TCimHTTPPropertyDecl& operator=(const TCimHTTPPropertyDecl& other);
+
+private:
+    boost::shared_ptr<ICIMNamespace> OwnNamespace() const override;
+
+    boost::weak_ptr<TCimHTTPClass> owner_;
+    TCIMValue value_;
+};
+
+}  // namespace NQELVSK20
