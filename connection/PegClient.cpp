@@ -138,9 +138,8 @@ Pegasus::CIMClass PegClient::GetClass(std::string nameSpace, std::string classNa
                                       const Pegasus::CIMPropertyList& propertyList) {
     Pegasus::CIMClass result;
     Request("GetClass", timeout, [&] {
-        result = client_->getClass(FromNamespace(nameSpace),
-                                   FromName(className), localOnly, includeQualifiers,
-                                   includeClassOrigin, propertyList);
+        result = client_->getClass(FromNamespace(nameSpace), FromName(className), localOnly,
+                                   includeQualifiers, includeClassOrigin, propertyList);
     });
     return result;
 }
@@ -150,8 +149,7 @@ Pegasus::Array<Pegasus::CIMInstance> PegClient::EnumerateInstances(
     bool includeQualifiers, bool includeClassOrigin, const Pegasus::CIMPropertyList& propertyList) {
     Pegasus::Array<Pegasus::CIMInstance> result;
     Request("EnumerateInstances", timeout, [&] {
-        result = client_->enumerateInstances(FromNamespace(nameSpace),
-                                             FromName(className), deepInheritance,
+        result = client_->enumerateInstances(FromNamespace(nameSpace), FromName(className), deepInheritance,
                                              localOnly, includeQualifiers, includeClassOrigin, propertyList);
     });
     return result;
@@ -165,8 +163,7 @@ Pegasus::CIMValue PegClient::InvokeMethod(std::string nameSpace, const Pegasus::
     Pegasus::CIMValue result;
     Request("InvokeMethod", timeout, [&] {
         outputs.clear();  // an attempt that failed may have left some
-        result = client_->invokeMethod(FromNamespace(nameSpace), path,
-                                       FromName(method), inputs, outputs);
+        result = client_->invokeMethod(FromNamespace(nameSpace), path, FromName(method), inputs, outputs);
     });
     return result;
 }
@@ -176,8 +173,7 @@ std::vector<std::string> PegClient::EnumerateClassNames(std::string nameSpace, s
     std::vector<std::string> result;
     Request("EnumerateClassNames", timeout, [&] {
         const Pegasus::Array<Pegasus::CIMName> names =
-            client_->enumerateClassNames(FromNamespace(nameSpace),
-                                         FromName(className), deepInheritance);
+            client_->enumerateClassNames(FromNamespace(nameSpace), FromName(className), deepInheritance);
         result.reserve(names.size());
         for (Pegasus::Uint32 i = 0; i < names.size(); ++i) {
             result.push_back(ToText(names[i]));
@@ -190,8 +186,8 @@ std::vector<std::string> PegClient::EnumerateInstanceNames(std::string nameSpace
                                                            unsigned int timeout) {
     std::vector<std::string> result;
     Request("EnumerateInstanceNames", timeout, [&] {
-        const Pegasus::Array<Pegasus::CIMObjectPath> paths = client_->enumerateInstanceNames(
-            FromNamespace(nameSpace), FromName(className));
+        const Pegasus::Array<Pegasus::CIMObjectPath> paths =
+            client_->enumerateInstanceNames(FromNamespace(nameSpace), FromName(className));
         result.reserve(paths.size());
         for (Pegasus::Uint32 i = 0; i < paths.size(); ++i) {
             result.push_back(ToText(paths[i].toString()));

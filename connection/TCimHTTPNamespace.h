@@ -3,6 +3,7 @@
 #include <boost/enable_shared_from_this.hpp>
 #include <boost/shared_ptr.hpp>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,7 @@
 #include "vskcore/ICIMNamespace.h"
 
 namespace Pegasus {
+class CIMClass;
 class CIMName;
 class CIMNamespaceName;
 }  // namespace Pegasus
@@ -143,8 +145,8 @@ private:
     friend class TCimHTTPNamespaceTestAccess;  // tests look at saved credentials and node-wise connects
 
     // connection/TCimHTTPNamespace.cpp
-    void CreateRemoteObjects(const std::string& remoteName);
-    void CreateFirstClient();
+    void CreateRemoteName(const std::string& remoteName);
+    void CreateFirstNode();
     void AppendNode(int nodeIndex, PegClient* client);
 
     // connection/Connect.cpp
@@ -168,8 +170,11 @@ private:
     boost::shared_ptr<ICIMClass> LookUpClass(const std::string& name, const TContext& context);
     boost::shared_ptr<ICIMClass> TakeFromUnion(const std::string& name, const std::string& key,
                                                const TContext& context);
+    boost::shared_ptr<TCimHTTPClass> CopyFromUnion(const std::string& name, const std::string& key,
+                                                   const TContext& context);
     boost::shared_ptr<ICIMClass> FetchClass(const std::string& name, const std::string& key,
                                             const TContext& context);
+    Pegasus::CIMClass FetchDefinition(const std::string& name, const TContext& context);
     boost::shared_ptr<ICIMClass> BuildFetchedClass(const std::string& name, const std::string& key,
                                                    const TContext& context);
     void Stamp(TCimHTTPClass& cimClass) const;
@@ -190,6 +195,7 @@ private:
     bool connected_ = false;
     std::string pluginName_;
     std::string name_;
+    std::set<std::string> pending_;  // keys of the classes being fetched: a class and its descendants
     bool multiNode_ = false;
     std::vector<std::string> hosts_;
     std::vector<std::string> users_;
@@ -197,6 +203,9 @@ private:
     unsigned int port_ = 0;
     bool isEsxi5_ = false;
     bool isEsxi_ = false;
+
+    static bool
+        detectionDone_;  // one hypervisor detection a process, for the first namespace that gets there
 };
 
 }  // namespace NQELVSK20

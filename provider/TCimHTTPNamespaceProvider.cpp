@@ -1,0 +1,48 @@
+#include "provider/TCimHTTPNamespaceProvider.h"
+
+#include <utility>
+
+#include "connection/Precondition.h"
+#include "connection/TCimHTTPNamespace.h"
+#include "vskcore/INamespaceProviderManager.h"
+#include "vskcore/TCIMValue.h"
+#include "vskcore/TRootObject.h"
+
+namespace NQELVSK20 {
+
+boost::shared_ptr<TCimHTTPNamespaceProvider> TCimHTTPNamespaceProvider::GetInstance() {
+    static const boost::shared_ptr<TCimHTTPNamespaceProvider> instance(new TCimHTTPNamespaceProvider);
+    return instance;
+}
+
+TVSKStatusCode TCimHTTPNamespaceProvider::Initialize() {
+    const auto manager = TRootObject::GetNamespaceProviderManager();
+    if (PointerIsSet(manager != nullptr, "TCimHTTPNamespaceProvider::Initialize")) {
+        manager->RegisterProvider(GetInstance());
+    }
+    return eVSKSuccess;
+}
+
+const std::string& TCimHTTPNamespaceProvider::GetName(TContext) const {
+    static const std::string name = "cimhttp";
+    return name;
+}
+
+boost::shared_ptr<ICIMNamespace> TCimHTTPNamespaceProvider::AllocateNamespace(TContext context,
+                                                                              bool replaceDuplicates,
+                                                                              std::string name) const {
+    const boost::shared_ptr<TCimHTTPNamespace> nameSpace(
+        new TCimHTTPNamespace(replaceDuplicates, std::move(name)));
+    nameSpace->Initialize(std::move(context));
+    return nameSpace;
+}
+
+INamespaceProvider::EType TCimHTTPNamespaceProvider::GetType(TContext) const {
+    return eRemoteProvider;
+}
+
+bool TCimHTTPNamespaceProvider::IsIndicationsSupported(TContext) const {
+    return false;
+}
+
+}  // namespace NQELVSK20

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <boost/shared_ptr.hpp>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tests/support/RecordingLogger.h"
+#include "tests/support/TestMachine.h"
+
+namespace NQELVSK20 {
+
+class TCimHTTPNamespace;
+class TQELCNamespace;
+class TUnionNamespace;
+
+/// A plug-in in its host: records the log, replaces the pause before a reconnection (and counts it), puts the
+/// common-schema and union namespaces behind every namespace, and starts without a hypervisor detection,
+/// which a test asks for when it is about it.
+class PluginTest : public ::testing::Test {
+protected:
+    PluginTest();
+    ~PluginTest() override;
+
+    /// An initialised namespace with node 0's client, not connected.
+    boost::shared_ptr<TCimHTTPNamespace> MakeNamespace(const std::string& name = "root/cimv2",
+                                                       bool replaceDuplicates = false);
+
+    /// The same without Init: nothing remote exists.
+    boost::shared_ptr<TCimHTTPNamespace> MakeUninitNamespace(const std::string& name = "root/cimv2",
+                                                             bool replaceDuplicates = false);
+
+    /// Connects a namespace to every node of a machine: by the single-node form for one node.
+    static void ConnectTo(TCimHTTPNamespace& nameSpace, const TestMachine& machine);
+
+    /// MakeNamespace and ConnectTo; the log and the machine's requests are then cleared.
+    boost::shared_ptr<TCimHTTPNamespace> Connected(TestMachine& machine,
+                                                   const std::string& name = "root/cimv2",
+                                                   bool replaceDuplicates = false);
+
+    RecordingLogger log_;
+    std::vector<unsigned int> pauses_;  // milliseconds of every pause that was asked for
+    boost::shared_ptr<TQELCNamespace> common_;
+    boost::shared_ptr<TUnionNamespace> union_;
+};
+
+}  // namespace NQELVSK20

@@ -1,0 +1,71 @@
+#include "tests/support/TestMachine.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+
+namespace NQELVSK20 {
+
+namespace {
+
+constexpr std::uint16_t kHttpsPort = 5989;
+constexpr std::uint16_t kHttpPort = 5988;
+constexpr std::size_t kNodesPerProcess = 7;
+
+}  // namespace
+
+TestMachine::Options TestMachine::OptionsFor(std::size_t nodes) {
+    Options options;
+    options.nodes = nodes;
+    return options;
+}
+
+std::string TestMachine::AddressOf(std::size_t node) {
+    const auto pid = static_cast<unsigned>(getpid());
+    const unsigned last = ((pid & 0x1fU) << 3U) + static_cast<unsigned>(node % kNodesPerProcess) + 1;
+    return "127." + std::to_string(128 + ((pid >> 13U) & 0x7fU)) + '.' + std::to_string((pid >> 5U) & 0xffU) +
+           '.' + std::to_string(last);
+}
+
+TestMachine::TestMachine(const Options& options) {
+    for (std::size_t node = 0; node < options.nodes; ++node) {
+        hosts_.push_back(AddressOf(node));
+        repositories_.push_back(options.sampleData
+                                    ? cimom::Repository::sampleNode(static_cast<unsigned>(node))
+                                    : std::make_shared<cimom::Repository>());
+        if (options.https) {
+            Listen(node, true, kHttpsPort, options);
+        }
+        if (options.http) {
+            Listen(node, false, kHttpPort, options);
+        }
+    }
+    server_.start();
+}
+
+void TestMachine::Listen(std::size_t node, bool tls, std::uint16_t port, const Options& options) {
+    cimom::Endpoint endpoint;
+    endpoint.address = hosts_[node];
+    endpoint.port = port;
+    endpoint.tls = tls;
+    endpoint.repository = repositories_[node];
+    endpoint.credentials = options.credentials;
+    server_.listen(endpoint);
+}
+
+void TestMachine::Kill(std::size_t node) {
+    server_.close(Host(node), kHttpsPort);
+    server_.close(Host(node), kHttpPort);
+}
+
+std::vector<std::string> TestMachine::Requests() const {
+    std::vector<std::string> seen;
+    for (const cimom::SeenRequest& request : server_.requests()) {
+        const auto host = std::find(hosts_.begin(), hosts_.end(), request.address);
+        seen.push_back(std::to_string(host - hosts_.begin()) + ' ' + request.operation + ' ' +
+                       request.className);
+    }
+    return seen;
+}
+
+}  // namespace NQELVSK20
