@@ -16,14 +16,15 @@ class ICIMNamespace;
 /// the value.
 class TCIMReference {
 public:
-    /// An empty path in `nameSpace` (may be empty); `keys` are the key bindings, by name, that the path
-    /// gets once a class name is set by SetPath; an empty map leaves the path empty.
+    /// An empty path in `nameSpace` (may be empty). `keys` are key bindings, by name: a path without keys of
+    /// its own that SetPath sets later gets them. Null ones are left out.
     TCIMReference(boost::shared_ptr<ICIMNamespace> nameSpace, TContext keys);
 
     /// The path text, e.g. `CIM_Fan.DeviceID="1"`; empty when none was set.
     const std::string& GetPath() const { return path_; }
 
-    /// Takes the text as it is, unparsed, and finds the class name in it.
+    /// Takes the text as it is, unparsed, and finds the class name in it. Keys given to the constructor
+    /// follow the class name when the text ends with it.
     void SetPath(const std::string& path);
 
     /// Name of the class that the path names, host and namespace left aside; empty for an empty path.
@@ -35,6 +36,7 @@ public:
 
 private:
     boost::weak_ptr<ICIMNamespace> namespace_;
+    std::string keys_;  // as a path spells them, with the leading full stop; empty without keys
     std::string path_;
     std::string className_;
 };

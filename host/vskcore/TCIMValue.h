@@ -1,8 +1,10 @@
 #pragma once
 
 #include <boost/shared_ptr.hpp>
+#include <boost/weak_ptr.hpp>
 #include <memory>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "vskcore/TCIMChar16.h"
@@ -17,9 +19,11 @@ class ICIMClass;
 /// A typed CIM value: null, a scalar or an array. Copies are deep and independent.
 ///
 /// The conversions are implicit, as the host's users expect of them. Rules, the same for all of them:
-/// - numbers, booleans and char16 codes convert into each other; a number out of the target's range wraps
-///   modulo 2^n between integers, and a real out of range (or NaN) gives the nearest limit (NaN: 0);
-/// - text converts to a number or boolean when it is one, else to 0 or false;
+/// - numbers, booleans and char16 codes convert into each other; an integer out of the target's range wraps
+///   modulo 2^n, a real out of range gives the nearest limit, and NaN gives the integer 0;
+/// - text converts to a number or boolean when it is one (decimal, "true", "false"), else to 0 or false;
+/// - text converts to a datetime or reference with that text; a number does not, and gives an empty one;
+/// - everything converts to text as ToString(10) writes it;
 /// - a null value converts to 0, false or empty;
 /// - an array converts as its first element does, an empty one as null.
 class TCIMValue {
@@ -120,7 +124,7 @@ public:
     operator TCIMReference() const;
 
     /// The elements of an array; they live as long as this value is neither changed nor destroyed. A scalar
-    /// has none.
+    /// or a null array has none: what is added to its empty vector is lost.
     operator std::vector<TCIMValue>&();
     operator const std::vector<TCIMValue>&() const;
 
@@ -133,7 +137,7 @@ public:
     /// The scalar code of a scalar, and of an array the code that it was built with.
     TCIMType GetType() const;
 
-    /// The value as text: integers in `base` (2 to 36, 10 by default elsewhere), booleans "true"/"false",
+    /// The value as text: integers in `base` (2 to 36; any other counts as 10), booleans "true"/"false",
     /// reals in the shortest form that reads back the same, datetimes in their 25 characters, references as
     /// their path, char16 as its decimal code, null as "", array elements joined by ",".
     std::string ToString(unsigned char base) const;
@@ -144,16 +148,33 @@ public:
     /// The class that a reference value points at; empty when none was set.
     boost::shared_ptr<ICIMClass> GetReferencedClass() const;
 
-    /// Marks the value as a reference to objects of a class. Keeps the class weakly.
+    /// Marks the value as a reference to objects of a class, which it keeps weakly. A value of another type
+    /// becomes a null reference, or a null array of references if it was an array.
     void SetReferencedClass(boost::shared_ptr<ICIMClass> referencedClass);
 
-    /// True unless both are null, or have equal type, array flag and content. Two nulls are equal only when
-    /// their types are.
+    /// True unless both have equal element types, array flags and contents, where null equals only null. The
+    /// class that a reference points at is no part of its content.
     bool operator!=(const TCIMValue& other) const;
 
 private:
-    struct Rep;
-    std::unique_ptr<Rep> rep_;
+    using Elements = std::vector<TCIMValue>;
+
+    // Null is the monostate. Booleans, unsigned integers and char16 codes are unsigned, datetimes are text.
+    // Nothing but long text, references and arrays allocates; a reference is never changed, so copies share.
+    using Content = std::variant<std::monostate, long long, unsigned long long, double, std::string,
+                                 std::shared_ptr<const TCIMReference>, Elements>;
+
+    static TCIMValue NullOf(TCIMType::ECIMType type);
+
+    TCIMType::ECIMType ElementType() const;
+    const TCIMValue& First() const;
+    std::variant<long long, unsigned long long, double> ToNumber() const;
+    template <typename TARGET>
+    TARGET ToArithmetic() const;
+
+    Content content_;
+    TCIMType::ECIMType type_;  // a null array always has an array code
+    boost::weak_ptr<ICIMClass> referencedClass_;
 };
 
 }  // namespace NQELVSK20
