@@ -1,0 +1,54 @@
+#include "convert/ScopeAndFlavor.h"
+
+#include <cstddef>
+#include <string>
+
+#include "connection/PegText.h"
+#include "vskcore/ICIMQualifierDecl.h"
+
+namespace NQELVSK20 {
+namespace {
+
+struct Keyword {
+    const char* text;
+    unsigned int value;
+};
+
+constexpr Keyword kScopes[] = {{"CLASS", ICIMQualifierDecl::eScopeClass},
+                               {"ASSOCIATION", ICIMQualifierDecl::eScopeAssociation},
+                               {"INDICATION", ICIMQualifierDecl::eScopeIndication},
+                               {"PROPERTY", ICIMQualifierDecl::eScopeProperty},
+                               {"REFERENCE", ICIMQualifierDecl::eScopeReference},
+                               {"METHOD", ICIMQualifierDecl::eScopeMethod},
+                               {"PARAMETER", ICIMQualifierDecl::eScopeParameter},
+                               {"ANY", ICIMQualifierDecl::eScopeAny}};
+
+// Hosts rely on this table as it is: OVERRIDABLE and RESTRICTED give no bit.
+constexpr Keyword kFlavors[] = {{"OVERRIDABLE", ICIMQualifierDecl::eFlavorNone},
+                                {"ENABLEOVERRIDE", ICIMQualifierDecl::eFlavorEnableOverride},
+                                {"TOSUBCLASS", ICIMQualifierDecl::eFlavorToSubclass},
+                                {"RESTRICTED", ICIMQualifierDecl::eFlavorNone},
+                                {"TRANSLATABLE", ICIMQualifierDecl::eFlavorTranslatable},
+                                {"DEFAULTS", ICIMQualifierDecl::eFlavorDefaults}};
+
+/// The value of the keyword that is the whole text, or 0: a combination's text is no keyword.
+template <std::size_t N>
+unsigned int ValueOf(const std::string& text, const Keyword (&keywords)[N]) {
+    for (const Keyword& keyword : keywords) {
+        if (text == keyword.text)
+            return keyword.value;
+    }
+    return 0;
+}
+
+}  // namespace
+
+unsigned int ToCoreScope(const Pegasus::CIMScope& scope) {
+    return ValueOf(ToText(scope.toString()), kScopes);
+}
+
+unsigned int ToCoreFlavor(const Pegasus::CIMFlavor& flavor) {
+    return ValueOf(ToText(flavor.toString()), kFlavors);
+}
+
+}  // namespace NQELVSK20

@@ -1,0 +1,73 @@
+#include "model/TCimHTTPMethodDecl.h"
+
+#include <boost/pointer_cast.hpp>
+#include <utility>
+
+#include "connection/Log.h"
+#include "connection/TCimHTTPNamespace.h"
+#include "model/Required.h"
+#include "model/TCimHTTPClass.h"
+#include "model/TCimHTTPParameterDecl.h"
+
+namespace NQELVSK20 {
+
+TCimHTTPMethodDecl::TCimHTTPMethodDecl(boost::shared_ptr<TCimHTTPClass> owner, std::string name,
+                                       TCIMValue::TCIMType returnType)
+    : TNamedElement(std::move(name)), owner_(owner), returnType_(returnType) {}
+
+void TCimHTTPMethodDecl::Commit(TContext context) {
+    Validate(std::move(context));
+    Required(owner_.lock(), "TCimHTTPMethodDecl::Commit")
+        ->AddMethodDecl(boost::static_pointer_cast<TCimHTTPMethodDecl>(shared_from_this()));
+}
+
+boost::shared_ptr<ICIMClass> TCimHTTPMethodDecl::GetClass(TContext) const {
+    return owner_.lock();
+}
+
+TCIMValue::TCIMType TCimHTTPMethodDecl::GetType(TContext) const {
+    return returnType_;
+}
+
+boost::shared_ptr<ICIMParameterDecl> TCimHTTPMethodDecl::AllocateParameterDecl(const std::string& name,
+                                                                               TCIMValue::TCIMType type,
+                                                                               TContext) {
+    const auto self = boost::static_pointer_cast<TCimHTTPMethodDecl>(shared_from_this());
+    return boost::shared_ptr<ICIMParameterDecl>(new TCimHTTPParameterDecl(self, name, type));
+}
+
+boost::shared_ptr<ICIMParameterDecl> TCimHTTPMethodDecl::GetParameterDecl(const std::string& name,
+                                                                          TContext) const {
+    const auto found = parameters_.find(TCimHTTPNamespace::NormalizeName(name));
+    if (found == parameters_.end())
+        return boost::shared_ptr<ICIMParameterDecl>();
+    return found->second;
+}
+
+void TCimHTTPMethodDecl::EnumerateParameterDecls(const ParameterCallback& callback, TContext) const {
+    for (const auto& entry : parameters_) {
+        if (!callback(entry.second))
+            return;
+    }
+}
+
+TCimHTTPMethodDecl& TCimHTTPMethodDecl::operator=(const TCimHTTPMethodDecl&) {
+    return *this;
+}
+
+void TCimHTTPMethodDecl::AddParameter(boost::shared_ptr<TCimHTTPParameterDecl> parameter) {
+    const std::string& name = parameter->GetName(TContext());
+    const bool added = parameters_.emplace(TCimHTTPNamespace::NormalizeName(name), parameter).second;
+    if (!added) {
+        // "Inmem" and "property" are what the host's users know this message by.
+        Refuse(eVSKAlreadyExists, kLogError,
+               "Inmem: Attempt to add property " + name + " to method " + GetName(TContext()) +
+                   ": already exists");
+    }
+}
+
+boost::shared_ptr<ICIMNamespace> TCimHTTPMethodDecl::OwnNamespace() const {
+    return Required(owner_.lock(), "TCimHTTPMethodDecl::AllocateQualifier")->GetNamespace(TContext());
+}
+
+}  // namespace NQELVSK20
