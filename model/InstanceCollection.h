@@ -32,6 +32,7 @@ private:
     using ByPath = std::map<std::string, boost::shared_ptr<ICIMInstance>>;
 
     void IndexByObject() const;
+    void ForgetIndex();
 
     ByPath instances_;
 

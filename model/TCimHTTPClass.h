@@ -16,6 +16,7 @@ namespace NQELVSK20 {
 
 class TCimHTTPMethodDecl;
 class TCimHTTPNamespace;
+struct RemoteNode;
 
 /// A class of a remote CIM namespace: its own members and qualifiers, merged from what every node of the
 /// machine says about it, its place in the class tree, and the instances collected last.
@@ -157,17 +158,24 @@ private:
 
     // model/TCimHTTPClassInitialize.cpp
     bool IsInUnion(const TCimHTTPNamespace& nameSpace) const;
-    void ReadFromNodes(const TCimHTTPNamespace& nameSpace);
+    void ReadFromNodes(const boost::shared_ptr<TCimHTTPNamespace>& nameSpace);
     void AddNodeProperty();
 
     // model/ClassMembership.cpp
-    void RefuseReferenceOutsideAssociation(ICIMPropertyDecl& declaration) const;
+    void RefuseReferenceOutsideAssociation(const ICIMPropertyDecl& declaration) const;
     void RemoveOverridden(const std::string& key, const ICIMPropertyDecl& declaration);
     void MakeRoomForNew(const std::string& key, const std::string& propertyName);
-    bool DerivesFrom(const ICIMClass* other) const;
+    void RemoveProperty(PropertyMap::const_iterator property);
+    bool DerivesFrom(const ICIMClass& other) const;
+
+    // model/TCimHTTPClassInstances.cpp
+    void CollectInstances(bool deep);
+    void CollectFrom(const RemoteNode& node, const boost::shared_ptr<TCimHTTPNamespace>& nameSpace,
+                     bool deep);
 
     // model/ClassQueries.cpp
     bool HasTrueQualifier(const std::string& name) const;
+    void WalkReferencedClasses(const NameCallback& isWanted, const ClassCallback& callback) const;
     std::string ReferencedClassName(const std::string& key, const ICIMPropertyDecl& declaration) const;
 
     boost::weak_ptr<ICIMNamespace> namespace_;

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <Pegasus/Common/CIMClass.h>
+
+#include <boost/shared_ptr.hpp>
+#include <string>
+
+#include "vskcore/ICIMQualifierDecl.h"
+
+namespace NQELVSK20 {
+
+class ICIMMethodDecl;
+class ICIMNamedElement;
+class TCimHTTPClass;
+class TCimHTTPNamespace;
+
+/// Reads nodes' definitions of one class into the class object, and the declarations of the qualifiers that
+/// they use into the namespace. Members that are there stay: of several definitions the first wins.
+///
+/// A qualifier that the remote library cannot read is logged and left out. Throws status 28 for a class
+/// qualifier that contradicts the one that is there, and status 25 for a malformed name of a member.
+class RemoteClassReader {
+public:
+    RemoteClassReader(boost::shared_ptr<TCimHTTPNamespace> nameSpace,
+                      boost::shared_ptr<TCimHTTPClass> target);
+
+    void Read(const Pegasus::CIMClass& definition);
+
+private:
+    template <class TRemote>
+    void ReadQualifiers(const TRemote& remote, ICIMQualifierDecl::EScope scope, ICIMNamedElement& element);
+    void ReadQualifier(const Pegasus::CIMConstQualifier& remote, ICIMQualifierDecl::EScope scope,
+                       ICIMNamedElement& element);
+    void AddQualifier(const std::string& name, const Pegasus::CIMConstQualifier& remote,
+                      ICIMQualifierDecl::EScope scope, ICIMNamedElement& element);
+    boost::shared_ptr<ICIMQualifierDecl> DeclarationOf(const std::string& name,
+                                                       const Pegasus::CIMConstQualifier& remote,
+                                                       ICIMQualifierDecl::EScope scope);
+    void ReadProperty(const Pegasus::CIMConstProperty& remote);
+    void ReadMethod(const Pegasus::CIMConstMethod& remote);
+    void ReadParameter(const Pegasus::CIMConstParameter& remote, ICIMMethodDecl& method);
+
+    boost::shared_ptr<TCimHTTPNamespace> namespace_;
+    boost::shared_ptr<TCimHTTPClass> target_;
+};
+
+}  // namespace NQELVSK20

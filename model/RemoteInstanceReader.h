@@ -1,0 +1,63 @@
+#pragma once
+
+#include <Pegasus/Common/CIMInstance.h>
+#include <Pegasus/Common/CIMProperty.h>
+
+#include <boost/shared_ptr.hpp>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "model/NodeMark.h"
+#include "vskcore/TCIMValue.h"
+
+namespace NQELVSK20 {
+
+class ICIMInstance;
+class TCimHTTPClass;
+class TCimHTTPNamespace;
+struct RemoteNode;
+
+/// Turns the instances that one node sends of one class into host instances, with the node's mark and the
+/// rules of the classes that need some.
+///
+/// A property that cannot be taken over is logged and left out; it costs nothing but itself. Made for tens of
+/// thousands of instances: what is the same for all of them is found out once.
+class RemoteInstanceReader {
+public:
+    RemoteInstanceReader(boost::shared_ptr<TCimHTTPNamespace> nameSpace,
+                         boost::shared_ptr<TCimHTTPClass> cimClass, const RemoteNode& node);
+
+    /// The host's form of an instance, which the caller shares; empty for one that is not to be shown.
+    boost::shared_ptr<ICIMInstance> Read(const Pegasus::CIMInstance& remote);
+
+private:
+    /// What there is to know of a property by its name.
+    struct PropertyName {
+        Pegasus::String remote;
+        std::string text;    // as the server spells it
+        std::string stored;  // normalised; empty until that was done
+        bool isInstanceId = false;
+        bool isSlotNumber = false;
+    };
+
+    PropertyName& NameAt(Pegasus::Uint32 index, const Pegasus::String& remote);
+    void ReadProperty(const Pegasus::CIMInstance& remote, Pegasus::Uint32 index, ICIMInstance& instance);
+    void StoreProperty(const Pegasus::CIMInstance& remote, const Pegasus::CIMConstProperty& property,
+                       PropertyName& name, ICIMInstance& instance);
+    boost::shared_ptr<ICIMClass> ReferencedClass(const Pegasus::CIMInstance& remote,
+                                                 const std::string& property);
+    bool IsForAnotherNode(const ICIMInstance& instance) const;
+
+    boost::shared_ptr<TCimHTTPNamespace> namespace_;
+    boost::shared_ptr<TCimHTTPClass> class_;
+    NodeMark mark_;
+    TCIMValue nodeNumber_;
+    bool convertsNulls_;
+    bool isSlotClass_;
+    bool dropsRemoteEvents_;
+    std::vector<PropertyName> names_;  // by position: a class's instances list their properties alike
+    std::map<std::string, boost::shared_ptr<ICIMClass>> referencedClasses_;  // by name; empty: not known
+};
+
+}  // namespace NQELVSK20

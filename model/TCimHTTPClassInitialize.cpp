@@ -1,0 +1,79 @@
+// How a remote class comes to its members.
+
+#include <Pegasus/Common/CIMClass.h>
+#include <Pegasus/Common/CIMPropertyList.h>
+
+#include "connection/Log.h"
+#include "connection/PegClient.h"
+#include "connection/PegText.h"
+#include "connection/Precondition.h"
+#include "connection/TCimHTTPNamespace.h"
+#include "model/RemoteClassReader.h"
+#include "model/RemoteNode.h"
+#include "model/TCimHTTPClass.h"
+#include "namespace/TNamespaceMembers.h"
+#include "namespace/UnionLookup.h"
+#include "union/TUnionNamespace.h"
+
+namespace NQELVSK20 {
+
+namespace {
+
+constexpr unsigned int kDefinitionTimeoutMs = 15000;
+
+}  // namespace
+
+void TCimHTTPClass::Initialize() {
+    if (superclass_.lock()) {
+        return;
+    }
+    const auto nameSpace = OwnNamespace("Initialize");
+    if (!nameSpace) {
+        return;
+    }
+    const auto root = TNamespaceMembers::RootClass(*nameSpace);
+    if (root.get() != this) {
+        superclass_ = root;
+    }
+    if (IsRoot() || (!nameSpace->getIsServeESXi() && IsInUnion(*nameSpace))) {
+        return;
+    }
+    ReadFromNodes(nameSpace);
+    AddNodeProperty();
+}
+
+bool TCimHTTPClass::IsInUnion(const TCimHTTPNamespace& nameSpace) const {
+    const std::string where = "TCimHTTPClass::Initialize " + name_;
+    try {
+        const auto unionNamespace = UnionNamespaceBehind(nameSpace, where);
+        return unionNamespace && unionNamespace->GetClass(name_, TContext());
+    } catch (...) {
+        LogTrace(where + " Catch an exception while trying to get this class in union namespace");
+        return false;
+    }
+}
+
+void TCimHTTPClass::ReadFromNodes(const boost::shared_ptr<TCimHTTPNamespace>& nameSpace) {
+    const auto* const remoteName = nameSpace->getPegNSP();
+    const std::vector<RemoteNode> nodes = RemoteNodes(*nameSpace);
+    if (nodes.empty() || !PointerIsSet(remoteName != nullptr, "TCimHTTPClass::Initialize " + name_)) {
+        return;
+    }
+    const std::string remoteText = ToText(*remoteName);
+    RemoteClassReader reader(nameSpace, shared_from_this());
+    for (const RemoteNode& node : nodes) {
+        const Pegasus::CIMClass definition = node.client.GetClass(
+            remoteText, name_, kDefinitionTimeoutMs, true, true, false, Pegasus::CIMPropertyList());
+        // A node that is down or lacks the class says nothing; the others' definitions stand.
+        if (!definition.isUninitialized()) {
+            reader.Read(definition);
+        }
+    }
+}
+
+void TCimHTTPClass::AddNodeProperty() {
+    // A string; empty until an enumeration tells which node an instance came from.
+    properties_.emplace("nodeid", AllocatePropertyDecl("NodeID", TCIMValue(""), TContext()));
+}
+
+}  // namespace NQELVSK20
