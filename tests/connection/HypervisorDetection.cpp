@@ -1,0 +1,154 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "connection/TCimHTTPNamespace.h"
+#include "tests/support/Declarations.h"
+#include "tests/support/PluginTest.h"
+#include "tests/support/TCimHTTPNamespaceTestAccess.h"
+
+namespace NQELVSK20 {
+namespace {
+
+using Access = TCimHTTPNamespaceTestAccess;
+
+class HypervisorDetectionTest : public PluginTest {
+protected:
+    HypervisorDetectionTest() { Access::SetDetectionDone(false); }
+
+    static TestMachine::Options Bare() {
+        TestMachine::Options options;
+        options.sampleData = false;
+        return options;
+    }
+
+    void DeclareHypervisor(const std::string& instanceProperties) {
+        machine_.Repository(0).addDeclarations(
+            "root/cimv2",
+            Declarations({ClassXml("VMware_HypervisorSoftwareIdentity", "",
+                                   KeyXml("InstanceID", "string") + PropertyXml("VersionString", "string")),
+                          InstanceXml("VMware_HypervisorSoftwareIdentity",
+                                      PropertyXml("InstanceID", "string", "1") + instanceProperties)}),
+            "hypervisor");
+    }
+
+    /// Connects to a server whose identity has this version.
+    boost::shared_ptr<TCimHTTPNamespace> ConnectToVersion(const char* version) {
+        DeclareHypervisor(PropertyXml("VersionString", "string", version));
+        const auto nameSpace = MakeNamespace("root/other");
+        nameSpace->connect(machine_.Host(0), "", "");
+        return nameSpace;
+    }
+
+    std::size_t Detections() const {
+        std::size_t count = 0;
+        for (const std::string& request : machine_.Requests()) {
+            count += request == "0 EnumerateInstances VMware_HypervisorSoftwareIdentity" ? 1 : 0;
+        }
+        return count;
+    }
+
+    TestMachine machine_{Bare()};
+};
+
+TEST_F(HypervisorDetectionTest, Version5IsEsxi5) {
+    const auto nameSpace = ConnectToVersion("5.0.0 build-469512");
+    EXPECT_TRUE(nameSpace->getIsServeESXi());
+    EXPECT_TRUE(nameSpace->getIsServeESXi5());
+}
+
+TEST_F(HypervisorDetectionTest, Version4IsEsxiButNotEsxi5) {
+    const auto nameSpace = ConnectToVersion("4.1.0 build-260247");
+    EXPECT_TRUE(nameSpace->getIsServeESXi());
+    EXPECT_FALSE(nameSpace->getIsServeESXi5());
+}
+
+TEST_F(HypervisorDetectionTest, Version6CountsAsEsxi5) {
+    const auto nameSpace = ConnectToVersion("6.0.0 build-2494585");
+    EXPECT_TRUE(nameSpace->getIsServeESXi());
+    EXPECT_TRUE(nameSpace->getIsServeESXi5());
+}
+
+TEST_F(HypervisorDetectionTest, MajorNumberOfTwoDigitsIsReadWhole) {
+    EXPECT_TRUE(ConnectToVersion("10.1.2 build-1")->getIsServeESXi5());
+}
+
+TEST_F(HypervisorDetectionTest, VersionThatIsNoNumberIsNotEsxi5) {
+    const auto nameSpace = ConnectToVersion("ESXi 5.0.0");
+    EXPECT_TRUE(nameSpace->getIsServeESXi());
+    EXPECT_FALSE(nameSpace->getIsServeESXi5());
+    EXPECT_TRUE(log_.LinesWith("TCimHTTPNamespace::Pegasus Client").empty());
+}
+
+TEST_F(HypervisorDetectionTest, IdentityWithoutAVersionIsLoggedAndStillEsxi) {
+    machine_.Repository(0).addDeclarations(
+        "root/cimv2",
+        Declarations(
+            {ClassXml("VMware_HypervisorSoftwareIdentity", "", KeyXml("InstanceID", "string")),
+             InstanceXml("VMware_HypervisorSoftwareIdentity", PropertyXml("InstanceID", "string", "1"))}),
+        "hypervisor");
+    const auto nameSpace = MakeNamespace();
+    nameSpace->connect(machine_.Host(0), "", "");
+    EXPECT_TRUE(nameSpace->getIsServeESXi());
+    EXPECT_FALSE(nameSpace->getIsServeESXi5());
+    EXPECT_EQ(log_.LinesWith("TCimHTTPNamespace::Pegasus Client"),
+              (std::vector<RecordingLogger::Line>{
+                  {3, "TCimHTTPNamespace::Pegasus Client connect VMware_HypervisorSoftwareIdentity"}}));
+}
+
+TEST_F(HypervisorDetectionTest, ServerWithoutTheClassLeavesBothFlagsFalse) {
+    const auto nameSpace = MakeNamespace();
+    nameSpace->connect(machine_.Host(0), "", "");
+    EXPECT_EQ(Detections(), 1U);
+    EXPECT_FALSE(nameSpace->getIsServeESXi());
+    EXPECT_FALSE(nameSpace->getIsServeESXi5());
+}
+
+TEST_F(HypervisorDetectionTest, AsksInTheFixedNamespaceWithTheFixedFlags) {
+    ConnectToVersion("5.0.0 build-1");
+    const auto requests = machine_.Server().requests();
+    ASSERT_EQ(requests.size(), 1U);
+    const std::string& body = requests[0].body;
+    EXPECT_NE(body.find("<NAMESPACE NAME=\"root\"/>"), std::string::npos) << body;
+    EXPECT_NE(body.find("<NAMESPACE NAME=\"cimv2\"/>"), std::string::npos) << body;
+    for (const char* flag : {"DeepInheritance", "LocalOnly"}) {
+        EXPECT_NE(body.find(std::string("\"") + flag + "\"><VALUE>TRUE<"), std::string::npos) << body;
+    }
+    for (const char* flag : {"IncludeQualifiers", "IncludeClassOrigin"}) {
+        EXPECT_NE(body.find(std::string("\"") + flag + "\"><VALUE>FALSE<"), std::string::npos) << body;
+    }
+}
+
+TEST_F(HypervisorDetectionTest, SecondNamespaceOfTheProcessIsNotAskedAndKeepsItsFlagsFalse) {
+    ConnectToVersion("5.0.0 build-1");
+    const auto second = MakeNamespace();
+    second->connect(machine_.Host(0), "", "");
+    EXPECT_EQ(Detections(), 1U);
+    EXPECT_FALSE(second->getIsServeESXi());
+    EXPECT_FALSE(second->getIsServeESXi5());
+}
+
+TEST_F(HypervisorDetectionTest, MultiNodeConnectAndViaHttpNeverDetect) {
+    DeclareHypervisor(PropertyXml("VersionString", "string", "5.0.0 build-1"));
+    const auto multi = MakeNamespace();
+    multi->connect(machine_.Hosts(), {""}, {""});
+    const auto plain = MakeNamespace();
+    plain->ConnectViaHttp(machine_.Host(0), "", "", 5988);
+    EXPECT_EQ(Detections(), 0U);
+    EXPECT_FALSE(multi->getIsServeESXi());
+    EXPECT_FALSE(plain->getIsServeESXi());
+}
+
+TEST_F(HypervisorDetectionTest, FailureOfTheRequestLeavesBothFlagsFalse) {
+    cimom::Fault fault;
+    fault.kind = cimom::Fault::Kind::CimError;
+    fault.code = 1;
+    fault.text = "no";
+    machine_.Server().inject(fault);
+    const auto nameSpace = ConnectToVersion("5.0.0 build-1");
+    EXPECT_FALSE(nameSpace->getIsServeESXi());
+    EXPECT_EQ(log_.LinesWith("CIMException in PegClient::EnumerateInstances(): no").size(), 1U);
+}
+
+}  // namespace
+}  // namespace NQELVSK20

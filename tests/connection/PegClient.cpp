@@ -1,0 +1,288 @@
+#include "connection/PegClient.h"
+
+#include <Pegasus/Common/CIMPropertyList.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "connection/PegText.h"
+#include "tests/support/PluginTest.h"
+
+namespace NQELVSK20 {
+namespace {
+
+using Lines = std::vector<RecordingLogger::Line>;
+using Names = std::vector<std::string>;
+
+/// One of the five requests, by the name that its log lines carry; true when its result is not empty.
+struct Request {
+    const char* name;
+    std::function<bool(PegClient&, unsigned int timeout)> send;
+};
+
+bool SendGetClass(PegClient& client, unsigned int timeout) {
+    return !client
+                .GetClass("root/cimv2", "OMC_NumericSensor", timeout, true, true, false,
+                          Pegasus::CIMPropertyList())
+                .isUninitialized();
+}
+
+bool SendEnumerateInstances(PegClient& client, unsigned int timeout) {
+    return client
+               .EnumerateInstances("root/cimv2", "OMC_NumericSensor", timeout, true, true, false, false,
+                                   Pegasus::CIMPropertyList())
+               .size() > 0;
+}
+
+bool SendInvokeMethod(PegClient& client, unsigned int timeout) {
+    const auto paths = client.EnumerateInstanceNames("root/cimv2", "OMC_UnitaryComputerSystem", timeout);
+    const Pegasus::CIMObjectPath path(FromText(paths.empty() ? "OMC_UnitaryComputerSystem" : paths[0]));
+    Pegasus::Array<Pegasus::CIMParamValue> outputs;
+    return !client.InvokeMethod("root/cimv2", path, "RequestStateChange", {}, outputs, timeout).isNull();
+}
+
+bool SendEnumerateClassNames(PegClient& client, unsigned int timeout) {
+    return !client.EnumerateClassNames("root/cimv2", "CIM_ManagedElement", false, timeout).empty();
+}
+
+bool SendEnumerateInstanceNames(PegClient& client, unsigned int timeout) {
+    return !client.EnumerateInstanceNames("root/cimv2", "OMC_NumericSensor", timeout).empty();
+}
+
+const std::vector<Request>& Requests() {
+    static const std::vector<Request> requests{{"GetClass", SendGetClass},
+                                               {"EnumerateInstances", SendEnumerateInstances},
+                                               {"InvokeMethod", SendInvokeMethod},
+                                               {"EnumerateClassNames", SendEnumerateClassNames},
+                                               {"EnumerateInstanceNames", SendEnumerateInstanceNames}};
+    return requests;
+}
+
+class PegClientTest : public PluginTest {
+protected:
+    static TestMachine::Options Only(bool https) {
+        TestMachine::Options options;
+        options.https = https;
+        options.http = !https;
+        return options;
+    }
+
+    static cimom::Fault FaultOf(cimom::Fault::Kind kind, const std::string& operation, int times = -1) {
+        cimom::Fault fault;
+        fault.kind = kind;
+        fault.operation = operation;
+        fault.times = times;
+        return fault;
+    }
+
+    std::size_t RequestsSeen(TestMachine& machine, const std::string& operation) {
+        std::size_t count = 0;
+        for (const auto& request : machine.Server().requests()) {
+            count += request.operation == operation ? 1 : 0;
+        }
+        return count;
+    }
+
+    PegClient client_;
+};
+
+class PegClientRequestTest : public PegClientTest, public ::testing::WithParamInterface<Request> {
+protected:
+    std::string Name() const { return GetParam().name; }
+
+    /// The operation as the server sees it: extrinsic methods go by their own names.
+    std::string WireName() const { return Name() == "InvokeMethod" ? "RequestStateChange" : Name(); }
+};
+
+TEST_F(PegClientTest, ConnectPrefersHttps) {
+    TestMachine machine;
+    EXPECT_TRUE(client_.Connect(machine.Host(0), "", ""));
+    EXPECT_TRUE(SendGetClass(client_, 5000));
+    EXPECT_EQ(machine.Server().requests().front().port, 5989);
+    EXPECT_TRUE(log_.Lines().empty());
+}
+
+TEST_F(PegClientTest, ConnectToAServerThatSpeaksOnlyHttpLogsOneHttpsFailure) {
+    TestMachine machine(Only(false));
+    EXPECT_TRUE(client_.Connect(machine.Host(0), "", ""));
+    EXPECT_EQ(log_.Lines(),
+              (Lines{{3, "CannotConnectException in PegClient::HTTPSConnect(): Cannot connect to " +
+                             machine.Host(0) + ":5989. Connection failed."}}));
+    EXPECT_TRUE(SendGetClass(client_, 5000));
+    EXPECT_EQ(machine.Server().requests().front().port, 5988);
+}
+
+TEST_F(PegClientTest, ConnectFailsWhenNobodyListens) {
+    const std::string nobody = TestMachine::AddressOf(0);
+    EXPECT_FALSE(client_.Connect(nobody, "", ""));
+    EXPECT_EQ(log_.Lines(),
+              (Lines{{3, "CannotConnectException in PegClient::HTTPSConnect(): Cannot connect to " + nobody +
+                             ":5989. Connection failed."},
+                     {3, "CannotConnectException in PegClient::HTTPConnect(): Cannot connect to " + nobody +
+                             ":5988. Connection failed."}}));
+}
+
+TEST_F(PegClientTest, ConnectTwiceIsRefusedByTheLibraryAndLeavesTheConnection) {
+    TestMachine machine;
+    EXPECT_TRUE(client_.HTTPConnect(machine.Host(0), "", "", 5988));
+    EXPECT_FALSE(client_.HTTPConnect(machine.Host(0), "", "", 5988));
+    EXPECT_FALSE(client_.HTTPSConnect(machine.Host(0), "", "", 5989));
+    EXPECT_EQ(log_.Lines(),
+              (Lines{{3, "AlreadyConnectedException in PegClient::HTTPConnect(): already connected"},
+                     {3, "AlreadyConnectedException in PegClient::HTTPSConnect(): already connected"}}));
+    EXPECT_TRUE(SendGetClass(client_, 5000));
+}
+
+TEST_F(PegClientTest, HostThatDoesNotResolveIsNamed) {
+    EXPECT_FALSE(client_.HTTPConnect("no-such-host.invalid", "", "", 5988));
+    EXPECT_EQ(log_.Lines(), (Lines{{3,
+                                    "InvalidLocatorException in PegClient::HTTPConnect(): "
+                                    "Invalid locator: no-such-host.invalid:5988"}}));
+}
+
+TEST_F(PegClientTest, ConnectingSetsTheLongTimeout) {
+    TestMachine machine;
+    EXPECT_TRUE(client_.HTTPSConnect(machine.Host(0), "", "", 5989));
+    EXPECT_EQ(client_.GetCIMClient()->getTimeout(), 65535000U);
+}
+
+TEST_F(PegClientTest, DisconnectWhenNotConnectedDoesNothing) {
+    client_.Disconnect();
+    EXPECT_TRUE(log_.Lines().empty());
+}
+
+TEST_F(PegClientTest, RequestsAfterDisconnectAreEmptyAndSilent) {
+    TestMachine machine;
+    EXPECT_TRUE(client_.Connect(machine.Host(0), "", ""));
+    client_.Disconnect();
+    EXPECT_FALSE(SendGetClass(client_, 5000));
+    EXPECT_TRUE(log_.Lines().empty());
+    EXPECT_TRUE(machine.Requests().empty());
+}
+
+TEST_F(PegClientTest, ReconnectPausesFiveSecondsAndUsesTheCredentialsOfBefore) {
+    TestMachine::Options options;
+    options.credentials = cimom::Credentials{"admin", "secret"};
+    TestMachine machine(options);
+    EXPECT_TRUE(client_.HTTPConnect(machine.Host(0), "admin", "secret", 5988));
+    client_.Reconnect();
+    EXPECT_EQ(pauses_, std::vector<unsigned int>{5000});
+    EXPECT_TRUE(SendGetClass(client_, 5000));
+    EXPECT_EQ(machine.Server().requests().back().port, 5989);
+}
+
+TEST_F(PegClientTest, WrongPasswordIsAnHttpErrorAndReconnects) {
+    TestMachine::Options options = Only(false);
+    options.credentials = cimom::Credentials{"admin", "secret"};
+    TestMachine machine(options);
+    EXPECT_TRUE(client_.HTTPConnect(machine.Host(0), "admin", "wrong", 5988));
+    EXPECT_FALSE(SendGetClass(client_, 5000));
+    const auto failures = log_.LinesWith("Exception in PegClient::GetClass(): HTTP Error (401 ");
+    EXPECT_EQ(failures.size(), 2U);
+    EXPECT_EQ(pauses_.size(), 2U);
+    for (const auto& line : log_.Lines()) {
+        EXPECT_EQ(line.second.find("wrong"), std::string::npos);
+    }
+}
+
+TEST_F(PegClientTest, LogLinesAreCutAtTheBuffersSize) {
+    TestMachine machine;
+    cimom::Fault fault = FaultOf(cimom::Fault::Kind::CimError, "GetClass");
+    fault.code = 1;
+    fault.text = std::string(5000, 'x');
+    machine.Server().inject(fault);
+    EXPECT_TRUE(client_.Connect(machine.Host(0), "", ""));
+    EXPECT_FALSE(SendGetClass(client_, 5000));
+    ASSERT_EQ(log_.Lines().size(), 1U);
+    EXPECT_EQ(log_.Lines()[0].second.size(), 4095U);
+}
+
+TEST_F(PegClientTest, NamesComeInTheServersOrder) {
+    TestMachine machine;
+    EXPECT_TRUE(client_.Connect(machine.Host(0), "", ""));
+    const auto paths = client_.EnumerateInstanceNames("root/cimv2", "OMC_NumericSensor", 5000);
+    const auto instances = client_.EnumerateInstances("root/cimv2", "OMC_NumericSensor", 5000, true, true,
+                                                      false, false, Pegasus::CIMPropertyList());
+    ASSERT_EQ(paths.size(), instances.size());
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+        EXPECT_EQ(paths[i], ToText(instances[static_cast<Pegasus::Uint32>(i)].getPath().toString()));
+    }
+}
+
+TEST_P(PegClientRequestTest, SucceedsWithoutALogLine) {
+    TestMachine machine;
+    EXPECT_TRUE(client_.Connect(machine.Host(0), "", ""));
+    EXPECT_TRUE(GetParam().send(client_, 5000));
+    EXPECT_TRUE(log_.Lines().empty());
+    EXPECT_FALSE(client_.LastRequestTimedOut());
+}
+
+TEST_P(PegClientRequestTest, IsEmptyAndSilentOnAClientThatNeverConnected) {
+    EXPECT_FALSE(GetParam().send(client_, 5000));
+    EXPECT_TRUE(log_.Lines().empty());
+}
+
+TEST_P(PegClientRequestTest, TimesOutTwiceWithTwiceTheTimeInTheSecondAttempt) {
+    TestMachine machine;
+    EXPECT_TRUE(client_.Connect(machine.Host(0), "", ""));
+    machine.Server().inject(FaultOf(cimom::Fault::Kind::NoAnswer, WireName()));
+    EXPECT_FALSE(GetParam().send(client_, 150));
+    const std::string line =
+        "ConnectionTimeoutException in PegClient::" + Name() + "(): connection timed out";
+    EXPECT_EQ(log_.Lines(), (Lines{{3, line}, {3, line}}));
+    EXPECT_EQ(RequestsSeen(machine, WireName()), 2U);
+    EXPECT_EQ(client_.GetCIMClient()->getTimeout(), 300U);
+    EXPECT_TRUE(client_.LastRequestTimedOut());
+    EXPECT_TRUE(pauses_.empty());
+}
+
+TEST_P(PegClientRequestTest, SecondAttemptAfterATimeoutMaySucceed) {
+    TestMachine machine;
+    EXPECT_TRUE(client_.Connect(machine.Host(0), "", ""));
+    machine.Server().inject(FaultOf(cimom::Fault::Kind::NoAnswer, WireName(), 1));
+    EXPECT_TRUE(GetParam().send(client_, 1000));
+    EXPECT_EQ(log_.Lines().size(), 1U);
+    EXPECT_FALSE(client_.LastRequestTimedOut());
+}
+
+TEST_P(PegClientRequestTest, IsNotRepeatedWhenTheServerAnswersWithACimError) {
+    TestMachine machine;
+    EXPECT_TRUE(client_.Connect(machine.Host(0), "", ""));
+    cimom::Fault fault = FaultOf(cimom::Fault::Kind::CimError, WireName());
+    fault.code = 1;
+    fault.text = "the fan is on fire";
+    machine.Server().inject(fault);
+    EXPECT_FALSE(GetParam().send(client_, 5000));
+    EXPECT_EQ(log_.Lines(), (Lines{{3, "CIMException in PegClient::" + Name() + "(): the fan is on fire"}}));
+    EXPECT_EQ(RequestsSeen(machine, WireName()), 1U);
+    EXPECT_TRUE(pauses_.empty());
+}
+
+TEST_P(PegClientRequestTest, ReconnectsAfterFiveSecondsWhenTheConnectionBreaks) {
+    TestMachine machine;
+    EXPECT_TRUE(client_.Connect(machine.Host(0), "", ""));
+    machine.Server().inject(FaultOf(cimom::Fault::Kind::CloseBeforeAnswer, WireName(), 1));
+    EXPECT_TRUE(GetParam().send(client_, 5000));
+    EXPECT_EQ(log_.Lines(),
+              (Lines{{3, "Exception in PegClient::" + Name() + "(): Connection closed by CIM Server."}}));
+    EXPECT_EQ(pauses_, std::vector<unsigned int>{5000});
+    EXPECT_EQ(RequestsSeen(machine, WireName()), 2U);
+}
+
+TEST_P(PegClientRequestTest, GivesUpWhenTheConnectionBreaksTwice) {
+    TestMachine machine;
+    EXPECT_TRUE(client_.Connect(machine.Host(0), "", ""));
+    machine.Server().inject(FaultOf(cimom::Fault::Kind::CloseBeforeAnswer, WireName()));
+    EXPECT_FALSE(GetParam().send(client_, 5000));
+    EXPECT_EQ(log_.Lines().size(), 2U);
+    EXPECT_EQ(pauses_, (std::vector<unsigned int>{5000, 5000}));
+    EXPECT_EQ(RequestsSeen(machine, WireName()), 2U);
+}
+
+INSTANTIATE_TEST_SUITE_P(EachRequest, PegClientRequestTest, ::testing::ValuesIn(Requests()),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+}  // namespace
+}  // namespace NQELVSK20

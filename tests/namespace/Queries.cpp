@@ -1,0 +1,184 @@
+#include <Pegasus/Common/CIMName.h>
+#include <Pegasus/Common/Exception.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "connection/TCimHTTPNamespace.h"
+#include "provider/TCimHTTPNamespaceProvider.h"
+#include "qelc/TQELCNamespace.h"
+#include "tests/support/Declarations.h"
+#include "tests/support/PluginTest.h"
+#include "vskcore/ICIMIndicationFilter.h"
+#include "vskcore/ICIMSubscription.h"
+#include "vskcore/TVSKException.h"
+
+namespace NQELVSK20 {
+namespace {
+
+using Lines = std::vector<RecordingLogger::Line>;
+using Names = std::vector<std::string>;
+
+class QueriesTest : public PluginTest {
+protected:
+    static TestMachine::Options Bare() {
+        TestMachine::Options options;
+        options.sampleData = false;
+        return options;
+    }
+
+    QueriesTest() {
+        machine_.Repository(0).addDeclarations(
+            "root/cimv2",
+            Declarations({ClassXml("T_Base", "", KeyXml("Id", "uint32")), ClassXml("T_B", "T_Base"),
+                          ClassXml("T_A", "T_Base"), ClassXml("T_AA", "T_A"),
+                          InstanceXml("T_A", PropertyXml("Id", "uint32", "2")),
+                          InstanceXml("T_A", PropertyXml("Id", "uint32", "1"))}),
+            "queries");
+    }
+
+    TestMachine machine_{Bare()};
+};
+
+TEST_F(QueriesTest, ClassNamesAreDirectSubclassesEvenWithTheFlag) {
+    const auto nameSpace = Connected(machine_);
+    Names names{"left over"};
+    EXPECT_TRUE(nameSpace->EnumerateClassNames("root/cimv2", "T_Base", names, true));
+    EXPECT_EQ(names, (Names{"T_B", "T_A"}));
+    const std::string& body = machine_.Server().requests().at(0).body;
+    EXPECT_NE(body.find("\"DeepInheritance\"><VALUE>FALSE<"), std::string::npos) << body;
+    EXPECT_EQ(log_.Lines(), (Lines{{3, "Entering TCimHTTPNamespace::EnumerateClassNames"},
+                                   {3, "Exiting TCimHTTPNamespace::EnumerateClassNames"}}));
+}
+
+TEST_F(QueriesTest, ClassNamesOfNoClassAreTheTopLevelOnes) {
+    const auto nameSpace = Connected(machine_);
+    Names names;
+    EXPECT_TRUE(nameSpace->EnumerateClassNames("root/cimv2", "", names, false));
+    EXPECT_EQ(names, (Names{"T_Base"}));
+}
+
+TEST_F(QueriesTest, EmptyClassNamesGiveFalseAndBothMessages) {
+    const auto nameSpace = Connected(machine_);
+    Names names{"left over"};
+    EXPECT_FALSE(nameSpace->EnumerateClassNames("root/cimv2", "T_AA", names, false));
+    EXPECT_TRUE(names.empty());
+    EXPECT_EQ(log_.Lines(), (Lines{{3, "Entering TCimHTTPNamespace::EnumerateClassNames"},
+                                   {3, "Exiting TCimHTTPNamespace::EnumerateClassNames"}}));
+}
+
+TEST_F(QueriesTest, InstanceNamesComeInTheServersOrder) {
+    const auto nameSpace = Connected(machine_);
+    Names names{"left over"};
+    EXPECT_TRUE(nameSpace->EnumerateInstanceNames("root/cimv2", "T_A", names));
+    EXPECT_EQ(names, (Names{"T_A.Id=2", "T_A.Id=1"}));
+    EXPECT_EQ(log_.Lines(), (Lines{{3, "Entering TCimHTTPNamespace::EnumerateInstanceNames"},
+                                   {3, "Exiting TCimHTTPNamespace::EnumerateInstanceNames"}}));
+}
+
+TEST_F(QueriesTest, EmptyInstanceNamesGiveFalseAndBothMessages) {
+    const auto nameSpace = Connected(machine_);
+    Names names{"left over"};
+    EXPECT_FALSE(nameSpace->EnumerateInstanceNames("root/cimv2", "T_B", names));
+    EXPECT_TRUE(names.empty());
+    EXPECT_EQ(log_.Lines(), (Lines{{3, "Entering TCimHTTPNamespace::EnumerateInstanceNames"},
+                                   {3, "Exiting TCimHTTPNamespace::EnumerateInstanceNames"}}));
+}
+
+TEST_F(QueriesTest, MalformedNamesAreRefusedByTheLibraryBeforeAnythingIsSent) {
+    const auto nameSpace = Connected(machine_);
+    Names names;
+    EXPECT_THROW(nameSpace->EnumerateClassNames("root/cimv2", "no name", names, false),
+                 Pegasus::InvalidNameException);
+    EXPECT_THROW(nameSpace->EnumerateInstanceNames("root/cimv2", "no name", names),
+                 Pegasus::InvalidNameException);
+    EXPECT_THROW(nameSpace->EnumerateClassNames("no*name", "T_A", names, false),
+                 Pegasus::InvalidNamespaceNameException);
+    EXPECT_EQ(log_.Lines(), (Lines{{3, "Entering TCimHTTPNamespace::EnumerateClassNames"},
+                                   {3, "Entering TCimHTTPNamespace::EnumerateInstanceNames"},
+                                   {3, "Entering TCimHTTPNamespace::EnumerateClassNames"}}));
+    EXPECT_TRUE(machine_.Requests().empty());
+}
+
+TEST_F(QueriesTest, OnlyTheFirstNodeIsAsked) {
+    TestMachine machine(3);
+    const auto nameSpace = Connected(machine);
+    Names names;
+    EXPECT_TRUE(nameSpace->EnumerateInstanceNames("root/cimv2", "OMC_NumericSensor", names));
+    EXPECT_EQ(machine.Requests(), Names{"0 EnumerateInstanceNames OMC_NumericSensor"});
+}
+
+TEST_F(QueriesTest, WalkReadsEverythingWithOneRequestAndIsAlwaysTrue) {
+    const auto nameSpace = Connected(machine_);
+    EXPECT_TRUE(
+        nameSpace->EnumerateInstances(Pegasus::CIMNamespaceName("root/cimv2"), Pegasus::CIMName("T_A")));
+    EXPECT_TRUE(
+        nameSpace->EnumerateInstances(Pegasus::CIMNamespaceName("root/cimv2"), Pegasus::CIMName("None")));
+    EXPECT_EQ(machine_.Requests(), (Names{"0 EnumerateInstances T_A", "0 EnumerateInstances None"}));
+    const std::string& body = machine_.Server().requests().at(0).body;
+    EXPECT_NE(body.find("\"DeepInheritance\"><VALUE>TRUE<"), std::string::npos) << body;
+    EXPECT_NE(body.find("\"LocalOnly\"><VALUE>TRUE<"), std::string::npos) << body;
+    EXPECT_NE(body.find("\"IncludeQualifiers\"><VALUE>FALSE<"), std::string::npos) << body;
+    EXPECT_EQ(log_.Lines().size(), 1U) << "only the client's line about the unknown class";
+}
+
+TEST_F(QueriesTest, AnswersOfAnUninitialisedNamespaceAreEmpty) {
+    const auto nameSpace = MakeUninitNamespace();
+    Names names{"left over"};
+    EXPECT_FALSE(nameSpace->EnumerateClassNames("root/cimv2", "T_A", names, false));
+    EXPECT_FALSE(nameSpace->EnumerateInstanceNames("root/cimv2", "T_A", names));
+    EXPECT_TRUE(
+        nameSpace->EnumerateInstances(Pegasus::CIMNamespaceName("root/cimv2"), Pegasus::CIMName("T_A")));
+    EXPECT_TRUE(names.empty());
+}
+
+TEST_F(QueriesTest, ProviderIsTheSingleton) {
+    EXPECT_EQ(MakeNamespace()->GetNamespaceProvider(TContext()), TCimHTTPNamespaceProvider::GetInstance());
+}
+
+TEST_F(QueriesTest, UpcallNamespaceIsTheOneSet) {
+    const boost::shared_ptr<TCimHTTPNamespace> nameSpace(new TCimHTTPNamespace(false, "root/cimv2"));
+    EXPECT_FALSE(nameSpace->GetUpcallNamespace());
+    nameSpace->SetUpcallNamespace(common_, TContext());
+    EXPECT_EQ(nameSpace->GetUpcallNamespace(), common_);
+    nameSpace->SetUpcallNamespace(boost::shared_ptr<ICIMNamespace>(), TContext());
+    EXPECT_FALSE(nameSpace->GetUpcallNamespace());
+}
+
+TEST_F(QueriesTest, UnsupportedOperationsThrowWithoutALogLine) {
+    const auto nameSpace = MakeNamespace();
+    const TCIMReference reference{boost::shared_ptr<ICIMNamespace>(), TContext()};
+    const auto anyInstance = [](boost::shared_ptr<ICIMInstance>) { return true; };
+    std::string query = "SELECT * FROM T_A";
+    const auto expectStatus = [](int status, const std::function<void()>& operation) {
+        try {
+            operation();
+            FAIL() << "no exception";
+        } catch (const TVSKException& error) {
+            EXPECT_EQ(error.GetStatusCode(), status);
+        }
+    };
+    expectStatus(31, [&] { nameSpace->AddUnderlyingNamespace(common_, TContext()); });
+    expectStatus(
+        1, [&] { nameSpace->Subscribe(boost::shared_ptr<ICIMIndicationFilter>(), anyInstance, TContext()); });
+    expectStatus(1, [&] { nameSpace->DeleteInstance(reference, TContext()); });
+    expectStatus(1, [&] { nameSpace->ModifyInstance(reference, TContext(), TContext()); });
+    expectStatus(1, [&] { nameSpace->ExecuteQuery(anyInstance, query, anyInstance, TContext()); });
+    EXPECT_TRUE(log_.Lines().empty());
+}
+
+TEST_F(QueriesTest, ProvidersAreNeverEnumeratedAndClearInstancesChangesNothing) {
+    const auto nameSpace = Connected(machine_);
+    const auto before = nameSpace->GetClass("T_A", TContext());
+    bool called = false;
+    nameSpace->EnumerateProviders([&](boost::shared_ptr<IProvider>) { return called = true; }, TContext());
+    EXPECT_FALSE(called);
+    nameSpace->ClearInstances();
+    EXPECT_EQ(nameSpace->GetClass("T_A", TContext()), before);
+    EXPECT_TRUE(nameSpace->isConnected());
+}
+
+}  // namespace
+}  // namespace NQELVSK20
