@@ -35,8 +35,9 @@ constexpr Keyword kFlavors[] = {{"OVERRIDABLE", ICIMQualifierDecl::eFlavorNone},
 template <std::size_t N>
 unsigned int ValueOf(const std::string& text, const Keyword (&keywords)[N]) {
     for (const Keyword& keyword : keywords) {
-        if (text == keyword.text)
+        if (text == keyword.text) {
             return keyword.value;
+        }
     }
     return 0;
 }

@@ -60,8 +60,9 @@ std::vector<TCIMValue> ElementsToCore(const Pegasus::CIMValue& value) {
     const auto remote = Read<Pegasus::Array<T>>(value);
     std::vector<TCIMValue> elements;
     elements.reserve(remote.size());
-    for (Pegasus::Uint32 i = 0; i < remote.size(); ++i)
+    for (Pegasus::Uint32 i = 0; i < remote.size(); ++i) {
         elements.push_back(ToCore(remote[i]));
+    }
     return elements;
 }
 
@@ -95,8 +96,9 @@ static_assert(std::size(kConversions) == Pegasus::CIMTYPE_REFERENCE,
 
 TCIMValue ReferenceToCore(const Pegasus::CIMValue& value, const boost::shared_ptr<ICIMClass>& owningClass) {
     TCIMReference reference(nullptr, {});
-    if (PointerIsSet(owningClass != nullptr, "ConvertToCoreValue"))
+    if (PointerIsSet(owningClass != nullptr, "ConvertToCoreValue")) {
         reference.SetNamespace(owningClass->GetNamespace(TContext()));
+    }
     reference.SetPath(ToText(Read<Pegasus::CIMObjectPath>(value).toString()));
     return TCIMValue(reference);
 }

@@ -64,8 +64,9 @@ void SetArray(const TCIMValue& value, Pegasus::CIMValue& out) {
     const std::vector<TCIMValue>& elements = value;
     Pegasus::Array<T> remote;
     remote.reserveCapacity(static_cast<Pegasus::Uint32>(elements.size()));
-    for (const TCIMValue& element : elements)
+    for (const TCIMValue& element : elements) {
         remote.append(ElementToRemote<T>(element));
+    }
     out.set(remote);
 }
 
@@ -106,8 +107,9 @@ static_assert(std::size(kConversions) == TCIMValue::TCIMType::eReference + 1, "o
 
 void ConvertToRemoteValue(const TCIMValue& value, Pegasus::CIMValue& out) {
     const TCIMValue::TCIMType::ECIMType code = value.GetType();
-    if (code > TCIMValue::TCIMType::eReference)
+    if (code > TCIMValue::TCIMType::eReference) {
         return;
+    }
     const Conversion& conversion = kConversions[code];
     (value.IsArray() ? conversion.array : conversion.scalar)(value, out);
 }

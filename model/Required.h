@@ -13,8 +13,9 @@ namespace NQELVSK20 {
 /// and asserted (see PointerIsSet); a build without assertions then throws status 15.
 template <class T>
 boost::shared_ptr<T> Required(boost::shared_ptr<T> pointer, const std::string& where) {
-    if (!PointerIsSet(pointer != nullptr, where))
+    if (!PointerIsSet(pointer != nullptr, where)) {
         Refuse(eVSKNotFound);
+    }
     return pointer;
 }
 

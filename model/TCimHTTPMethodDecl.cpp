@@ -39,15 +39,17 @@ boost::shared_ptr<ICIMParameterDecl> TCimHTTPMethodDecl::AllocateParameterDecl(c
 boost::shared_ptr<ICIMParameterDecl> TCimHTTPMethodDecl::GetParameterDecl(const std::string& name,
                                                                           TContext) const {
     const auto found = parameters_.find(TCimHTTPNamespace::NormalizeName(name));
-    if (found == parameters_.end())
+    if (found == parameters_.end()) {
         return boost::shared_ptr<ICIMParameterDecl>();
+    }
     return found->second;
 }
 
 void TCimHTTPMethodDecl::EnumerateParameterDecls(const ParameterCallback& callback, TContext) const {
     for (const auto& entry : parameters_) {
-        if (!callback(entry.second))
+        if (!callback(entry.second)) {
             return;
+        }
     }
 }
 

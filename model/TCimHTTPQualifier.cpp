@@ -25,8 +25,9 @@ boost::shared_ptr<TCimHTTPQualifier> TCimHTTPQualifier::Allocate(boost::shared_p
                                                                  const TCIMValue& value,
                                                                  boost::weak_ptr<ICIMNamedElement> element) {
     auto declaration = Required(nameSpace, "TCimHTTPQualifier::Allocate")->GetQualifierDecl(name, TContext());
-    if (!declaration)
+    if (!declaration) {
         Refuse(eVSKNotFound);
+    }
     return boost::shared_ptr<TCimHTTPQualifier>(
         new TCimHTTPQualifier(std::move(nameSpace), std::move(declaration), value, std::move(element)));
 }

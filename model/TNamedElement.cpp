@@ -46,8 +46,9 @@ template <class TInterface>
 boost::shared_ptr<ICIMQualifier> TNamedElement<TInterface>::GetQualifier(const std::string& name,
                                                                          TContext) const {
     auto qualifier = qualifiers_.Find(name);
-    if (!qualifier)
+    if (!qualifier) {
         Refuse(eVSKNotFound);
+    }
     return qualifier;
 }
 

@@ -41,15 +41,17 @@ void TQualifierSet::Add(boost::shared_ptr<ICIMQualifier> qualifier) {
 
 boost::shared_ptr<ICIMQualifier> TQualifierSet::Find(const std::string& name) const {
     const auto found = qualifiers_.find(TCimHTTPNamespace::NormalizeName(name));
-    if (found == qualifiers_.end())
+    if (found == qualifiers_.end()) {
         return boost::shared_ptr<ICIMQualifier>();
+    }
     return found->second;
 }
 
 void TQualifierSet::Enumerate(const ICIMNamedElement::QualifierCallback& callback) const {
     for (const auto& entry : qualifiers_) {
-        if (!callback(entry.second))
+        if (!callback(entry.second)) {
             return;
+        }
     }
 }
 

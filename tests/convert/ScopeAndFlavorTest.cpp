@@ -1,0 +1,66 @@
+#include "convert/ScopeAndFlavor.h"
+
+#include <gtest/gtest.h>
+
+namespace NQELVSK20 {
+namespace {
+
+using Pegasus::CIMFlavor;
+using Pegasus::CIMScope;
+
+TEST(ToCoreScope, GivesEachSingleScopeItsBit) {
+    EXPECT_EQ(ToCoreScope(CIMScope::CLASS), 1u);
+    EXPECT_EQ(ToCoreScope(CIMScope::ASSOCIATION), 2u);
+    EXPECT_EQ(ToCoreScope(CIMScope::INDICATION), 4u);
+    EXPECT_EQ(ToCoreScope(CIMScope::PROPERTY), 8u);
+    EXPECT_EQ(ToCoreScope(CIMScope::REFERENCE), 16u);
+    EXPECT_EQ(ToCoreScope(CIMScope::METHOD), 32u);
+    EXPECT_EQ(ToCoreScope(CIMScope::PARAMETER), 64u);
+}
+
+TEST(ToCoreScope, OfClassAndAssociationTogetherIsZero) {
+    EXPECT_EQ(ToCoreScope(CIMScope::CLASS + CIMScope::ASSOCIATION), 0u);
+}
+
+TEST(ToCoreScope, OfNoScopeIsZero) {
+    EXPECT_EQ(ToCoreScope(CIMScope()), 0u);
+    EXPECT_EQ(ToCoreScope(CIMScope::NONE), 0u);
+}
+
+// The remote library spells ANY out as its seven scopes, which is no keyword.
+TEST(ToCoreScope, OfAllScopesIsZero) {
+    EXPECT_EQ(ToCoreScope(CIMScope::ANY), 0u);
+}
+
+TEST(ToCoreFlavor, OfToSubclassIsTwo) {
+    EXPECT_EQ(ToCoreFlavor(CIMFlavor::TOSUBCLASS), 2u);
+}
+
+TEST(ToCoreFlavor, OfTranslatableIsFour) {
+    EXPECT_EQ(ToCoreFlavor(CIMFlavor::TRANSLATABLE), 4u);
+}
+
+TEST(ToCoreFlavor, OfRestrictedIsZero) {
+    EXPECT_EQ(ToCoreFlavor(CIMFlavor::RESTRICTED), 0u);
+}
+
+// ENABLEOVERRIDE is the same flavor to the remote library, which spells both OVERRIDABLE.
+TEST(ToCoreFlavor, OfOverridableIsZeroUnderBothItsNames) {
+    EXPECT_EQ(ToCoreFlavor(CIMFlavor::OVERRIDABLE), 0u);
+    EXPECT_EQ(ToCoreFlavor(CIMFlavor::ENABLEOVERRIDE), 0u);
+}
+
+// The remote library spells DEFAULTS out as its two flavors, which is no keyword.
+TEST(ToCoreFlavor, OfSeveralFlavorsIsZero) {
+    EXPECT_EQ(ToCoreFlavor(CIMFlavor::DEFAULTS), 0u);
+    EXPECT_EQ(ToCoreFlavor(CIMFlavor::TOSUBCLASS + CIMFlavor::TRANSLATABLE), 0u);
+}
+
+TEST(ToCoreFlavor, OfAFlavorThatTheHostHasNoBitForIsZero) {
+    EXPECT_EQ(ToCoreFlavor(CIMFlavor::DISABLEOVERRIDE), 0u);
+    EXPECT_EQ(ToCoreFlavor(CIMFlavor::TOINSTANCE), 0u);
+    EXPECT_EQ(ToCoreFlavor(CIMFlavor()), 0u);
+}
+
+}  // namespace
+}  // namespace NQELVSK20
