@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstddef>
+
+#include "cimxml/wire/Limits.h"
+#include "cimxml/wire/NameTable.h"
+
+namespace cimxml {
+
+/// What the readers of one answer share: its limits as they are used up, and its names.
+struct DecodeContext {
+    explicit DecodeContext(const Limits& theLimits) : limits(theLimits), nodesLeft(theLimits.xmlNodes) {}
+
+    Limits limits;
+    std::size_t nodesLeft;       ///< Nodes that the documents still to be parsed may have.
+    unsigned embeddedLevel = 0;  ///< Embedded objects around the one that is being read.
+    NameTable names;
+};
+
+}  // namespace cimxml

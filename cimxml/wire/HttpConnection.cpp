@@ -1,0 +1,183 @@
+#include "cimxml/wire/HttpConnection.h"
+
+#include <algorithm>
+#include <boost/beast/core/buffers_range.hpp>
+#include <boost/beast/core/flat_buffer.hpp>
+#include <boost/beast/http/error.hpp>
+#include <boost/beast/http/parser.hpp>
+#include <boost/optional.hpp>
+#include <string>
+
+#include "cimxml/wire/WireError.h"
+
+namespace cimxml {
+
+namespace asio = boost::asio;
+namespace beast = boost::beast;
+namespace http = boost::beast::http;
+using boost::system::error_code;
+
+namespace {
+
+constexpr std::size_t pieceSize = 64U * 1024U;
+
+/// A body collected in a string. A length that the server announces is believed only so far: memory for more
+/// is taken when more arrives.
+struct CollectedBody {
+    using value_type = std::string;
+
+    class reader {
+    public:
+        template <bool isRequest, class Fields>
+        reader(http::header<isRequest, Fields>& /*header*/, value_type& body) : body_(body) {}
+
+        void init(const boost::optional<std::uint64_t>& length, error_code& error) {
+            constexpr std::uint64_t believed = 16U * 1024U * 1024U;
+            body_.reserve(static_cast<std::size_t>(std::min(length.value_or(0), believed)));
+            error = {};
+        }
+
+        template <class Buffers>
+        std::size_t put(const Buffers& buffers, error_code& error) {
+            std::size_t taken = 0;
+            for (const asio::const_buffer piece : beast::buffers_range_ref(buffers)) {
+                body_.append(static_cast<const char*>(piece.data()), piece.size());
+                taken += piece.size();
+            }
+            error = {};
+            return taken;
+        }
+
+        void finish(error_code& error) { error = {}; }
+
+    private:
+        value_type& body_;
+    };
+};
+
+using Parser = http::response_parser<CollectedBody>;
+
+std::string describe(const error_code& error, const Limits& limits) {
+    if (error == http::error::header_limit || error == http::error::buffer_overflow) {
+        return "HTTP header of the answer exceeds " + std::to_string(limits.headerBytes) + " bytes.";
+    }
+    if (error == http::error::body_limit) {
+        return "HTTP body of the answer exceeds " + std::to_string(limits.bodyBytes) + " bytes.";
+    }
+    return "Malformed HTTP response message: " + error.message() + ".";
+}
+
+HttpResponse take(Parser& parser, bool nothingLeft) {
+    auto message = parser.release();
+    HttpResponse response;
+    response.status = message.result_int();
+    response.reason = std::string(message.reason());
+    response.keepAlive = nothingLeft && message.keep_alive();
+    for (const auto& field : message.base()) {
+        response.fields.emplace_back(std::string(field.name_string()), std::string(field.value()));
+    }
+    response.body = std::move(message.body());
+    return response;
+}
+
+}  // namespace
+
+/// Receives the answers to one request.
+class HttpConnection::Receiver {
+public:
+    Receiver(ByteStream& stream, const Limits& limits, Deadline deadline)
+        : stream_(stream), limits_(limits), deadline_(deadline), buffer_(limits.headerBytes + pieceSize) {}
+
+    HttpResponse receive() {
+        for (;;) {
+            HttpResponse response = receiveOne();
+            if (response.status >= 200) {
+                return response;
+            }
+        }
+    }
+
+private:
+    HttpResponse receiveOne() {
+        Parser parser;
+        parser.eager(true);
+        parser.header_limit(static_cast<std::uint32_t>(limits_.headerBytes));
+        parser.body_limit(limits_.bodyBytes);
+        while (!parser.is_done()) {
+            if (!parse(parser) && !readMore()) {
+                end(parser);
+            }
+        }
+        return take(parser, buffer_.size() == 0);
+    }
+
+    /// Parses what has been received; false when that takes the parser no further.
+    bool parse(Parser& parser) {
+        error_code error;
+        const std::size_t used = buffer_.size() == 0 ? 0 : parser.put(buffer_.data(), error);
+        buffer_.consume(used);
+        if (error && error != http::error::need_more) {
+            throw WireError(WireError::Kind::BadHttp, describe(error, limits_));
+        }
+        return parser.is_done() || (used > 0 && !error && buffer_.size() > 0);
+    }
+
+    bool readMore() {
+        const std::size_t room = buffer_.max_size() - buffer_.size();
+        if (room == 0) {
+            throw WireError(WireError::Kind::BadHttp, describe(http::error::header_limit, limits_));
+        }
+        const auto space = buffer_.prepare(std::min(room, pieceSize));
+        const std::size_t received = stream_.read(static_cast<char*>(space.data()), space.size(), deadline_);
+        buffer_.commit(received);
+        received_ += received;
+        return received > 0;
+    }
+
+    /// The server closed: that ends a body without a length, and cuts anything else short.
+    void end(Parser& parser) {
+        if (!parser.got_some()) {
+            throw WireError(WireError::Kind::Closed, "Connection closed by CIM Server.");
+        }
+        error_code error;
+        parser.put_eof(error);
+        if (error || !parser.is_done()) {
+            throw WireError(WireError::Kind::Closed,
+                            "Connection closed by CIM Server within its answer, after " +
+                                std::to_string(received_) + " bytes.");
+        }
+    }
+
+    ByteStream& stream_;
+    const Limits& limits_;
+    Deadline deadline_;
+    beast::flat_buffer buffer_;
+    std::size_t received_ = 0;
+};
+
+HttpConnection::HttpConnection(std::unique_ptr<ByteStream> stream, const Limits& limits)
+    : stream_(std::move(stream)), limits_(limits) {}
+
+bool HttpConnection::isIdle() {
+    char stray = 0;
+    return !stream_->readAvailable(&stray, 1).has_value();
+}
+
+HttpResponse HttpConnection::exchange(std::string_view request, Deadline deadline) {
+    send(request, deadline);
+    return Receiver(*stream_, limits_, deadline).receive();
+}
+
+void HttpConnection::send(std::string_view request, Deadline deadline) {
+    try {
+        stream_->write(request, deadline);
+    } catch (const WireError& error) {
+        // A server that refuses a request may answer and close before it has read all of it: the answer, if
+        // there is one, says why.
+        if (error.kind() != WireError::Kind::Closed) {
+            throw;
+        }
+    }
+}
+
+}  // namespace cimxml

@@ -1,0 +1,105 @@
+#include "cimxml/wire/HttpSession.h"
+
+#include "cimxml/wire/Percent.h"
+#include "cimxml/wire/WireError.h"
+
+namespace cimxml {
+
+namespace {
+
+/// Host and port as the Host field has them (RFC 9110, 7.2): IPv6 in brackets, without its zone.
+std::string formatHost(const std::string& host, std::uint32_t port) {
+    std::string name = host;
+    if (name.find(':') != std::string::npos && name.front() != '[') {
+        name = "[" + name.substr(0, name.find('%')) + "]";
+    }
+    return name + ":" + std::to_string(port);
+}
+
+}  // namespace
+
+void HttpSession::connect(Connector connector, const std::string& host, std::uint32_t port,
+                          BasicAuthentication authentication, Deadline deadline) {
+    auto stream = connector(deadline);
+    connector_ = std::move(connector);
+    hostField_ = formatHost(host, port);
+    authentication_ = std::move(authentication);
+    connection_ = std::make_unique<HttpConnection>(std::move(stream), limits_);
+    reconnect_ = false;
+}
+
+void HttpSession::disconnect() {
+    connection_.reset();
+    connector_ = nullptr;
+    authentication_ = BasicAuthentication();
+    reconnect_ = false;
+}
+
+void HttpSession::drop() {
+    connection_.reset();
+    reconnect_ = true;
+}
+
+HttpResponse HttpSession::call(const CimRequest& request, Deadline deadline) {
+    if (connection_ && !connection_->isIdle()) {
+        drop();
+        authentication_.startAnew();
+    }
+    HttpResponse response = exchange(request, deadline);
+    if (authentication_.accepts(response)) {
+        response = exchange(request, deadline);
+    }
+    return response;
+}
+
+void HttpSession::ensureConnected(Deadline deadline) {
+    if (connection_) {
+        return;
+    }
+    try {
+        connection_ = std::make_unique<HttpConnection>(connector_(deadline), limits_);
+    } catch (const WireError& error) {
+        if (error.kind() == WireError::Kind::TimedOut) {
+            throw WireError(WireError::Kind::CannotConnect, error.what());
+        }
+        throw;
+    }
+    reconnect_ = false;
+}
+
+HttpResponse HttpSession::exchange(const CimRequest& request, Deadline deadline) {
+    ensureConnected(deadline);
+    try {
+        HttpResponse response = connection_->exchange(format(request), deadline);
+        if (!response.keepAlive) {
+            drop();
+        }
+        return response;
+    } catch (const WireError& error) {
+        drop();
+        if (error.kind() == WireError::Kind::TimedOut) {
+            authentication_.startAnew();
+        }
+        throw;
+    }
+}
+
+std::string HttpSession::format(const CimRequest& request) const {
+    return "POST /cimom HTTP/1.1\r\n"
+           "Host: " +
+           hostField_ +
+           "\r\n"
+           "Content-Type: application/xml; charset=\"utf-8\"\r\n"
+           "Content-Length: " +
+           std::to_string(request.body.size()) +
+           "\r\n"
+           "TE: trailers\r\n"
+           "CIMOperation: MethodCall\r\n"
+           "CIMMethod: " +
+           percentEncode(request.method) +
+           "\r\n"
+           "CIMObject: " +
+           percentEncode(request.object) + "\r\n" + authentication_.field() + "\r\n" + request.body;
+}
+
+}  // namespace cimxml

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace cimxml {
+
+/// Bounds on what is accepted from a server. They are far above anything that an honest server sends, and
+/// keep a broken or hostile one from exhausting memory or stack. None can be switched off.
+struct Limits {
+    std::size_t headerBytes = 64U * 1024U;                        ///< HTTP header, and each trailer section.
+    std::uint64_t bodyBytes = std::uint64_t{1024} * 1024 * 1024;  ///< HTTP body, transfer coding removed.
+    std::size_t xmlNodes = std::size_t{64} * 1024 * 1024;  ///< Elements and attributes, embedded ones too.
+    unsigned xmlDepth = 128;                               ///< Nested elements of one XML document.
+    unsigned embeddedLevels = 8;                           ///< Embedded objects inside embedded objects.
+};
+
+}  // namespace cimxml

@@ -1,0 +1,106 @@
+#include "cimxml/wire/RequestWriter.h"
+
+#include "cimxml/wire/PathWriter.h"
+#include "cimxml/wire/ValueWriter.h"
+#include "cimxml/wire/XmlText.h"
+
+namespace cimxml {
+
+using namespace Pegasus;
+
+RequestWriter RequestWriter::intrinsic(const std::string& messageId, const std::string& method,
+                                       const CIMNamespaceName& nameSpace) {
+    RequestWriter writer("IMETHODCALL");
+    writer.begin(messageId, method);
+    PathWriter(writer.out_).writeNamespace(nameSpace);
+    return writer;
+}
+
+RequestWriter RequestWriter::extrinsic(const std::string& messageId, const std::string& method,
+                                       const CIMNamespaceName& nameSpace, const CIMObjectPath& path) {
+    RequestWriter writer("METHODCALL");
+    writer.begin(messageId, method);
+    PathWriter(writer.out_).writeLocalPath(nameSpace, path);
+    return writer;
+}
+
+void RequestWriter::begin(const std::string& messageId, const std::string& method) {
+    out_ = "<?xml version=\"1.0\" encoding=\"utf-8\" ?>\n<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\"><MESSAGE";
+    appendAttribute(out_, "ID", messageId);
+    out_ += " PROTOCOLVERSION=\"1.0\"><SIMPLEREQ><";
+    out_ += callElement_;
+    appendAttribute(out_, "NAME", method);
+    out_ += ">";
+}
+
+void RequestWriter::beginParameter(const char* name) {
+    out_ += "<IPARAMVALUE";
+    appendAttribute(out_, "NAME", std::string_view(name));
+    out_ += ">";
+}
+
+void RequestWriter::endParameter() {
+    out_ += "</IPARAMVALUE>";
+}
+
+RequestWriter& RequestWriter::className(const CIMName& name) {
+    if (!name.isNull()) {
+        beginParameter("ClassName");
+        PathWriter(out_).writeClassName(name);
+        endParameter();
+    }
+    return *this;
+}
+
+RequestWriter& RequestWriter::instanceName(const CIMObjectPath& path) {
+    beginParameter("InstanceName");
+    PathWriter(out_).writeInstanceName(path);
+    endParameter();
+    return *this;
+}
+
+RequestWriter& RequestWriter::flag(const char* name, bool value, bool defaultValue) {
+    if (value != defaultValue) {
+        beginParameter(name);
+        ValueWriter(out_).write(CIMValue(value));
+        endParameter();
+    }
+    return *this;
+}
+
+RequestWriter& RequestWriter::propertyList(const CIMPropertyList& list) {
+    if (!list.isNull()) {
+        Array<String> names;
+        for (Uint32 i = 0; i < list.size(); ++i) {
+            names.append(list[i].getString());
+        }
+        beginParameter("PropertyList");
+        ValueWriter(out_).write(CIMValue(names));
+        endParameter();
+    }
+    return *this;
+}
+
+RequestWriter& RequestWriter::parameters(const Array<CIMParamValue>& values) {
+    for (Uint32 i = 0; i < values.size(); ++i) {
+        const CIMValue value = values[i].getValue();
+        out_ += "<PARAMVALUE";
+        appendAttribute(out_, "NAME", values[i].getParameterName());
+        if (values[i].isTyped()) {
+            ValueWriter(out_).writeType("PARAMTYPE", value.getType());
+        }
+        out_ += ">";
+        ValueWriter(out_).write(value);
+        out_ += "</PARAMVALUE>";
+    }
+    return *this;
+}
+
+std::string RequestWriter::finish() {
+    out_ += "</";
+    out_ += callElement_;
+    out_ += "></SIMPLEREQ></MESSAGE></CIM>\n";
+    return std::move(out_);
+}
+
+}  // namespace cimxml

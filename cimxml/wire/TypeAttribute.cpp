@@ -1,0 +1,56 @@
+#include "cimxml/wire/TypeAttribute.h"
+
+#include <string>
+
+#include "cimxml/wire/Ascii.h"
+#include "cimxml/wire/Scalars.h"
+#include "cimxml/wire/XmlNode.h"
+
+namespace cimxml {
+
+using namespace Pegasus;
+
+namespace {
+
+CIMType toType(pugi::xml_node node, const char* name, const char* text) {
+    const auto type = parseType(text);
+    if (!type) {
+        failAt(node, std::string("a type in attribute ") + name + ", found " + quote(text));
+    }
+    return *type;
+}
+
+}  // namespace
+
+CIMType readType(pugi::xml_node node) {
+    return toType(node, "TYPE", requireAttribute(node, "TYPE"));
+}
+
+std::optional<CIMType> readParameterType(pugi::xml_node node) {
+    for (const char* name : {"PARAMTYPE", "TYPE"}) {
+        const char* text = attribute(node, name);
+        if (text != nullptr && !trim(text).empty()) {
+            return toType(node, name, text);
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<CIMType> readEmbeddedType(pugi::xml_node node) {
+    for (const char* name : {"EmbeddedObject", "EMBEDDEDOBJECT"}) {
+        const char* text = attribute(node, name);
+        if (text == nullptr || trim(text).empty()) {
+            continue;
+        }
+        if (equalNoCase(trim(text), "object")) {
+            return CIMTYPE_OBJECT;
+        }
+        if (equalNoCase(trim(text), "instance")) {
+            return CIMTYPE_INSTANCE;
+        }
+        failAt(node, std::string("object or instance in attribute ") + name + ", found " + quote(text));
+    }
+    return std::nullopt;
+}
+
+}  // namespace cimxml

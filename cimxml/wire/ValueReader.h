@@ -1,0 +1,38 @@
+#pragma once
+
+#include <Pegasus/Common/CIMType.h>
+#include <Pegasus/Common/CIMValue.h>
+
+#include <pugixml.hpp>
+
+#include "cimxml/wire/DecodeContext.h"
+
+namespace cimxml {
+
+/// Reads the elements that hold a value (DSP0201, value elements).
+///
+/// The API's arrays have no null elements: VALUE.NULL in an array becomes the type's zero value (false, 0, an
+/// empty string, the zero interval), so that every other element keeps its index.
+class ValueReader {
+public:
+    explicit ValueReader(DecodeContext& context) : context_(context) {}
+
+    /// Whether `node` is an element that `read` takes.
+    static bool isValue(pugi::xml_node node);
+
+    /// VALUE, VALUE.ARRAY, VALUE.REFERENCE, VALUE.REFARRAY or VALUE.NULL. What arrives decides between scalar
+    /// and array, and between references and the rest; otherwise it has type `type`. OBJECT and INSTANCE read
+    /// embedded objects. Throws WireError BadXml for a text that is no value of the type.
+    Pegasus::CIMValue read(pugi::xml_node node, Pegasus::CIMType type, bool array);
+
+private:
+    Pegasus::CIMValue readScalar(pugi::xml_node node, Pegasus::CIMType type);
+    Pegasus::CIMValue readArray(pugi::xml_node node, Pegasus::CIMType type);
+    Pegasus::CIMValue readReferences(pugi::xml_node node);
+    Pegasus::CIMValue readEmbedded(pugi::xml_node node, Pegasus::CIMType type);
+    Pegasus::CIMValue readEmbeddedArray(pugi::xml_node node, Pegasus::CIMType type);
+
+    DecodeContext& context_;
+};
+
+}  // namespace cimxml
