@@ -17,7 +17,6 @@
 #include "model/TCimHTTPQualifierDecl.h"
 #include "namespace/TNamespaceMembers.h"
 #include "vskcore/ICIMParameterDecl.h"
-#include "vskcore/TVSKException.h"
 
 namespace NQELVSK20 {
 
@@ -97,16 +96,10 @@ void RemoteClassReader::ReadMethod(const Pegasus::CIMConstMethod& remote) {
 }
 
 void RemoteClassReader::ReadParameter(const Pegasus::CIMConstParameter& remote, ICIMMethodDecl& method) {
-    const auto parameter = method.AllocateParameterDecl(
-        ToText(remote.getName()), ToCoreType(remote.getType(), remote.isArray()), TContext());
-    try {
-        parameter->Commit(TContext());
-    } catch (const TVSKException& error) {
-        if (error.GetStatusCode() != eVSKAlreadyExists) {
-            throw;
-        }
-        // Logged by the method, which keeps the first parameter of the name; the class is usable with it.
-    }
+    method
+        .AllocateParameterDecl(ToText(remote.getName()), ToCoreType(remote.getType(), remote.isArray()),
+                               TContext())
+        ->Commit(TContext());
 }
 
 }  // namespace NQELVSK20

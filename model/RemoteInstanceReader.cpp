@@ -25,6 +25,19 @@ void LogUnreadable(const std::string& property) {
     LogTrace("4TCimHTTPClass::EnumerateInstances - Unable to retrieve property: " + property);
 }
 
+// Takes a property over. What is wrong with it, the host's refusal or a server's mistake in the value, costs
+// that property only.
+template <class TTakeOver>
+void Guarded(const std::string& property, const TTakeOver& takeOver) {
+    try {
+        takeOver();
+    } catch (const TVSKException&) {
+        LogUnreadable(property);
+    } catch (const Pegasus::Exception&) {
+        LogUnreadable(property);
+    }
+}
+
 // The class name in the value of a reference key: after the key's name in the path, between the colon that
 // ends the namespace and the full stop before the keys. Empty when the path is not of that form.
 std::string ReferencedClassName(const std::string& path, const std::string& key) {
@@ -55,10 +68,8 @@ RemoteInstanceReader::RemoteInstanceReader(boost::shared_ptr<TCimHTTPNamespace> 
 
 boost::shared_ptr<ICIMInstance> RemoteInstanceReader::Read(const Pegasus::CIMInstance& remote) {
     auto instance = class_->AllocateInstance(TContext());
-    const Pegasus::Uint32 count = remote.getPropertyCount();
-    for (Pegasus::Uint32 i = 0; i < count; ++i) {
-        ReadProperty(remote, i, *instance);
-    }
+    ReadProperties(remote, *instance);
+    ReadMissingKeys(remote, *instance);
     instance->SetPropertyValue("nodeid", nodeNumber_, TContext());
     if (dropsRemoteEvents_ && IsForAnotherNode(*instance)) {
         return {};
@@ -66,18 +77,34 @@ boost::shared_ptr<ICIMInstance> RemoteInstanceReader::Read(const Pegasus::CIMIns
     return instance;
 }
 
-void RemoteInstanceReader::ReadProperty(const Pegasus::CIMInstance& remote, Pegasus::Uint32 index,
-                                        ICIMInstance& instance) {
-    const Pegasus::CIMConstProperty property = remote.getProperty(index);
-    PropertyName& name = NameAt(index, property.getName().getString());
-    try {
-        StoreProperty(remote, property, name, instance);
-    } catch (const TVSKException&) {
-        LogUnreadable(name.text);
-    } catch (const Pegasus::Exception&) {
-        // A server's mistake in one value costs that value only.
-        LogUnreadable(name.text);
+void RemoteInstanceReader::ReadProperties(const Pegasus::CIMInstance& remote, ICIMInstance& instance) {
+    const Pegasus::Uint32 count = remote.getPropertyCount();
+    for (Pegasus::Uint32 i = 0; i < count; ++i) {
+        const Pegasus::CIMConstProperty property = remote.getProperty(i);
+        PropertyName& name = NameAt(i, property.getName().getString());
+        Guarded(name.text, [&] { Store(name, ValueOf(property, remote, name.text), instance); });
     }
+}
+
+// Only local properties are asked for, and some servers then leave out the keys that a superclass declares.
+// The path tells them: without its keys an instance could not be told from the next.
+void RemoteInstanceReader::ReadMissingKeys(const Pegasus::CIMInstance& remote, ICIMInstance& instance) {
+    const Pegasus::Array<Pegasus::CIMKeyBinding>& keys = remote.getPath().getKeyBindings();
+    for (Pegasus::Uint32 i = 0; i < keys.size(); ++i) {
+        if (remote.findProperty(keys[i].getName()) == Pegasus::PEG_NOT_FOUND) {
+            PropertyName name = NameOf(keys[i].getName().getString());
+            Guarded(name.text, [&] { Store(name, ValueOf(keys[i]), instance); });
+        }
+    }
+}
+
+RemoteInstanceReader::PropertyName RemoteInstanceReader::NameOf(const Pegasus::String& remote) const {
+    PropertyName name;
+    name.remote = remote;
+    name.text = ToText(remote);
+    name.isInstanceId = Contains(name.text, "InstanceID");
+    name.isSlotNumber = isSlotClass_ && name.text == "Number";
+    return name;
 }
 
 RemoteInstanceReader::PropertyName& RemoteInstanceReader::NameAt(Pegasus::Uint32 index,
@@ -87,32 +114,49 @@ RemoteInstanceReader::PropertyName& RemoteInstanceReader::NameAt(Pegasus::Uint32
     }
     PropertyName& name = names_[index];
     if (name.text.empty() || name.remote != remote) {
-        name.remote = remote;
-        name.text = ToText(remote);
-        name.stored.clear();
-        name.isInstanceId = Contains(name.text, "InstanceID");
-        name.isSlotNumber = isSlotClass_ && name.text == "Number";
+        name = NameOf(remote);
     }
     return name;
 }
 
-void RemoteInstanceReader::StoreProperty(const Pegasus::CIMInstance& remote,
-                                         const Pegasus::CIMConstProperty& property, PropertyName& name,
-                                         ICIMInstance& instance) {
-    if (name.stored.empty()) {
-        name.stored = TCimHTTPNamespace::NormalizeName(name.text);
-    }
+TCIMValue RemoteInstanceReader::ValueOf(const Pegasus::CIMConstProperty& property,
+                                        const Pegasus::CIMInstance& remote, const std::string& name) {
     boost::shared_ptr<ICIMClass> referenced;
     if (property.getType() == Pegasus::CIMTYPE_REFERENCE) {
-        referenced = ReferencedClass(remote, name.text);
+        referenced = ReferencedClass(remote, name);
     }
     TCIMValue value;
     const Pegasus::CIMValue remoteValue = property.getValue();
     if (convertsNulls_ || !remoteValue.isNull()) {
-        ConvertToCoreValue(name.text, remoteValue, property.getType(), property.isArray(), value, class_);
+        ConvertToCoreValue(name, remoteValue, property.getType(), property.isArray(), value, class_);
     }
     if (referenced) {
         value.SetReferencedClass(referenced);
+    }
+    return value;
+}
+
+TCIMValue RemoteInstanceReader::ValueOf(const Pegasus::CIMKeyBinding& key) const {
+    const std::string text = ToText(key.getValue());
+    switch (key.getType()) {
+        case Pegasus::CIMKeyBinding::BOOLEAN:
+            return TCIMValue(TCIMValue(text).operator bool());
+        case Pegasus::CIMKeyBinding::NUMERIC:
+            return text[0] == '-' ? TCIMValue(TCIMValue(text).operator long long())
+                                       : TCIMValue(TCIMValue(text).operator unsigned long long());
+        case Pegasus::CIMKeyBinding::REFERENCE: {
+            TCIMReference reference(namespace_, TContext());
+            reference.SetPath(text);
+            return TCIMValue(reference);
+        }
+        default:
+            return TCIMValue(text);
+    }
+}
+
+void RemoteInstanceReader::Store(PropertyName& name, TCIMValue value, ICIMInstance& instance) const {
+    if (name.stored.empty()) {
+        name.stored = TCimHTTPNamespace::NormalizeName(name.text);
     }
     if (name.isInstanceId) {
         mark_.MarkInstanceId(value);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <Pegasus/Common/CIMInstance.h>
+#include <Pegasus/Common/CIMObjectPath.h>
 #include <Pegasus/Common/CIMProperty.h>
 
 #include <boost/shared_ptr.hpp>
@@ -41,10 +42,14 @@ private:
         bool isSlotNumber = false;
     };
 
+    PropertyName NameOf(const Pegasus::String& remote) const;
     PropertyName& NameAt(Pegasus::Uint32 index, const Pegasus::String& remote);
-    void ReadProperty(const Pegasus::CIMInstance& remote, Pegasus::Uint32 index, ICIMInstance& instance);
-    void StoreProperty(const Pegasus::CIMInstance& remote, const Pegasus::CIMConstProperty& property,
-                       PropertyName& name, ICIMInstance& instance);
+    void ReadProperties(const Pegasus::CIMInstance& remote, ICIMInstance& instance);
+    void ReadMissingKeys(const Pegasus::CIMInstance& remote, ICIMInstance& instance);
+    TCIMValue ValueOf(const Pegasus::CIMConstProperty& property, const Pegasus::CIMInstance& remote,
+                      const std::string& name);
+    TCIMValue ValueOf(const Pegasus::CIMKeyBinding& key) const;
+    void Store(PropertyName& name, TCIMValue value, ICIMInstance& instance) const;
     boost::shared_ptr<ICIMClass> ReferencedClass(const Pegasus::CIMInstance& remote,
                                                  const std::string& property);
     bool IsForAnotherNode(const ICIMInstance& instance) const;

@@ -54,6 +54,9 @@ public:
     /// namespace, order and letter case of the key names do not matter. Empty when there is none.
     boost::shared_ptr<ICIMInstance> FindInstance(const TCIMReference& reference, TContext context);
 
+    /// Lets go of the collected instances. They hold the class, so whoever drops the class has to call this.
+    void ForgetInstances() { instances_.Clear(); }
+
     /// True when the namespace is connected to more than one node.
     bool IsMultiNode() const;
 
