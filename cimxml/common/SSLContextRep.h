@@ -4,25 +4,20 @@
 
 #include <memory>
 
-typedef struct ssl_ctx_st SSL_CTX;
-
 namespace Pegasus {
 
 /// What an SSLContext and its copies share.
 struct SSLContextRep {
-    struct FreeNative {
-        void operator()(SSL_CTX* context) const noexcept;
+    struct FreeStore {
+        void operator()(X509_STORE* store) const noexcept;
     };
 
     String trustStore;
     String certPath;
     String keyPath;
+    String crlPath;
     SSLCertificateVerifyFunction* verify = nullptr;
-
-    /// The OpenSSL context with trust store, certificate and key loaded; owned
-    /// here. Protocol versions, ciphers and the verify callback are the
-    /// connection's business.
-    std::unique_ptr<SSL_CTX, FreeNative> native;
+    std::unique_ptr<X509_STORE, FreeStore> crlStore;
 };
 
 }  // namespace Pegasus

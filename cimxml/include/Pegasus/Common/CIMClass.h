@@ -35,7 +35,7 @@ public:
     CIMConstMethod getMethod(Uint32 index) const;
     Uint32 getMethodCount() const;
 
-    /// Appends the names of the properties whose Key qualifier is true.
+    /// Sets `keyNames` to the names of the properties whose Key qualifier is true.
     void getKeyNames(Array<CIMName>& keyNames) const;
     Boolean hasKeys() const;
 
@@ -47,6 +47,7 @@ public:
                               const CIMPropertyList& propertyList) const;
 
 protected:
+    friend struct HandleAccess;
     using CIMConstObject::CIMConstObject;
     CIMClassRep& classRep() const;
 };
@@ -86,7 +87,7 @@ public:
     void removeMethod(Uint32 index);
 
 private:
-    friend class CIMConstClass;
+    friend struct HandleAccess;
     using CIMConstClass::CIMConstClass;
 };
 

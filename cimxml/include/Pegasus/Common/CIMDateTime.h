@@ -66,6 +66,11 @@ public:
 private:
     friend class DateTimeText;
 
+    /// The same time with offset zero, as far as asterisks leave hours and minutes.
+    CIMDateTime inUtc() const;
+    /// Negative, zero or positive.
+    int compare(const CIMDateTime& x) const;
+
     Uint64 _usec = 0;       // local time since the start of the year 0, or the length
     Uint32 _utcOffset = 0;  // minutes, without sign
     char _sign = ':';       // ':' for intervals, '+' or '-' for time stamps

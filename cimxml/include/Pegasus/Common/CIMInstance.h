@@ -29,6 +29,7 @@ public:
     CIMInstance clone() const;
 
 protected:
+    friend struct HandleAccess;
     using CIMConstObject::CIMConstObject;
 };
 
@@ -63,8 +64,7 @@ public:
                         const CIMPropertyList& propertyList);
 
 private:
-    friend class CIMConstInstance;
-    friend class CIMConstClass;
+    friend struct HandleAccess;
     using CIMConstInstance::CIMConstInstance;
 };
 

@@ -53,7 +53,7 @@ protected:
     CIMMethodRep& rep() const;
 
 private:
-    friend class CIMClassRep;
+    friend struct HandleAccess;
 
     std::shared_ptr<CIMMethodRep> _rep;
 };
@@ -84,7 +84,7 @@ public:
     void removeParameter(Uint32 index);
 
 private:
-    friend class CIMConstMethod;
+    friend struct HandleAccess;
 };
 
 }  // namespace Pegasus

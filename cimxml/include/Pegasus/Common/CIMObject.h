@@ -55,12 +55,9 @@ public:
 protected:
     explicit CIMConstObject(std::shared_ptr<CIMObjectRep> rep) noexcept : _rep(std::move(rep)) {}
     CIMObjectRep& rep() const;
-    const std::shared_ptr<CIMObjectRep>& handle() const noexcept { return _rep; }
 
 private:
-    friend class CIMObject;
-    friend class CIMConstInstance;
-    friend class CIMConstClass;
+    friend struct HandleAccess;
 
     std::shared_ptr<CIMObjectRep> _rep;
 };
@@ -94,7 +91,7 @@ public:
                         const CIMPropertyList& propertyList);
 
 private:
-    friend class CIMConstObject;
+    friend struct HandleAccess;
     using CIMConstObject::CIMConstObject;
 };
 

@@ -49,7 +49,7 @@ protected:
     CIMParameterRep& rep() const;
 
 private:
-    friend class CIMMethodRep;
+    friend struct HandleAccess;
 
     std::shared_ptr<CIMParameterRep> _rep;
 };
@@ -72,7 +72,7 @@ public:
     void removeQualifier(Uint32 index);
 
 private:
-    friend class CIMConstParameter;
+    friend struct HandleAccess;
 };
 
 }  // namespace Pegasus

@@ -54,7 +54,7 @@ protected:
     CIMPropertyRep& rep() const;
 
 private:
-    friend class CIMObjectRep;
+    friend struct HandleAccess;
 
     std::shared_ptr<CIMPropertyRep> _rep;
 };
@@ -84,7 +84,7 @@ public:
     void removeQualifier(Uint32 index);
 
 private:
-    friend class CIMConstProperty;
+    friend struct HandleAccess;
 };
 
 }  // namespace Pegasus

@@ -44,7 +44,7 @@ protected:
     CIMQualifierRep& rep() const;
 
 private:
-    friend class QualifierList;
+    friend struct HandleAccess;
 
     std::shared_ptr<CIMQualifierRep> _rep;
 };
@@ -65,7 +65,7 @@ public:
     void setPropagated(Boolean propagated);
 
 private:
-    friend class CIMConstQualifier;
+    friend struct HandleAccess;
 };
 
 }  // namespace Pegasus

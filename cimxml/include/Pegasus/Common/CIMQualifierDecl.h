@@ -50,6 +50,8 @@ protected:
     CIMQualifierDeclRep& rep() const;
 
 private:
+    friend struct HandleAccess;
+
     std::shared_ptr<CIMQualifierDeclRep> _rep;
 };
 
@@ -65,7 +67,7 @@ public:
     void setValue(const CIMValue& value);
 
 private:
-    friend class CIMConstQualifierDecl;
+    friend struct HandleAccess;
 };
 
 }  // namespace Pegasus

@@ -107,7 +107,7 @@ public:
     /// key is looked for in the certificate's file.
     SSLContext(const String& trustStore, const String& certPath, const String& keyPath,
                SSLCertificateVerifyFunction* verifyCert, const String& randomFile);
-    /// Revocation lists are not supported: a non-empty `crlPath` throws Exception.
+    /// `crlPath` is a PEM file or a directory of revocation lists, or empty.
     SSLContext(const String& trustStore, const String& certPath, const String& keyPath, const String& crlPath,
                SSLCertificateVerifyFunction* verifyCert, const String& randomFile);
     SSLContext(const SSLContext& other);
@@ -116,8 +116,8 @@ public:
     String getTrustStore() const;
     String getCertPath() const;
     String getKeyPath() const;
-    /// These two throw Exception: revocation lists are not supported.
     String getCRLPath() const;
+    /// The revocation lists, owned by this context; null without them.
     X509_STORE* getCRLStore() const;
 
     /// Whether there is a trust store or a verify function.
@@ -126,7 +126,6 @@ public:
 
 private:
     SSLContext& operator=(const SSLContext&) = delete;
-    friend class SSLSocket;
 
     std::shared_ptr<const SSLContextRep> _rep;
 };

@@ -1,0 +1,239 @@
+#include <Pegasus/Common/CIMValue.h>
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <type_traits>
+
+#include "cimxml/common/CIMValueRep.h"
+#include "cimxml/common/Utf8.h"
+#include "cimxml/common/ValueText.h"
+
+namespace Pegasus {
+
+namespace {
+
+using RepPtr = std::shared_ptr<const CIMValueRep>;
+
+constexpr std::size_t kTypeCount = CIMTYPE_INSTANCE + 1;
+
+/// Null values of one type share their content.
+RepPtr nullRep(CIMType type, bool isArray, Uint32 arraySize) {
+    static const auto reps = [] {
+        std::array<std::array<RepPtr, 2>, kTypeCount> result;
+        for (std::size_t i = 0; i < kTypeCount; ++i) {
+            for (const bool ofArray : {false, true})
+                result[i][ofArray] = std::make_shared<const CIMValueRep>(static_cast<CIMType>(i), ofArray, 0);
+        }
+        return result;
+    }();
+    if (isArray && arraySize != 0)
+        return std::make_shared<const CIMValueRep>(type, isArray, arraySize);
+    return reps.at(type)[isArray];
+}
+
+/// What leaves or enters a value: the same for plain data, a clone for
+/// embedded objects, which their holder could change otherwise.
+template <class T>
+const T& detached(const T& x) {
+    return x;
+}
+
+CIMObject detached(const CIMObject& x) {
+    return x.clone();
+}
+
+CIMInstance detached(const CIMInstance& x) {
+    return x.clone();
+}
+
+template <class T>
+Array<T> detachedEach(const Array<T>& x) {
+    Array<T> result;
+    result.reserveCapacity(x.size());
+    for (Uint32 i = 0; i < x.size(); ++i)
+        result.append(x[i].clone());
+    return result;
+}
+
+Array<CIMObject> detached(const Array<CIMObject>& x) {
+    return detachedEach(x);
+}
+
+Array<CIMInstance> detached(const Array<CIMInstance>& x) {
+    return detachedEach(x);
+}
+
+template <class T>
+RepPtr makeRep(const T& x) {
+    return std::make_shared<const CIMValueRep>(T(detached(x)));
+}
+
+template <class T>
+void read(const CIMValueRep& rep, T& x) {
+    if (rep.type != ValueType<T>::type || rep.isArray != ValueType<T>::isArray)
+        throw TypeMismatchException();
+    if (const T* const content = std::get_if<T>(&rep.content))
+        x = detached(*content);
+}
+
+template <class T>
+bool equalContent(const T& x, const T& y) {
+    return x == y;
+}
+
+bool equalContent(const std::monostate&, const std::monostate&) {
+    return true;
+}
+
+bool equalContent(const CIMObject& x, const CIMObject& y) {
+    return x.identical(y);
+}
+
+bool equalContent(const CIMInstance& x, const CIMInstance& y) {
+    return x.identical(y);
+}
+
+template <class T>
+bool equalContent(const Array<T>& x, const Array<T>& y) {
+    const T* const first = x.getData();
+    const auto equalItems = [](const T& a, const T& b) { return equalContent(a, b); };
+    return x.size() == y.size() && std::equal(first, first + x.size(), y.getData(), equalItems);
+}
+
+struct SizeReader {
+    template <class T>
+    Uint32 operator()(const T&) const {
+        return 0;
+    }
+    template <class T>
+    Uint32 operator()(const Array<T>& x) const {
+        return x.size();
+    }
+};
+
+/// Appends the text of a value.
+struct TextAppender {
+    std::string& out;
+
+    void operator()(const std::monostate&) const {}
+    void operator()(const Boolean& x) const { appendBoolean(out, x); }
+    void operator()(const Real32& x) const { appendReal(out, Real64{x}, kReal64Digits); }
+    void operator()(const Real64& x) const { appendReal(out, x, kReal64Digits); }
+    void operator()(const Char16& x) const { appendUtf8(out, x); }
+    void operator()(const String& x) const { appendUtf8(out, x); }
+
+    template <class T>
+    void operator()(const T& x) const {
+        if constexpr (std::is_integral_v<T>)
+            out += std::to_string(x);
+        else
+            appendUtf8(out, x.toString());
+    }
+
+    template <class T>
+    void operator()(const Array<T>& x) const {
+        for (Uint32 i = 0; i < x.size(); ++i) {
+            (*this)(x[i]);
+            out += ' ';
+        }
+    }
+};
+
+}  // namespace
+
+CIMValue::CIMValue(CIMType type, Boolean isArray, Uint32 arraySize)
+    : _rep(nullRep(type, isArray, arraySize)) {}
+
+void CIMValue::setNullValue(CIMType type, Boolean isArray, Uint32 arraySize) {
+    _rep = nullRep(type, isArray, arraySize);
+}
+
+// Every type has its own constructor, setter and getter in the API; they all
+// do the same.
+#define CIMXML_DEFINE_ACCESS(PARAMETER, TYPE)             \
+    CIMValue::CIMValue(PARAMETER x) : _rep(makeRep(x)) {} \
+    void CIMValue::set(PARAMETER x) {                     \
+        _rep = makeRep(x);                                \
+    }                                                     \
+    void CIMValue::get(TYPE& x) const {                   \
+        read(CIMValueRep::of(*this), x);                  \
+    }
+#define CIMXML_DEFINE_SCALAR(TYPE)   \
+    CIMXML_DEFINE_ACCESS(TYPE, TYPE) \
+    CIMXML_DEFINE_ACCESS(const Array<TYPE>&, Array<TYPE>)
+#define CIMXML_DEFINE_OBJECT(TYPE)          \
+    CIMXML_DEFINE_ACCESS(const TYPE&, TYPE) \
+    CIMXML_DEFINE_ACCESS(const Array<TYPE>&, Array<TYPE>)
+
+CIMXML_DEFINE_SCALAR(Boolean)
+CIMXML_DEFINE_SCALAR(Uint8)
+CIMXML_DEFINE_SCALAR(Sint8)
+CIMXML_DEFINE_SCALAR(Uint16)
+CIMXML_DEFINE_SCALAR(Sint16)
+CIMXML_DEFINE_SCALAR(Uint32)
+CIMXML_DEFINE_SCALAR(Sint32)
+CIMXML_DEFINE_SCALAR(Uint64)
+CIMXML_DEFINE_SCALAR(Sint64)
+CIMXML_DEFINE_SCALAR(Real32)
+CIMXML_DEFINE_SCALAR(Real64)
+CIMXML_DEFINE_OBJECT(Char16)
+CIMXML_DEFINE_OBJECT(String)
+CIMXML_DEFINE_OBJECT(CIMDateTime)
+CIMXML_DEFINE_OBJECT(CIMObjectPath)
+CIMXML_DEFINE_OBJECT(CIMObject)
+CIMXML_DEFINE_OBJECT(CIMInstance)
+
+#undef CIMXML_DEFINE_OBJECT
+#undef CIMXML_DEFINE_SCALAR
+#undef CIMXML_DEFINE_ACCESS
+
+Boolean CIMValue::typeCompatible(const CIMValue& x) const {
+    return getType() == x.getType() && isArray() == x.isArray();
+}
+
+Boolean CIMValue::isArray() const {
+    return CIMValueRep::of(*this).isArray;
+}
+
+Boolean CIMValue::isNull() const {
+    return CIMValueRep::of(*this).isNull();
+}
+
+Uint32 CIMValue::getArraySize() const {
+    const CIMValueRep& rep = CIMValueRep::of(*this);
+    return rep.isNull() ? rep.nullSize : std::visit(SizeReader(), rep.content);
+}
+
+CIMType CIMValue::getType() const {
+    return CIMValueRep::of(*this).type;
+}
+
+Boolean CIMValue::equal(const CIMValue& x) const {
+    const CIMValueRep& left = CIMValueRep::of(*this);
+    const CIMValueRep& right = CIMValueRep::of(x);
+    if (!typeCompatible(x))
+        return false;
+    const auto equalsRight = [&right](const auto& content) {
+        using T = std::decay_t<decltype(content)>;
+        const T* const other = std::get_if<T>(&right.content);
+        return other && equalContent(content, *other);
+    };
+    return std::visit(equalsRight, left.content);
+}
+
+String CIMValue::toString() const {
+    std::string text;
+    std::visit(TextAppender{text}, CIMValueRep::of(*this).content);
+    return fromUtf8(text);
+}
+
+Boolean operator==(const CIMValue& x, const CIMValue& y) {
+    return x.equal(y);
+}
+
+Boolean operator!=(const CIMValue& x, const CIMValue& y) {
+    return !x.equal(y);
+}
+
+}  // namespace Pegasus

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <Pegasus/Common/CIMName.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "cimxml/common/HandleAccess.h"
+
+namespace Pegasus {
+
+/// A list of handles with different names, in the order of their arrival.
+template <class Handle>
+class NamedList {
+public:
+    NamedList() = default;
+    /// Clones the elements.
+    NamedList(const NamedList& other) {
+        _handles.reserve(other._handles.size());
+        for (const Handle& handle : other._handles)
+            append(handle.clone());
+    }
+    NamedList& operator=(const NamedList&) = delete;
+    ~NamedList() {
+        for (const Handle& handle : _handles)
+            HandleAccess::rep(handle).leaveList();
+    }
+
+    /// A null handle throws UninitializedObjectException; a name that is
+    /// already there throws AlreadyExistsException, which names the `kind`.
+    void add(const Handle& handle, const char* kind) {
+        const CIMName& name = HandleAccess::rep(handle).name();
+        if (find(name) != PEG_NOT_FOUND)
+            throw AlreadyExistsException(String(kind) + " \"" + name.getString() + "\"");
+        append(handle);
+    }
+
+    /// The element's index, or PEG_NOT_FOUND.
+    Uint32 find(const CIMName& name) const {
+        const auto hasName = [&name](const Handle& handle) {
+            return HandleAccess::share(handle)->name().equal(name);
+        };
+        const auto found = std::find_if(_handles.begin(), _handles.end(), hasName);
+        return found == _handles.end() ? PEG_NOT_FOUND : static_cast<Uint32>(found - _handles.begin());
+    }
+
+    /// An index beyond the end throws IndexOutOfBoundsException.
+    const Handle& at(Uint32 index) const {
+        if (index >= _handles.size())
+            detail::throwIndexOutOfBounds();
+        return _handles[index];
+    }
+
+    void remove(Uint32 index) {
+        HandleAccess::rep(at(index)).leaveList();
+        _handles.erase(_handles.begin() + static_cast<std::ptrdiff_t>(index));
+    }
+
+    void clear() {
+        while (!_handles.empty())
+            remove(size() - 1);
+    }
+
+    Uint32 size() const noexcept { return static_cast<Uint32>(_handles.size()); }
+    void reserve(Uint32 count) { _handles.reserve(count); }
+
+    bool identical(const NamedList& other) const {
+        return std::equal(_handles.begin(), _handles.end(), other._handles.begin(), other._handles.end(),
+                          [](const Handle& x, const Handle& y) { return x.identical(y); });
+    }
+
+    auto begin() const noexcept { return _handles.begin(); }
+    auto end() const noexcept { return _handles.end(); }
+
+private:
+    void append(const Handle& handle) {
+        _handles.push_back(handle);
+        HandleAccess::rep(handle).enterList();
+    }
+
+    std::vector<Handle> _handles;
+};
+
+}  // namespace Pegasus
