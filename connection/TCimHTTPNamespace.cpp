@@ -25,12 +25,18 @@ constexpr const char* kPluginNameKey = "pluginNameQualDeclValue";
 
 }  // namespace
 
-TCimHTTPNamespace::TCimHTTPNamespace(bool replaceDuplicates, std::string name)
-    : replaceDuplicates_(replaceDuplicates), name_(std::move(name)) {}
+TCimHTTPNamespace::TCimHTTPNamespace(bool replaceDuplicates, std::string name) {
+    replaceDuplicates_ = replaceDuplicates;
+    name_ = std::move(name);
+}
 
-TCimHTTPNamespace::TCimHTTPNamespace(const TCimHTTPNamespace& other) = default;
+TCimHTTPNamespace::TCimHTTPNamespace(const TCimHTTPNamespace& other)
+    : ICIMNamespace(), boost::enable_shared_from_this<TCimHTTPNamespace>(other), TNamespaceState(other) {}
 
-TCimHTTPNamespace& TCimHTTPNamespace::operator=(const TCimHTTPNamespace& other) = default;
+TCimHTTPNamespace& TCimHTTPNamespace::operator=(const TCimHTTPNamespace& other) {
+    static_cast<TNamespaceState&>(*this) = other;
+    return *this;
+}
 
 ICIMNamespace& TCimHTTPNamespace::operator=(ICIMNamespace& other) {
     if (const auto* same = dynamic_cast<const TCimHTTPNamespace*>(&other)) {

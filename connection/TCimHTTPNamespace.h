@@ -2,25 +2,19 @@
 
 #include <boost/enable_shared_from_this.hpp>
 #include <boost/shared_ptr.hpp>
-#include <map>
-#include <set>
 #include <string>
 #include <vector>
 
 #include "connection/Export.h"
+#include "connection/TNamespaceState.h"
 #include "vskcore/ICIMNamespace.h"
 
 namespace Pegasus {
 class CIMClass;
 class CIMName;
-class CIMNamespaceName;
 }  // namespace Pegasus
 
 namespace NQELVSK20 {
-
-class PegClient;
-class TCimHTTPClass;
-class TCimHTTPQualifierDecl;
 
 /// A remote CIM namespace, reached on one or several management-controller nodes of the machine.
 ///
@@ -30,11 +24,12 @@ class TCimHTTPQualifierDecl;
 ///
 /// Not thread-safe: one thread at a time. Remote failures are logged and show as empty results.
 class CIMHTTP_EXPORT TCimHTTPNamespace : public ICIMNamespace,
-                                         public boost::enable_shared_from_this<TCimHTTPNamespace> {
+                                         public boost::enable_shared_from_this<TCimHTTPNamespace>,
+                                         private TNamespaceState {
 public:
     /// One map per node, in node order, each with one entry: the node key and the node's client. The clients
     /// belong to the namespace.
-    using NodeClients = std::vector<std::map<std::string, PegClient*>>;
+    using TNamespaceState::NodeClients;
 
     /// `replaceDuplicates` decides what a second class or qualifier declaration of a name does: replace the
     /// first, or be refused. `name` is the remote namespace path, e.g. "root/cimv2".
@@ -183,29 +178,8 @@ private:
     void AddQualifierDecl(boost::shared_ptr<TCimHTTPQualifierDecl> declaration);
     void DeclarePluginQualifier(const std::string& name, const std::string& defaultValue);
 
-    boost::shared_ptr<Pegasus::CIMNamespaceName> remoteName_;
-    PegClient* firstClient_ = nullptr;  // kept reachable, and alive, until the process ends
-    NodeClients nodes_;
-    std::vector<boost::shared_ptr<PegClient>> ownedClients_;  // those of nodes 1 and up, in node order
-    std::map<std::string, boost::shared_ptr<TCimHTTPQualifierDecl>> qualifierDecls_;
-    std::map<std::string, boost::shared_ptr<TCimHTTPClass>> classes_;
-    boost::shared_ptr<ICIMClass> rootClass_;
-    bool replaceDuplicates_;
-    boost::shared_ptr<ICIMNamespace> upcall_;
-    bool connected_ = false;
-    std::string pluginName_;
-    std::string name_;
-    std::set<std::string> pending_;  // keys of the classes being fetched: a class and its descendants
-    bool multiNode_ = false;
-    std::vector<std::string> hosts_;
-    std::vector<std::string> users_;
-    std::vector<std::string> passwords_;
-    unsigned int port_ = 0;
-    bool isEsxi5_ = false;
-    bool isEsxi_ = false;
-
-    static bool
-        detectionDone_;  // one hypervisor detection a process, for the first namespace that gets there
+    /// One hypervisor detection a process, for the first namespace that gets there.
+    static bool detectionDone_;
 };
 
 }  // namespace NQELVSK20

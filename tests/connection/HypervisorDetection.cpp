@@ -43,7 +43,7 @@ protected:
     std::size_t Detections() const {
         std::size_t count = 0;
         for (const std::string& request : machine_.Requests()) {
-            count += request == "0 EnumerateInstances VMware_HypervisorSoftwareIdentity" ? 1 : 0;
+            count += request == "0 EnumerateInstances VMware_HypervisorSoftwareIdentity" ? 1U : 0U;
         }
         return count;
     }

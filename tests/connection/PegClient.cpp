@@ -80,7 +80,7 @@ protected:
     std::size_t RequestsSeen(TestMachine& machine, const std::string& operation) {
         std::size_t count = 0;
         for (const auto& request : machine.Server().requests()) {
-            count += request.operation == operation ? 1 : 0;
+            count += request.operation == operation ? 1U : 0U;
         }
         return count;
     }
@@ -282,7 +282,7 @@ TEST_P(PegClientRequestTest, GivesUpWhenTheConnectionBreaksTwice) {
 }
 
 INSTANTIATE_TEST_SUITE_P(EachRequest, PegClientRequestTest, ::testing::ValuesIn(Requests()),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& request) { return std::string(request.param.name); });
 
 }  // namespace
 }  // namespace NQELVSK20
