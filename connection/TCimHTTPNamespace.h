@@ -180,6 +180,9 @@ private:
 
     /// One hypervisor detection a process, for the first namespace that gets there.
     static bool detectionDone_;
+
+    /// Time-out of a class's fetch in milliseconds: 15000, but in tests.
+    static unsigned int fetchTimeout_;
 };
 
 }  // namespace NQELVSK20

@@ -20,7 +20,6 @@ namespace NQELVSK20 {
 
 namespace {
 
-constexpr unsigned int kFetchTimeoutMs = 15000;
 constexpr const char* kPluginVersion = "1.0";
 
 // Every log line of one lookup begins so.
@@ -40,6 +39,8 @@ void DeclareNodeId(TCimHTTPClass& cimClass) {
 }
 
 }  // namespace
+
+unsigned int TCimHTTPNamespace::fetchTimeout_ = 15000;
 
 boost::shared_ptr<ICIMClass> TCimHTTPNamespace::GetClass(const std::string& name, TContext context) {
     if (!connected_) {
@@ -130,9 +131,9 @@ boost::shared_ptr<ICIMClass> TCimHTTPNamespace::FetchClass(const std::string& na
 }
 
 Pegasus::CIMClass TCimHTTPNamespace::FetchDefinition(const std::string& name, const TContext& context) {
-    const Pegasus::CIMClass definition = firstClient_->GetClass(
-        ToText(*remoteName_), name, RaisedTimeout(context, "GCTimeout", kFetchTimeoutMs), false, true, false,
-        Pegasus::CIMPropertyList());
+    const Pegasus::CIMClass definition =
+        firstClient_->GetClass(ToText(*remoteName_), name, RaisedTimeout(context, "GCTimeout", fetchTimeout_),
+                               false, true, false, Pegasus::CIMPropertyList());
     // The client keeps its time-outs to itself; here one is told from "no such class" again.
     if (definition.isUninitialized() && firstClient_->LastRequestTimedOut()) {
         throw Pegasus::ConnectionTimeoutException();
