@@ -31,6 +31,9 @@ public:
     /// instances and definitions of that node. Indexes above the last prepared node get generated data.
     static std::shared_ptr<Repository> sampleNode(unsigned nodeIndex);
 
+    /// Adds what sampleNode serves under "root/cimv2" to another namespace, e.g. "root/vqm2".
+    void addSample(const std::string& nameSpace, unsigned nodeIndex);
+
     class Data;
     /// The data themselves, owned by the repository; for the server's own use.
     Data& data() { return *data_; }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -19,12 +21,19 @@ struct Credentials {
 
 /// One listening socket and the data that it serves.
 struct Endpoint {
-    std::string address = "127.0.0.1";  ///< IPv4 or IPv6 address literal to bind to.
-    std::uint16_t port = 0;             ///< TCP port; 0 takes any free one.
-    bool tls = false;                   ///< HTTPS with the server's self-signed certificate.
-    bool onlyTls10 = false;             ///< Offer TLS 1.0 and its ciphers only, as old controllers do.
-    std::shared_ptr<Repository> repository;   ///< The node's data; shared between endpoints of one node.
-    std::optional<Credentials> credentials;   ///< Absent: no authentication.
+    std::string address = "127.0.0.1";       ///< IPv4 or IPv6 address literal to bind to.
+    std::uint16_t port = 0;                  ///< TCP port; 0 takes any free one.
+    bool tls = false;                        ///< HTTPS with the server's self-signed certificate.
+    bool onlyTls10 = false;                  ///< Offer TLS 1.0 and its ciphers only, as old controllers do.
+    std::shared_ptr<Repository> repository;  ///< The node's data; shared between endpoints of one node.
+    std::optional<Credentials> credentials;  ///< Absent: no authentication.
+    /// Chunked answers with trailers, in chunks of at most that many bytes, to requests that say
+    /// "TE: trailers"; 0: always Content-Length.
+    std::size_t chunkBytes = 0;
+    /// The server closes a connection, unannounced, after that many answers; 0: it never does.
+    std::size_t requestsPerConnection = 0;
+    /// Largest request body in bytes; a larger one is answered with 413. Default 16 MiB.
+    std::size_t maxBodyBytes = std::size_t{16} << 20;
 };
 
 /// One HTTP request as it arrived, for tests that look at what went over the wire.
@@ -69,6 +78,13 @@ public:
     /// Every request seen since the start or the last clearRequests, in order of arrival. A copy.
     std::vector<SeenRequest> requests() const;
     void clearRequests();
+
+    /// Whether requests are kept for requests(); on at first. A server that runs for long turns it off.
+    void keepRequests(bool on);
+
+    /// Calls `observer` with each request, on the server's thread, before the answer is sent; it must not
+    /// call back into the server. An empty function ends that.
+    void observe(std::function<void(const SeenRequest&)> observer);
 
     /// Number of TCP connections accepted since the start.
     std::size_t connectionsAccepted() const;

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace cimom {
+
+/// Status codes of CIM operations (DSP0200).
+enum class CimStatus {
+    Failed = 1,
+    AccessDenied = 2,
+    InvalidNamespace = 3,
+    InvalidParameter = 4,
+    InvalidClass = 5,
+    NotFound = 6,
+    NotSupported = 7,
+    NoSuchProperty = 12,
+    MethodNotAvailable = 16,
+    MethodNotFound = 17
+};
+
+/// An operation that ends in an ERROR element (DSP0201). The text becomes the element's DESCRIPTION.
+class CimError : public std::runtime_error {
+public:
+    CimError(CimStatus status, const std::string& description)
+        : std::runtime_error(description), status_(status) {}
+
+    CimStatus status() const { return status_; }
+
+private:
+    CimStatus status_;
+};
+
+}  // namespace cimom

@@ -1,0 +1,195 @@
+#include "cimom/IntrinsicOperations.h"
+
+#include <array>
+#include <string_view>
+
+#include "cimom/CimError.h"
+#include "cimom/ClassWriter.h"
+#include "cimom/InstanceWriter.h"
+#include "cimom/IntrinsicArguments.h"
+#include "cimom/Text.h"
+#include "cimom/Xml.h"
+
+namespace cimom {
+namespace {
+
+const ClassView& requireClass(const NameSpace& nameSpace, const std::string& name, CimStatus otherwise) {
+    const ClassView* view = nameSpace.classes.find(name);
+    if (view == nullptr) {
+        throw CimError(otherwise, "the class '" + name + "' does not exist in '" + nameSpace.name + "'");
+    }
+    return *view;
+}
+
+/// The class from whose subclasses an enumeration starts; null for the top of the hierarchy.
+const ClassView* findStart(const NameSpace& nameSpace, const std::string& name) {
+    return name.empty() ? nullptr : &requireClass(nameSpace, name, CimStatus::InvalidClass);
+}
+
+const Instance& requireInstance(NameSpace& nameSpace, ObjectPath path) {
+    const ClassView& type = requireClass(nameSpace, path.className, CimStatus::InvalidClass);
+    if (path.keys.size() == 1 && path.keys.front().name.empty()) {
+        for (const MemberView& property : type.properties) {
+            path.keys.front().name = property.isKey ? property.name : path.keys.front().name;
+        }
+    }
+    const Instance* instance = nameSpace.instances.find(path);
+    if (instance == nullptr) {
+        std::string text;
+        appendInstanceName(text, path);
+        throw CimError(CimStatus::NotFound, "there is no instance " + text);
+    }
+    return *instance;
+}
+
+ClassOptions readClassOptions(const IntrinsicArguments& arguments) {
+    ClassOptions options;
+    options.localOnly = arguments.boolean("LocalOnly", true);
+    options.includeQualifiers = arguments.boolean("IncludeQualifiers", true);
+    options.includeClassOrigin = arguments.boolean("IncludeClassOrigin", false);
+    return options;
+}
+
+InstanceOptions readInstanceOptions(const IntrinsicArguments& arguments) {
+    InstanceOptions options;
+    options.localOnly = arguments.boolean("LocalOnly", true);
+    options.includeQualifiers = arguments.boolean("IncludeQualifiers", false);
+    options.includeClassOrigin = arguments.boolean("IncludeClassOrigin", false);
+    options.properties = arguments.propertyList();
+    return options;
+}
+
+std::string getClass(const CimRequest& request, NameSpace& nameSpace) {
+    const IntrinsicArguments arguments(
+        request, {"ClassName", "LocalOnly", "IncludeQualifiers", "IncludeClassOrigin", "PropertyList"});
+    ClassOptions options = readClassOptions(arguments);
+    options.properties = arguments.propertyList();
+    const std::string name = arguments.requiredClassName("ClassName");
+    std::string out;
+    appendClass(out, requireClass(nameSpace, name, CimStatus::NotFound), options);
+    return out;
+}
+
+std::string enumerateClasses(const CimRequest& request, NameSpace& nameSpace) {
+    const IntrinsicArguments arguments(
+        request, {"ClassName", "DeepInheritance", "LocalOnly", "IncludeQualifiers", "IncludeClassOrigin"});
+    const ClassOptions options = readClassOptions(arguments);
+    const bool deep = arguments.boolean("DeepInheritance", false);
+    const ClassView* start = findStart(nameSpace, arguments.className("ClassName"));
+    std::string out;
+    for (const ClassView* view : nameSpace.classes.subclasses(start, deep)) {
+        appendClass(out, *view, options);
+    }
+    return out;
+}
+
+std::string enumerateClassNames(const CimRequest& request, NameSpace& nameSpace) {
+    const IntrinsicArguments arguments(request, {"ClassName", "DeepInheritance"});
+    const bool deep = arguments.boolean("DeepInheritance", false);
+    const ClassView* start = findStart(nameSpace, arguments.className("ClassName"));
+    std::string out;
+    for (const ClassView* view : nameSpace.classes.subclasses(start, deep)) {
+        out += "<CLASSNAME";
+        appendAttribute(out, "NAME", view->name);
+        out += "></CLASSNAME>";
+    }
+    return out;
+}
+
+std::string getInstance(const CimRequest& request, NameSpace& nameSpace) {
+    const IntrinsicArguments arguments(
+        request, {"InstanceName", "LocalOnly", "IncludeQualifiers", "IncludeClassOrigin", "PropertyList"});
+    InstanceWriter writer(readInstanceOptions(arguments));
+    std::string out;
+    writer.append(out, requireInstance(nameSpace, arguments.requiredInstanceName("InstanceName")));
+    return out;
+}
+
+std::string enumerateInstances(const CimRequest& request, NameSpace& nameSpace) {
+    const IntrinsicArguments arguments(request, {"ClassName", "LocalOnly", "DeepInheritance",
+                                                 "IncludeQualifiers", "IncludeClassOrigin", "PropertyList"});
+    InstanceOptions options = readInstanceOptions(arguments);
+    const ClassView& type =
+        requireClass(nameSpace, arguments.requiredClassName("ClassName"), CimStatus::InvalidClass);
+    options.limitedTo = arguments.boolean("DeepInheritance", true) ? nullptr : &type;
+    InstanceWriter writer(std::move(options));
+    std::string out;
+    for (const Instance* instance : nameSpace.instances.ofClassAndBelow(type)) {
+        out += "<VALUE.NAMEDINSTANCE>";
+        out += instance->nameXml();
+        writer.append(out, *instance);
+        out += "</VALUE.NAMEDINSTANCE>";
+    }
+    return out;
+}
+
+std::string enumerateInstanceNames(const CimRequest& request, NameSpace& nameSpace) {
+    const IntrinsicArguments arguments(request, {"ClassName"});
+    const ClassView& type =
+        requireClass(nameSpace, arguments.requiredClassName("ClassName"), CimStatus::InvalidClass);
+    std::string out;
+    for (const Instance* instance : nameSpace.instances.ofClassAndBelow(type)) {
+        out += instance->nameXml();
+    }
+    return out;
+}
+
+std::string getProperty(const CimRequest& request, NameSpace& nameSpace) {
+    const IntrinsicArguments arguments(request, {"InstanceName", "PropertyName"});
+    const Instance& instance = requireInstance(nameSpace, arguments.requiredInstanceName("InstanceName"));
+    const std::string name = arguments.requiredText("PropertyName");
+    if (instance.type().findProperty(name) < 0) {
+        throw CimError(CimStatus::NoSuchProperty,
+                       "the class '" + instance.type().name + "' has no property '" + name + "'");
+    }
+    return instance.valueXml(name);
+}
+
+std::string getQualifier(const CimRequest& request, NameSpace& nameSpace) {
+    const IntrinsicArguments arguments(request, {"QualifierName"});
+    const std::string name = arguments.requiredText("QualifierName");
+    const pugi::xml_node declaration = nameSpace.qualifiers.find(name);
+    if (!declaration) {
+        throw CimError(CimStatus::NotFound, "there is no qualifier declaration '" + name + "'");
+    }
+    std::string out;
+    appendElement(out, declaration);
+    return out;
+}
+
+std::string enumerateQualifiers(const CimRequest& request, NameSpace& nameSpace) {
+    const IntrinsicArguments arguments(request, {});
+    std::string out;
+    for (const pugi::xml_node declaration : nameSpace.qualifiers.all()) {
+        appendElement(out, declaration);
+    }
+    return out;
+}
+
+struct Operation {
+    std::string_view name;
+    std::string (*run)(const CimRequest&, NameSpace&);
+};
+
+constexpr std::array<Operation, 9> kOperations{{{"GetClass", getClass},
+                                                {"EnumerateClasses", enumerateClasses},
+                                                {"EnumerateClassNames", enumerateClassNames},
+                                                {"GetInstance", getInstance},
+                                                {"EnumerateInstances", enumerateInstances},
+                                                {"EnumerateInstanceNames", enumerateInstanceNames},
+                                                {"GetProperty", getProperty},
+                                                {"GetQualifier", getQualifier},
+                                                {"EnumerateQualifiers", enumerateQualifiers}}};
+
+}  // namespace
+
+std::string runIntrinsicOperation(const CimRequest& request, NameSpace& nameSpace) {
+    for (const Operation& operation : kOperations) {
+        if (sameName(operation.name, request.operation)) {
+            return operation.run(request, nameSpace);
+        }
+    }
+    throw CimError(CimStatus::NotSupported, "the operation '" + request.operation + "' is not supported");
+}
+
+}  // namespace cimom

@@ -1,0 +1,82 @@
+#include "cimom/MethodTable.h"
+
+#include <array>
+#include <string_view>
+
+#include "cimom/CimError.h"
+#include "cimom/Text.h"
+#include "cimom/Xml.h"
+#include "cimom/methods/DeviceMethods.h"
+#include "cimom/methods/EchoMethods.h"
+#include "cimom/methods/SystemMethods.h"
+
+namespace cimom {
+namespace {
+
+/// A method, implemented for a class and all that inherit from it. An empty method name stands for every
+/// method of the class.
+struct Entry {
+    std::string_view className;
+    std::string_view method;
+    MethodResult (*run)(const MethodCall&);
+};
+
+constexpr std::array<Entry, 5> kMethods{
+    {{"OMC_EchoService", "", echo},
+     {"CIM_EnabledLogicalElement", "RequestStateChange", requestStateChange},
+     {"CIM_LogicalDevice", "Reset", resetDevice},
+     {"CIM_NumericSensor", "RestoreDefaultThresholds", restoreDefaultThresholds},
+     {"CIM_NumericSensor", "GetNonLinearFactors", getNonLinearFactors}}};
+
+const Entry* findImplementation(const ClassView& type, const std::string& method) {
+    for (const ClassView* view = &type; view != nullptr; view = view->superClass) {
+        for (const Entry& entry : kMethods) {
+            const bool named = entry.method.empty() ? view->element.child("METHOD") != nullptr
+                                                    : sameName(entry.method, method);
+            if (sameName(entry.className, view->name) && named) {
+                return &entry;
+            }
+        }
+    }
+    return nullptr;
+}
+
+void appendReturnValue(std::string& out, const MethodCall& call, const MethodResult& result) {
+    if (result.returnXml.empty()) {
+        return;
+    }
+    out += "<RETURNVALUE";
+    appendAttribute(out, "PARAMTYPE", call.method->type());
+    out.append(">").append(result.returnXml).append("</RETURNVALUE>");
+}
+
+void appendOutParameters(std::string& out, const MethodCall& call, const MethodResult& result) {
+    for (const ParameterView& parameter : call.method->parameters) {
+        for (const MethodResult::Out& value : result.out) {
+            if (value.name == parameter.name) {
+                out += "<PARAMVALUE";
+                appendAttribute(out, "NAME", parameter.name);
+                appendAttribute(out, "PARAMTYPE", parameter.type());
+                out.append(">").append(value.valueXml).append("</PARAMVALUE>");
+            }
+        }
+    }
+}
+
+}  // namespace
+
+std::string runExtrinsicMethod(const CimRequest& request, NameSpace& nameSpace) {
+    const MethodCall call = MethodCall::prepare(request, nameSpace);
+    const Entry* implementation = findImplementation(*call.type, request.operation);
+    if (implementation == nullptr) {
+        throw CimError(CimStatus::MethodNotAvailable,
+                       "the method '" + call.method->name + "' is declared but not implemented");
+    }
+    const MethodResult result = implementation->run(call);
+    std::string out;
+    appendReturnValue(out, call, result);
+    appendOutParameters(out, call, result);
+    return out;
+}
+
+}  // namespace cimom

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+#include "cimom/MethodCall.h"
+
+namespace cimom {
+
+/// Carries out an extrinsic method and returns what goes into its METHODRESPONSE element. Throws CimError:
+/// not found for a missing target, method not found when the class declares no such method, method not
+/// available when it does but nothing in this server implements it, invalid parameter.
+std::string runExtrinsicMethod(const CimRequest& request, NameSpace& nameSpace);
+
+}  // namespace cimom
