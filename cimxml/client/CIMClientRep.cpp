@@ -7,10 +7,10 @@
 #include "cimxml/client/AnswerCheck.h"
 #include "cimxml/client/ErrorTranslation.h"
 #include "cimxml/client/SSLCallback.h"
+#include "cimxml/common/Utf8.h"
 #include "cimxml/wire/TcpStream.h"
 #include "cimxml/wire/TlsStream.h"
 #include "cimxml/wire/WireError.h"
-#include "cimxml/wire/XmlText.h"
 
 namespace Pegasus {
 
@@ -21,7 +21,6 @@ using cimxml::RequestWriter;
 using cimxml::ResponseReader;
 using cimxml::TcpStream;
 using cimxml::TlsStream;
-using cimxml::toUtf8;
 using cimxml::WireError;
 
 namespace {

@@ -10,7 +10,7 @@
 #include <string>
 
 #include "cimxml/client/ApiText.h"
-#include "cimxml/wire/XmlText.h"
+#include "cimxml/common/Utf8.h"
 
 namespace Pegasus {
 
@@ -38,10 +38,10 @@ CIMDateTime timeOf(const ASN1_TIME* time) {
 
 std::shared_ptr<const cimxml::TlsContext> SSLCallback::makeContext(const SSLContext& context) {
     cimxml::TlsSettings settings;
-    settings.trustStore = cimxml::toUtf8(context.getTrustStore());
-    settings.crlStore = cimxml::toUtf8(context.getCRLPath());
-    settings.certificateFile = cimxml::toUtf8(context.getCertPath());
-    settings.keyFile = cimxml::toUtf8(context.getKeyPath());
+    settings.trustStore = toUtf8(context.getTrustStore());
+    settings.crlStore = toUtf8(context.getCRLPath());
+    settings.certificateFile = toUtf8(context.getCertPath());
+    settings.keyFile = toUtf8(context.getKeyPath());
     if (SSLCertificateVerifyFunction* verify = context.getSSLCertificateVerifyFunction()) {
         settings.verify = [verify](bool accepted, x509_store_ctx_st* certificate) {
             return ask(verify, accepted, certificate);

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "cimxml/common/Utf8.h"
 #include "cimxml/wire/Ascii.h"
 #include "cimxml/wire/Scalars.h"
 #include "cimxml/wire/XmlNode.h"
@@ -134,7 +135,7 @@ CIMObjectPath PathReader::readObjectName(pugi::xml_node node, const Place& place
         return CIMObjectPath(place.host, place.nameSpace, className,
                              isInstance ? readKeys(node) : Array<CIMKeyBinding>());
     } catch (const MalformedObjectNameException& error) {
-        failAt(node, std::string("a valid object path: ") + (const char*)error.getMessage().getCString());
+        failAt(node, "a valid object path: " + toUtf8(error.getMessage()));
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "cimxml/common/Utf8.h"
 #include "cimxml/wire/XmlText.h"
 
 namespace cimxml {

@@ -8,6 +8,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "cimxml/common/Utf8.h"
 #include "cimxml/wire/ObjectWriter.h"
 #include "cimxml/wire/PathWriter.h"
 #include "cimxml/wire/XmlText.h"

@@ -1,11 +1,8 @@
 #include "cimxml/wire/XmlText.h"
 
-namespace cimxml {
+#include "cimxml/common/Utf8.h"
 
-std::string toUtf8(const Pegasus::String& text) {
-    const char* utf8 = text.getCString();
-    return text.size() == 0 ? std::string() : std::string(utf8);
-}
+namespace cimxml {
 
 void appendEscaped(std::string& out, std::string_view text) {
     for (const char c : text) {

@@ -7,9 +7,6 @@
 
 namespace cimxml {
 
-/// An API text in UTF-8.
-std::string toUtf8(const Pegasus::String& text);
-
 /// Appends UTF-8 `text` escaped so that it means itself in an element's content and in an attribute value in
 /// double quotes, and keeps its line ends there.
 void appendEscaped(std::string& out, std::string_view text);
