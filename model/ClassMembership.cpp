@@ -105,7 +105,7 @@ void TCimHTTPClass::AddSubclass(boost::shared_ptr<ICIMClass> subclass, TContext)
         remote->superclass_ = shared_from_this();
     }
     for (auto& known : subclasses_) {
-        if (SameName(known->GetName(TContext()), subclass->GetName(TContext()))) {
+        if (EqualByName(known->GetName(TContext()), subclass->GetName(TContext()))) {
             known = subclass;
             return;
         }

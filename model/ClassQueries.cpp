@@ -132,7 +132,7 @@ void TCimHTTPClass::EnumerateReferencedClasses(const ClassCallback& callback, TC
 
 void TCimHTTPClass::EnumerateReferencedClassesByName(const std::string& className,
                                                      const ClassCallback& callback, TContext) const {
-    WalkReferencedClasses([&](const std::string& name) { return SameName(name, className); }, callback);
+    WalkReferencedClasses([&](const std::string& name) { return EqualByName(name, className); }, callback);
 }
 
 void TCimHTTPClass::WalkReferencedClasses(const NameCallback& isWanted, const ClassCallback& callback) const {

@@ -4,11 +4,11 @@
 
 namespace NQELVSK20 {
 
-bool SameName(const std::string& left, const std::string& right) {
+bool EqualByName(const std::string& left, const std::string& right) {
     return TCimHTTPNamespace::NormalizeName(left) == TCimHTTPNamespace::NormalizeName(right);
 }
 
-bool NameLess(const std::string& left, const std::string& right) {
+bool LessByName(const std::string& left, const std::string& right) {
     return TCimHTTPNamespace::NormalizeName(left) < TCimHTTPNamespace::NormalizeName(right);
 }
 

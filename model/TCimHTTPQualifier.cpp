@@ -85,11 +85,11 @@ unsigned int TCimHTTPQualifier::GetFlavor(TContext) const {
 }
 
 bool TCimHTTPQualifier::operator==(const ICIMQualifier& other) const {
-    return SameName(GetName(TContext()), other.GetName(TContext()));
+    return EqualByName(GetName(TContext()), other.GetName(TContext()));
 }
 
 bool TCimHTTPQualifier::operator<(const ICIMQualifier& other) const {
-    return NameLess(GetName(TContext()), other.GetName(TContext()));
+    return LessByName(GetName(TContext()), other.GetName(TContext()));
 }
 
 bool TCimHTTPQualifier::IsPropagated(TContext) const {

@@ -65,11 +65,11 @@ unsigned int TCimHTTPQualifierDecl::GetFlavor(TContext) const {
 }
 
 bool TCimHTTPQualifierDecl::operator==(const ICIMQualifierDecl& other) const {
-    return SameName(name_, other.GetName(TContext()));
+    return EqualByName(name_, other.GetName(TContext()));
 }
 
 bool TCimHTTPQualifierDecl::operator<(const ICIMQualifierDecl& other) const {
-    return NameLess(name_, other.GetName(TContext()));
+    return LessByName(name_, other.GetName(TContext()));
 }
 
 TCimHTTPQualifierDecl& TCimHTTPQualifierDecl::operator=(const ICIMQualifierDecl&) {

@@ -70,12 +70,12 @@ const std::string& TNamedElement<TInterface>::GetName(TContext) const {
 
 template <class TInterface>
 bool TNamedElement<TInterface>::operator==(const TInterface& other) const {
-    return SameName(name_, other.GetName(TContext()));
+    return EqualByName(name_, other.GetName(TContext()));
 }
 
 template <class TInterface>
 bool TNamedElement<TInterface>::operator<(const TInterface& other) const {
-    return NameLess(name_, other.GetName(TContext()));
+    return LessByName(name_, other.GetName(TContext()));
 }
 
 template <class TInterface>
