@@ -1,0 +1,108 @@
+#include "model/TCimHTTPMethodDecl.h"
+
+#include "tests/model/ElementTest.h"
+
+namespace NQELVSK20 {
+namespace {
+
+using Names = std::vector<std::string>;
+
+class MethodDecl : public ElementTest {
+protected:
+    void AddParameter(const std::string& name) {
+        method_->AllocateParameterDecl(name, TCIMValue::TCIMType::eString, TContext())->Commit(TContext());
+    }
+
+    Names ParameterNames() const {
+        Names names;
+        method_->EnumerateParameterDecls(
+            [&](boost::shared_ptr<ICIMParameterDecl> parameter) {
+                names.push_back(parameter->GetName(TContext()));
+                return true;
+            },
+            TContext());
+        return names;
+    }
+};
+
+TEST_F(MethodDecl, BelongsToItsClassAndHasItsReturnType) {
+    EXPECT_EQ(method_->GetClass(TContext()), class_);
+    EXPECT_EQ(method_->GetType(TContext()), TCIMValue::TCIMType::eUint32);
+}
+
+TEST_F(MethodDecl, AllocatesAParameterWithoutAddingIt) {
+    const auto parameter =
+        method_->AllocateParameterDecl("Mode", TCIMValue::TCIMType::eUint16Array, TContext());
+    EXPECT_EQ(parameter->GetName(TContext()), "Mode");
+    EXPECT_EQ(parameter->GetType(TContext()), TCIMValue::TCIMType::eUint16Array);
+    EXPECT_EQ(parameter->GetMethod(TContext()), method_);
+    EXPECT_FALSE(method_->GetParameterDecl("Mode", TContext()));
+}
+
+TEST_F(MethodDecl, FindsAParameterInAnyLetterCase) {
+    const auto parameter = method_->AllocateParameterDecl("Mode", TCIMValue::TCIMType::eString, TContext());
+    parameter->Commit(TContext());
+    EXPECT_EQ(method_->GetParameterDecl("MODE", TContext()), parameter);
+}
+
+TEST_F(MethodDecl, GivesAnEmptyPointerForAnAbsentParameter) {
+    EXPECT_FALSE(method_->GetParameterDecl("Mode", TContext()));
+    EXPECT_TRUE(log_.Lines().empty());
+}
+
+TEST_F(MethodDecl, EnumeratesParametersInTheOrderOfNormalisedNames) {
+    for (const char* name : {"Zone", "alpha", "Beta"}) {
+        AddParameter(name);
+    }
+    EXPECT_EQ(ParameterNames(), (Names{"alpha", "Beta", "Zone"}));
+}
+
+TEST_F(MethodDecl, StopsEnumeratingParametersAtTheFirstFalse) {
+    for (const char* name : {"A", "B", "C"}) {
+        AddParameter(name);
+    }
+    int calls = 0;
+    method_->EnumerateParameterDecls([&](boost::shared_ptr<ICIMParameterDecl>) { return ++calls < 2; },
+                                     TContext());
+    EXPECT_EQ(calls, 2);
+}
+
+TEST_F(MethodDecl, EntersItsClassWithCommit) {
+    EXPECT_FALSE(class_->GetMethodDecl("Reset", TContext()));
+    method_->Commit(TContext());
+    EXPECT_EQ(class_->GetMethodDecl("RESET", TContext()), method_);
+}
+
+TEST_F(MethodDecl, IsRefusedByItsClassWhenItsNameIsTaken) {
+    method_->Commit(TContext());
+    log_.Clear();
+    EXPECT_EQ(StatusOf([&] { MakeMethod("RESET")->Commit(TContext()); }), eVSKAlreadyExists);
+    const std::vector<RecordingLogger::Line> expected{
+        {0, "TCimHTTP: Attempt to add method RESET to class CIM_Fan: already exists"}};
+    EXPECT_EQ(log_.Lines(), expected);
+    EXPECT_EQ(class_->GetMethodDecl("Reset", TContext()), method_);
+}
+
+TEST_F(MethodDecl, IsValidatedBeforeItEntersItsClass) {
+    EXPECT_EQ(StatusOf([&] { MakeMethod("Re set")->Commit(TContext()); }), eVSKInvalidName);
+    const std::vector<RecordingLogger::Line> expected{{0, "CimHTTP: CIM name 'Re set' is invalid"}};
+    EXPECT_EQ(log_.Lines(), expected);
+}
+
+TEST_F(MethodDecl, DoesNotKeepItsClassAlive) {
+    class_.reset();
+    EXPECT_FALSE(method_->GetClass(TContext()));
+    ExpectMissingPointer(log_, "TCimHTTPMethodDecl::Commit", [&] { method_->Commit(TContext()); });
+}
+
+TEST_F(MethodDecl, KeepsItsTypeAndParametersWhenAssignedTo) {
+    AddParameter("Mode");
+    const boost::shared_ptr<TCimHTTPMethodDecl> source(
+        new TCimHTTPMethodDecl(class_, "Other", TCIMValue::TCIMType::eString));
+    *method_ = *source;
+    EXPECT_EQ(method_->GetType(TContext()), TCIMValue::TCIMType::eUint32);
+    EXPECT_EQ(ParameterNames(), Names{"Mode"});
+}
+
+}  // namespace
+}  // namespace NQELVSK20
