@@ -1,0 +1,172 @@
+#include "vskcore/TCIMCopy.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/host/Schema.h"
+#include "tests/support/StatusOf.h"
+#include "union/TInmemClass.h"
+#include "union/TInmemMethodDecl.h"
+#include "union/TInmemParameterDecl.h"
+#include "vskcore/ICIMQualifier.h"
+
+namespace NQELVSK20 {
+namespace {
+
+using TType = TCIMValue::TCIMType;
+
+class TCIMCopyTest : public ::testing::Test {
+protected:
+    TCIMCopyTest() {
+        AddKey(element_, "InstanceID");
+        Qualify(fan_, "DESCRIPTION", TCIMValue("A fan"));
+        Qualify(AddProperty(fan_, "DesiredSpeed", TCIMValue(3000ULL)), "DESCRIPTION", TCIMValue("rpm"));
+        AddProperty(fan_, "States", TCIMValue(TType::eUint16Array, 0));
+        const auto method = fan_->AllocateMethodDecl("SetSpeed", TType::eUint32, {});
+        Qualify(method, "DESCRIPTION", TCIMValue("Sets it"));
+        const auto parameter = method->AllocateParameterDecl("Speeds", TType::eUint64Array, {});
+        Qualify(parameter, "DESCRIPTION", TCIMValue("in rpm"));
+        parameter->Commit({});
+        method->AllocateParameterDecl("Force", TType::eBoolean, {})->Commit({});
+        method->Commit({});
+    }
+
+    boost::shared_ptr<ICIMClass> Copy(const boost::shared_ptr<ICIMClass>& source) {
+        TCIMCopy::CopyClass(source, target_);
+        return target_->GetClass(source->GetName({}), {});
+    }
+
+    static std::string Description(const boost::shared_ptr<ICIMNamedElement>& element) {
+        return element->GetQualifier("DESCRIPTION", {})->GetValue({}).ToString(10);
+    }
+
+    boost::shared_ptr<TUnionNamespace> source_ = MakeUnion();
+    boost::shared_ptr<TUnionNamespace> target_{new TUnionNamespace};
+    boost::shared_ptr<ICIMClass> element_ = MakeClass(*source_, "CIM_ManagedElement");
+    boost::shared_ptr<ICIMClass> device_ = MakeClass(*source_, "CIM_LogicalDevice", element_);
+    boost::shared_ptr<ICIMClass> fan_ = MakeClass(*source_, "CIM_Fan", device_);
+};
+
+TEST_F(TCIMCopyTest, EntersACopyIntoTheTargetAndLeavesTheSource) {
+    const auto copy = Copy(fan_);
+    ASSERT_TRUE(copy);
+    EXPECT_NE(copy, fan_);
+    EXPECT_EQ(copy->GetName({}), "CIM_Fan");
+    EXPECT_EQ(copy->GetNamespace({}), target_);
+    EXPECT_EQ(source_->GetClass("CIM_Fan", {}), fan_);
+}
+
+TEST_F(TCIMCopyTest, CopiesTheSuperclassChainThatTheTargetLacks) {
+    const auto copy = Copy(fan_);
+    const auto device = copy->GetSuperClass({});
+    ASSERT_TRUE(device);
+    EXPECT_EQ(device, target_->GetClass("CIM_LogicalDevice", {}));
+    EXPECT_EQ(device->GetSuperClass({}), target_->GetClass("CIM_ManagedElement", {}));
+    EXPECT_EQ(device->GetSuperClass({})->GetNamespace({}), target_);
+    EXPECT_TRUE(device->GetSuperClass({})->IsTopLevel({}));
+}
+
+TEST_F(TCIMCopyTest, TakesTheSuperclassThatTheTargetHas) {
+    const auto device = MakeClass(*target_, "cim_logicaldevice");
+    EXPECT_EQ(Copy(fan_)->GetSuperClass({}), device);
+    EXPECT_FALSE(target_->GetClass("CIM_ManagedElement", {}));
+}
+
+TEST_F(TCIMCopyTest, CopiesPropertiesWithTypeValueAndQualifiers) {
+    const auto copy = Copy(fan_);
+    const auto speed = copy->GetPropertyDecl("DesiredSpeed", {});
+    EXPECT_EQ(speed->GetName({}), "DesiredSpeed");
+    EXPECT_FALSE(speed->GetValue({}) != TCIMValue(3000ULL));
+    EXPECT_EQ(Description(speed), "rpm");
+    EXPECT_EQ(speed->GetClass({}), copy);
+    const auto states = copy->GetPropertyDecl("States", {});
+    EXPECT_EQ(states->GetType({}), TType::eUint16Array);
+    EXPECT_TRUE(states->IsArray({}));
+    EXPECT_TRUE(states->GetValue({}).IsNull());
+}
+
+TEST_F(TCIMCopyTest, CopiesMethodsWithTheirParametersAndQualifiers) {
+    const auto copy = Copy(fan_);
+    const auto method = copy->GetMethodDecl("SetSpeed", {});
+    ASSERT_TRUE(method);
+    EXPECT_EQ(method->GetType({}), TType::eUint32);
+    EXPECT_EQ(method->GetClass({}), copy);
+    EXPECT_EQ(Description(method), "Sets it");
+    EXPECT_EQ(NamesFrom<ICIMParameterDecl>(
+                  [&method](const auto& add) { method->EnumerateParameterDecls(add, {}); }),
+              (std::vector<std::string>{"Force", "Speeds"}));
+    const auto speeds = method->GetParameterDecl("Speeds", {});
+    EXPECT_EQ(speeds->GetType({}), TType::eUint64Array);
+    EXPECT_EQ(Description(speeds), "in rpm");
+    EXPECT_EQ(method->GetParameterDecl("Force", {})->GetType({}), TType::eBoolean);
+}
+
+TEST_F(TCIMCopyTest, CopiesClassQualifiersAndTheDeclarationsThatTheTargetLacks) {
+    const auto copy = Copy(fan_);
+    EXPECT_EQ(Description(boost::dynamic_pointer_cast<ICIMNamedElement>(copy)), "A fan");
+    const auto declaration = target_->GetQualifierDecl("DESCRIPTION", {});
+    ASSERT_TRUE(declaration);
+    EXPECT_EQ(declaration->GetNamespace({}), target_);
+    EXPECT_FALSE(declaration->GetValue({}) != TCIMValue(""));
+    EXPECT_EQ(declaration->GetScope({}), ICIMQualifierDecl::eScopeAny);
+    EXPECT_EQ(declaration->GetFlavor({}), ICIMQualifierDecl::eFlavorEnableOverride);
+    EXPECT_FALSE(target_->GetQualifierDecl("ASSOCIATION", {}));
+}
+
+TEST_F(TCIMCopyTest, KeepsTheDeclarationThatTheTargetHasAndTheQualifiersFlavor) {
+    const auto declaration =
+        DeclareQualifier(*target_, "description", TCIMValue("none"), ICIMQualifierDecl::eScopeClass,
+                         ICIMQualifierDecl::eFlavorTranslatable);
+    const auto copy = boost::dynamic_pointer_cast<ICIMNamedElement>(Copy(fan_));
+    EXPECT_EQ(target_->GetQualifierDecl("DESCRIPTION", {}), declaration);
+    const auto qualifier = copy->GetQualifier("DESCRIPTION", {});
+    EXPECT_EQ(qualifier->GetQualifierDecl({}), declaration);
+    EXPECT_EQ(qualifier->GetFlavor({}), ICIMQualifierDecl::eFlavorEnableOverride);
+}
+
+TEST_F(TCIMCopyTest, CopiesAnAssociationWithItsReferences) {
+    const auto link = MakeClass(*source_, "CIM_Link");
+    Qualify(link, "ASSOCIATION", TCIMValue(true));
+    TCIMValue reference(TType::eReference, 0);
+    reference.SetReferencedClass(fan_);
+    AddKey(link, "Dependent", reference);
+    const auto copy = Copy(link);
+    EXPECT_TRUE(copy->IsAssociation({}));
+    const auto dependent = copy->GetPropertyDecl("Dependent", {});
+    EXPECT_TRUE(dependent->GetValue({}).IsReference());
+    EXPECT_EQ(dependent->GetValue({}).GetReferencedClass(), fan_);
+}
+
+/// A namespace whose classes come with members: a property and a class qualifier, as a plug-in's do.
+class StampingNamespace : public TUnionNamespace {
+public:
+    using TUnionNamespace::operator=;
+    boost::shared_ptr<ICIMClass> AllocateClass(const std::string& name,
+                                               boost::shared_ptr<ICIMClass> superclass,
+                                               TContext context) override {
+        auto cimClass = TUnionNamespace::AllocateClass(name, superclass, context);
+        AddProperty(cimClass, "DESIREDSPEED", TCIMValue("stamped"));
+        Qualify(cimClass, "DESCRIPTION", TCIMValue("stamped"));
+        cimClass->AllocateMethodDecl("SETSPEED", TType::eString, {})->Commit({});
+        return cimClass;
+    }
+};
+
+TEST_F(TCIMCopyTest, LeavesMembersAloneThatTheNewClassComesWith) {
+    const boost::shared_ptr<TUnionNamespace> target(new StampingNamespace);
+    DeclareQualifier(*target, "DESCRIPTION", TCIMValue(""));
+    TCIMCopy::CopyClass(element_, target);
+    TCIMCopy::CopyClass(fan_, target);
+    const auto copy = target->GetClass("CIM_Fan", {});
+    EXPECT_EQ(copy->GetPropertyDecl("DesiredSpeed", {})->GetValue({}).ToString(10), "stamped");
+    EXPECT_EQ(Description(boost::dynamic_pointer_cast<ICIMNamedElement>(copy)), "stamped");
+    EXPECT_EQ(copy->GetMethodDecl("SetSpeed", {})->GetType({}), TType::eString);
+    EXPECT_TRUE(copy->GetPropertyDecl("States", {}));
+}
+
+TEST_F(TCIMCopyTest, LetsTheTargetsRefusalsPass) {
+    const boost::shared_ptr<ICIMNamespace> refusing(new TMinimalNamespace);
+    EXPECT_EQ(StatusOf([&] { TCIMCopy::CopyClass(element_, refusing); }), eVSKNotSupported);
+}
+
+}  // namespace
+}  // namespace NQELVSK20
