@@ -28,17 +28,22 @@ public:
     Array() noexcept = default;
     Array(const Array& other) noexcept : _block(other._block) { retain(); }
     Array(Array&& other) noexcept : _block(std::exchange(other._block, nullptr)) {}
-    Array(Uint32 size) : _block(allocate(size)) {
+    Array(Uint32 size) : Array() {
+        _block = allocate(size);
         Filler filler{_block};
-        while (_block->size < size)
+        for (Uint32 i = 0; i < size; ++i)
             filler.add();
     }
-    Array(Uint32 size, const T& x) : _block(allocate(size)) {
+    Array(Uint32 size, const T& x) : Array() {
+        _block = allocate(size);
         Filler filler{_block};
-        while (_block->size < size)
+        for (Uint32 i = 0; i < size; ++i)
             filler.add(x);
     }
-    Array(const T* items, Uint32 size) : _block(allocate(size)) { Filler{_block}.addCopies(items, size); }
+    Array(const T* items, Uint32 size) : Array() {
+        _block = allocate(size);
+        Filler{_block}.addCopies(items, size);
+    }
     ~Array() { release(_block); }
 
     Array& operator=(const Array& other) noexcept {
