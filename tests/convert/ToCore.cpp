@@ -72,7 +72,7 @@ using Numbers =
                      Number<Pegasus::Real64, double, Pegasus::CIMTYPE_REAL64, Type::eReal64>>;
 
 template <class T>
-class NumberToCore : public ::testing::Test {
+class NumberToCoreTest : public ::testing::Test {
 protected:
     using Remote = typename T::Remote;
     using Host = typename T::Host;
@@ -83,9 +83,9 @@ protected:
     }
 };
 
-TYPED_TEST_SUITE(NumberToCore, Numbers);
+TYPED_TEST_SUITE(NumberToCoreTest, Numbers);
 
-TYPED_TEST(NumberToCore, KeepsEveryExtreme) {
+TYPED_TEST(NumberToCoreTest, KeepsEveryExtreme) {
     for (const auto number : TestFixture::Extremes()) {
         const TCIMValue value = Convert(CIMValue(number));
         EXPECT_EQ(value.GetType(), TypeParam::kCode);
@@ -94,11 +94,11 @@ TYPED_TEST(NumberToCore, KeepsEveryExtreme) {
     }
 }
 
-TYPED_TEST(NumberToCore, OfANullIsZero) {
+TYPED_TEST(NumberToCoreTest, OfANullIsZero) {
     ExpectSame(Convert(CIMValue(TypeParam::kType, false)), TCIMValue(typename TypeParam::Host(0)));
 }
 
-TYPED_TEST(NumberToCore, ArrayCarriesTheScalarCodeAndKeepsOrderAndExtremes) {
+TYPED_TEST(NumberToCoreTest, ArrayCarriesTheScalarCodeAndKeepsOrderAndExtremes) {
     const auto numbers = TestFixture::Extremes();
     const Pegasus::Array<typename TypeParam::Remote> remote(numbers.data(),
                                                             static_cast<Pegasus::Uint32>(numbers.size()));
@@ -113,13 +113,13 @@ TYPED_TEST(NumberToCore, ArrayCarriesTheScalarCodeAndKeepsOrderAndExtremes) {
     }
 }
 
-TYPED_TEST(NumberToCore, OfANullOrEmptyArrayIsAnEmptyArray) {
+TYPED_TEST(NumberToCoreTest, OfANullOrEmptyArrayIsAnEmptyArray) {
     const TCIMValue empty(TypeParam::kCode, 0, std::vector<TCIMValue>());
     ExpectSame(Convert(CIMValue(TypeParam::kType, true)), empty);
     ExpectSame(Convert(CIMValue(Pegasus::Array<typename TypeParam::Remote>())), empty);
 }
 
-TYPED_TEST(NumberToCore, OfAValueOfAnotherTypeThrowsAndLeavesOutUntouched) {
+TYPED_TEST(NumberToCoreTest, OfAValueOfAnotherTypeThrowsAndLeavesOutUntouched) {
     TCIMValue out(kUntouched);
     const CIMValue text{Pegasus::String("1")};
     EXPECT_THROW(ConvertToCoreValue("Name", text, TypeParam::kType, false, out, {}),
@@ -129,14 +129,14 @@ TYPED_TEST(NumberToCore, OfAValueOfAnotherTypeThrowsAndLeavesOutUntouched) {
     ExpectSame(out, kUntouched);
 }
 
-TEST(RealToCore, KeepsInfinitiesAndNotANumber) {
+TEST(RealToCoreTest, KeepsInfinitiesAndNotANumber) {
     EXPECT_EQ(static_cast<double>(Convert(CIMValue(Pegasus::Real64(HUGE_VAL)))), HUGE_VAL);
     EXPECT_EQ(static_cast<double>(Convert(CIMValue(Pegasus::Real64(-HUGE_VAL)))), -HUGE_VAL);
     EXPECT_TRUE(std::isnan(static_cast<double>(Convert(CIMValue(Pegasus::Real64(std::nan("")))))));
     EXPECT_TRUE(std::isnan(static_cast<float>(Convert(CIMValue(Pegasus::Real32(std::nanf("")))))));
 }
 
-TEST(ArrayToCore, OfThreeSint16ValuesHasTheHostCodeFiveAndHoldsThreeSint16Values) {
+TEST(ArrayToCoreTest, OfThreeSint16ValuesHasTheHostCodeFiveAndHoldsThreeSint16Values) {
     const Pegasus::Sint16 numbers[] = {-3, 0, 7};
     const TCIMValue array = Convert(CIMValue(Pegasus::Array<Pegasus::Sint16>(numbers, 3)));
     EXPECT_EQ(static_cast<int>(array.GetType()), 5);
@@ -146,17 +146,17 @@ TEST(ArrayToCore, OfThreeSint16ValuesHasTheHostCodeFiveAndHoldsThreeSint16Values
     ExpectSame(Elements(array)[2], TCIMValue(short(7)));
 }
 
-TEST(BooleanToCore, KeepsTrueAndFalse) {
+TEST(BooleanToCoreTest, KeepsTrueAndFalse) {
     ExpectSame(Convert(CIMValue(Pegasus::Boolean(true))), TCIMValue(true));
     ExpectSame(Convert(CIMValue(Pegasus::Boolean(false))), TCIMValue(false));
 }
 
-TEST(BooleanToCore, OfANullIsFalse) {
+TEST(BooleanToCoreTest, OfANullIsFalse) {
     ExpectSame(Convert(CIMValue(Pegasus::CIMTYPE_BOOLEAN, false)), TCIMValue(false));
 }
 
 // A boolean is compared with true rather than read.
-TEST(BooleanToCore, OfAValueOfAnotherTypeIsFalseAndThrowsNothing) {
+TEST(BooleanToCoreTest, OfAValueOfAnotherTypeIsFalseAndThrowsNothing) {
     ExpectSame(ConvertAs(CIMValue(Pegasus::Uint8(1)), Pegasus::CIMTYPE_BOOLEAN, false), TCIMValue(false));
     ExpectSame(ConvertAs(CIMValue(Pegasus::String("TRUE")), Pegasus::CIMTYPE_BOOLEAN, false),
                TCIMValue(false));
@@ -165,29 +165,29 @@ TEST(BooleanToCore, OfAValueOfAnotherTypeIsFalseAndThrowsNothing) {
         TCIMValue(false));
 }
 
-TEST(BooleanToCore, ArrayKeepsItsElements) {
+TEST(BooleanToCoreTest, ArrayKeepsItsElements) {
     Pegasus::Array<Pegasus::Boolean> remote;
     remote.append(true);
     remote.append(false);
     ExpectSame(Convert(CIMValue(remote)), TCIMValue(Type::eBoolean, 0, {TCIMValue(true), TCIMValue(false)}));
 }
 
-TEST(BooleanToCore, OfANullArrayIsAnEmptyArray) {
+TEST(BooleanToCoreTest, OfANullArrayIsAnEmptyArray) {
     ExpectSame(Convert(CIMValue(Pegasus::CIMTYPE_BOOLEAN, true)),
                TCIMValue(Type::eBoolean, 0, std::vector<TCIMValue>()));
 }
 
-TEST(Char16ToCore, GoesThroughTheDecimalTextOfItsCode) {
+TEST(Char16ToCoreTest, GoesThroughTheDecimalTextOfItsCode) {
     ExpectSame(Convert(CIMValue(Pegasus::Char16('A'))), TCIMValue(TCIMChar16("65")));
     ExpectSame(Convert(CIMValue(Pegasus::Char16(0xFFFF))), TCIMValue(TCIMChar16("65535")));
     ExpectSame(Convert(CIMValue(Pegasus::Char16('1'))), TCIMValue(TCIMChar16("49")));
 }
 
-TEST(Char16ToCore, OfANullIsTheCodeZero) {
+TEST(Char16ToCoreTest, OfANullIsTheCodeZero) {
     ExpectSame(Convert(CIMValue(Pegasus::CIMTYPE_CHAR16, false)), TCIMValue(TCIMChar16("0")));
 }
 
-TEST(Char16ToCore, ArrayKeepsItsCodes) {
+TEST(Char16ToCoreTest, ArrayKeepsItsCodes) {
     Pegasus::Array<Pegasus::Char16> remote;
     remote.append(Pegasus::Char16('A'));
     remote.append(Pegasus::Char16(0x20AC));
@@ -195,37 +195,37 @@ TEST(Char16ToCore, ArrayKeepsItsCodes) {
                TCIMValue(Type::eChar16, 0, {TCIMValue(TCIMChar16("65")), TCIMValue(TCIMChar16("8364"))}));
 }
 
-TEST(StringToCore, KeepsTextAsUtf8) {
+TEST(StringToCoreTest, KeepsTextAsUtf8) {
     ExpectSame(Convert(CIMValue(Pegasus::String("fan"))), TCIMValue("fan"));
     ExpectSame(Convert(CIMValue(Pegasus::String("\xC3\xA9\xE2\x82\xAC"))), TCIMValue("\xC3\xA9\xE2\x82\xAC"));
 }
 
-TEST(StringToCore, OfANullIsTheEmptyString) {
+TEST(StringToCoreTest, OfANullIsTheEmptyString) {
     const TCIMValue value = Convert(CIMValue(Pegasus::CIMTYPE_STRING, false));
     ExpectSame(value, TCIMValue(""));
     EXPECT_FALSE(value.IsNull());
 }
 
-TEST(StringToCore, ArrayKeepsItsTexts) {
+TEST(StringToCoreTest, ArrayKeepsItsTexts) {
     Pegasus::Array<Pegasus::String> remote;
     remote.append(Pegasus::String("a,b"));
     remote.append(Pegasus::String(""));
     ExpectSame(Convert(CIMValue(remote)), TCIMValue(Type::eString, 0, {TCIMValue("a,b"), TCIMValue("")}));
 }
 
-TEST(DateTimeToCore, KeepsTheTextOfPointsInTimeAndIntervals) {
+TEST(DateTimeToCoreTest, KeepsTheTextOfPointsInTimeAndIntervals) {
     for (const char* text : {"20240229235959.999999+060", "00000012000000.000000:000"}) {
         ExpectSame(Convert(CIMValue(Pegasus::CIMDateTime(Pegasus::String(text)))),
                    TCIMValue(TCIMDateTime(text)));
     }
 }
 
-TEST(DateTimeToCore, OfANullIsTheIntervalOfLengthZero) {
+TEST(DateTimeToCoreTest, OfANullIsTheIntervalOfLengthZero) {
     ExpectSame(Convert(CIMValue(Pegasus::CIMTYPE_DATETIME, false)),
                TCIMValue(TCIMDateTime("00000000000000.000000:000")));
 }
 
-TEST(DateTimeToCore, ArrayKeepsItsTexts) {
+TEST(DateTimeToCoreTest, ArrayKeepsItsTexts) {
     Pegasus::Array<Pegasus::CIMDateTime> remote;
     remote.append(Pegasus::CIMDateTime(Pegasus::String("20240229235959.999999+060")));
     remote.append(Pegasus::CIMDateTime(Pegasus::String("00000012000000.000000:000")));
@@ -234,7 +234,7 @@ TEST(DateTimeToCore, ArrayKeepsItsTexts) {
                                                      TCIMValue(TCIMDateTime("00000012000000.000000:000"))}));
 }
 
-TEST(ObjectToCore, LeavesOutUntouchedForEmbeddedObjectsAndInstancesScalarOrArray) {
+TEST(ObjectToCoreTest, LeavesOutUntouchedForEmbeddedObjectsAndInstancesScalarOrArray) {
     const Pegasus::CIMInstance instance{Pegasus::CIMName("CIM_Fan")};
     const Pegasus::CIMObject object(instance);
     ExpectSame(Convert(CIMValue(object)), kUntouched);
@@ -244,7 +244,7 @@ TEST(ObjectToCore, LeavesOutUntouchedForEmbeddedObjectsAndInstancesScalarOrArray
     ExpectSame(Convert(CIMValue(Pegasus::CIMTYPE_INSTANCE, false)), kUntouched);
 }
 
-class ReferenceToCore : public ::testing::Test {
+class ReferenceToCoreTest : public ::testing::Test {
 protected:
     TCIMValue Bound(const CIMValue& value) const {
         TCIMValue out(kUntouched);
@@ -257,7 +257,7 @@ protected:
     const boost::shared_ptr<ICIMClass> class_{new TCimHTTPClass(nameSpace_, 60000, "CIM_Fan", {})};
 };
 
-TEST_F(ReferenceToCore, KeepsThePathAsTheRemoteLibraryWritesIt) {
+TEST_F(ReferenceToCoreTest, KeepsThePathAsTheRemoteLibraryWritesIt) {
     const char* path = "//host/root/cimv2:CIM_Fan.DeviceID=\"a\\\"b\",Number=2";
     const TCIMValue value = Bound(CIMValue(Pegasus::CIMObjectPath(Pegasus::String(path))));
 
@@ -267,27 +267,27 @@ TEST_F(ReferenceToCore, KeepsThePathAsTheRemoteLibraryWritesIt) {
     EXPECT_EQ(value.operator TCIMReference().GetClassName(), "CIM_Fan");
 }
 
-TEST_F(ReferenceToCore, AddsNoKeysToAPathWithoutAny) {
+TEST_F(ReferenceToCoreTest, AddsNoKeysToAPathWithoutAny) {
     const TCIMValue value = Bound(CIMValue(Pegasus::CIMObjectPath(Pegasus::String("CIM_Fan"))));
     EXPECT_EQ(value.operator TCIMReference().GetPath(), "CIM_Fan");
 }
 
-TEST_F(ReferenceToCore, OfANullIsAnEmptyPath) {
+TEST_F(ReferenceToCoreTest, OfANullIsAnEmptyPath) {
     const TCIMValue value = Bound(CIMValue(Pegasus::CIMTYPE_REFERENCE, false));
     EXPECT_EQ(value.GetType(), Type::eReference);
     EXPECT_EQ(value.operator TCIMReference().GetPath(), "");
 }
 
-TEST_F(ReferenceToCore, LeavesOutUntouchedForAnArray) {
+TEST_F(ReferenceToCoreTest, LeavesOutUntouchedForAnArray) {
     const Pegasus::CIMObjectPath path{Pegasus::String("CIM_Fan.DeviceID=1")};
     ExpectSame(Bound(CIMValue(Pegasus::Array<Pegasus::CIMObjectPath>(2, path))), kUntouched);
 }
 
-TEST_F(ReferenceToCore, RefusesAValueOfAnotherType) {
+TEST_F(ReferenceToCoreTest, RefusesAValueOfAnotherType) {
     EXPECT_THROW(Bound(CIMValue(Pegasus::String("CIM_Fan"))), Pegasus::TypeMismatchException);
 }
 
-TEST_F(ReferenceToCore, ReliesOnItsOwningClass) {
+TEST_F(ReferenceToCoreTest, ReliesOnItsOwningClass) {
     const CIMValue value{Pegasus::CIMObjectPath(Pegasus::String("CIM_Fan"))};
 #ifdef NDEBUG
     EXPECT_EQ(Convert(value).operator TCIMReference().GetPath(), "CIM_Fan");

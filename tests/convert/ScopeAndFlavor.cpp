@@ -8,7 +8,7 @@ namespace {
 using Pegasus::CIMFlavor;
 using Pegasus::CIMScope;
 
-TEST(ToCoreScope, GivesEachSingleScopeItsBit) {
+TEST(ToCoreScopeTest, GivesEachSingleScopeItsBit) {
     EXPECT_EQ(ToCoreScope(CIMScope::CLASS), 1u);
     EXPECT_EQ(ToCoreScope(CIMScope::ASSOCIATION), 2u);
     EXPECT_EQ(ToCoreScope(CIMScope::INDICATION), 4u);
@@ -18,45 +18,45 @@ TEST(ToCoreScope, GivesEachSingleScopeItsBit) {
     EXPECT_EQ(ToCoreScope(CIMScope::PARAMETER), 64u);
 }
 
-TEST(ToCoreScope, OfClassAndAssociationTogetherIsZero) {
+TEST(ToCoreScopeTest, OfClassAndAssociationTogetherIsZero) {
     EXPECT_EQ(ToCoreScope(CIMScope::CLASS + CIMScope::ASSOCIATION), 0u);
 }
 
-TEST(ToCoreScope, OfNoScopeIsZero) {
+TEST(ToCoreScopeTest, OfNoScopeIsZero) {
     EXPECT_EQ(ToCoreScope(CIMScope()), 0u);
     EXPECT_EQ(ToCoreScope(CIMScope::NONE), 0u);
 }
 
 // The remote library spells ANY out as its seven scopes, which is no keyword.
-TEST(ToCoreScope, OfAllScopesIsZero) {
+TEST(ToCoreScopeTest, OfAllScopesIsZero) {
     EXPECT_EQ(ToCoreScope(CIMScope::ANY), 0u);
 }
 
-TEST(ToCoreFlavor, OfToSubclassIsTwo) {
+TEST(ToCoreFlavorTest, OfToSubclassIsTwo) {
     EXPECT_EQ(ToCoreFlavor(CIMFlavor::TOSUBCLASS), 2u);
 }
 
-TEST(ToCoreFlavor, OfTranslatableIsFour) {
+TEST(ToCoreFlavorTest, OfTranslatableIsFour) {
     EXPECT_EQ(ToCoreFlavor(CIMFlavor::TRANSLATABLE), 4u);
 }
 
-TEST(ToCoreFlavor, OfRestrictedIsZero) {
+TEST(ToCoreFlavorTest, OfRestrictedIsZero) {
     EXPECT_EQ(ToCoreFlavor(CIMFlavor::RESTRICTED), 0u);
 }
 
 // ENABLEOVERRIDE is the same flavor to the remote library, which spells both OVERRIDABLE.
-TEST(ToCoreFlavor, OfOverridableIsZeroUnderBothItsNames) {
+TEST(ToCoreFlavorTest, OfOverridableIsZeroUnderBothItsNames) {
     EXPECT_EQ(ToCoreFlavor(CIMFlavor::OVERRIDABLE), 0u);
     EXPECT_EQ(ToCoreFlavor(CIMFlavor::ENABLEOVERRIDE), 0u);
 }
 
 // The remote library spells DEFAULTS out as its two flavors, which is no keyword.
-TEST(ToCoreFlavor, OfSeveralFlavorsIsZero) {
+TEST(ToCoreFlavorTest, OfSeveralFlavorsIsZero) {
     EXPECT_EQ(ToCoreFlavor(CIMFlavor::DEFAULTS), 0u);
     EXPECT_EQ(ToCoreFlavor(CIMFlavor::TOSUBCLASS + CIMFlavor::TRANSLATABLE), 0u);
 }
 
-TEST(ToCoreFlavor, OfAFlavorThatTheHostHasNoBitForIsZero) {
+TEST(ToCoreFlavorTest, OfAFlavorThatTheHostHasNoBitForIsZero) {
     EXPECT_EQ(ToCoreFlavor(CIMFlavor::DISABLEOVERRIDE), 0u);
     EXPECT_EQ(ToCoreFlavor(CIMFlavor::TOINSTANCE), 0u);
     EXPECT_EQ(ToCoreFlavor(CIMFlavor()), 0u);

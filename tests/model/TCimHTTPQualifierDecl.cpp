@@ -5,7 +5,7 @@
 namespace NQELVSK20 {
 namespace {
 
-class QualifierDecl : public ElementTest {
+class QualifierDeclTest : public ElementTest {
 protected:
     boost::shared_ptr<TCimHTTPQualifierDecl> Make(const std::string& name,
                                                   const TCIMValue& value = TCIMValue("text"),
@@ -16,7 +16,7 @@ protected:
     }
 };
 
-TEST_F(QualifierDecl, KeepsWhatItWasMadeOf) {
+TEST_F(QualifierDeclTest, KeepsWhatItWasMadeOf) {
     const auto declaration = Make("MaxLen", TCIMValue(64u), 3);
     EXPECT_EQ(declaration->GetName(TContext()), "MaxLen");
     EXPECT_EQ(declaration->GetNamespace(TContext()), nameSpace_);
@@ -27,13 +27,13 @@ TEST_F(QualifierDecl, KeepsWhatItWasMadeOf) {
     EXPECT_EQ(declaration->GetFlavor(TContext()), 3u);
 }
 
-TEST_F(QualifierDecl, IsAnArrayWhenItsValueIsOne) {
+TEST_F(QualifierDeclTest, IsAnArrayWhenItsValueIsOne) {
     const auto declaration = Make("ValueMap", TCIMValue(TCIMValue::TCIMType::eString, 0, {TCIMValue("1")}));
     EXPECT_TRUE(declaration->IsArray(TContext()));
     EXPECT_EQ(declaration->GetType(TContext()), TCIMValue::TCIMType::eString);
 }
 
-TEST_F(QualifierDecl, TakesANewValueAndWithItANewType) {
+TEST_F(QualifierDeclTest, TakesANewValueAndWithItANewType) {
     const auto declaration = Make("MaxLen", TCIMValue());
     const TCIMValue& live = declaration->GetValue(TContext());
     declaration->SetValue(TCIMValue(true), TContext());
@@ -41,7 +41,7 @@ TEST_F(QualifierDecl, TakesANewValueAndWithItANewType) {
     EXPECT_EQ(declaration->GetType(TContext()), TCIMValue::TCIMType::eBoolean);
 }
 
-TEST_F(QualifierDecl, AddsAndRemovesFlavorBits) {
+TEST_F(QualifierDeclTest, AddsAndRemovesFlavorBits) {
     const auto declaration = Make("Key", TCIMValue(false), 1);
     declaration->AddFlavor(6, TContext());
     EXPECT_EQ(declaration->GetFlavor(TContext()), 7u);
@@ -49,21 +49,21 @@ TEST_F(QualifierDecl, AddsAndRemovesFlavorBits) {
     EXPECT_EQ(declaration->GetFlavor(TContext()), 2u);
 }
 
-TEST_F(QualifierDecl, ChangesNothingByAddingSetBitsOrRemovingClearOnes) {
+TEST_F(QualifierDeclTest, ChangesNothingByAddingSetBitsOrRemovingClearOnes) {
     const auto declaration = Make("Key", TCIMValue(false), 3);
     declaration->AddFlavor(1, TContext());
     declaration->RemoveFlavor(4, TContext());
     EXPECT_EQ(declaration->GetFlavor(TContext()), 3u);
 }
 
-TEST_F(QualifierDecl, EntersItsNamespaceWithCommit) {
+TEST_F(QualifierDeclTest, EntersItsNamespaceWithCommit) {
     const auto declaration = Make("Key");
     EXPECT_FALSE(nameSpace_->GetQualifierDecl("Key", TContext()));
     declaration->Commit(TContext());
     EXPECT_EQ(nameSpace_->GetQualifierDecl("KEY", TContext()), declaration);
 }
 
-TEST_F(QualifierDecl, IsRefusedWhenItsNameIsTaken) {
+TEST_F(QualifierDeclTest, IsRefusedWhenItsNameIsTaken) {
     const auto first = Make("Key");
     first->Commit(TContext());
     log_.Clear();
@@ -74,7 +74,7 @@ TEST_F(QualifierDecl, IsRefusedWhenItsNameIsTaken) {
     EXPECT_EQ(nameSpace_->GetQualifierDecl("Key", TContext()), first);
 }
 
-TEST_F(QualifierDecl, OutlivesItsNamespaceButCannotBeCommittedThen) {
+TEST_F(QualifierDeclTest, OutlivesItsNamespaceButCannotBeCommittedThen) {
     const auto declaration = Make("Key");
     class_.reset();
     nameSpace_.reset();
@@ -82,7 +82,7 @@ TEST_F(QualifierDecl, OutlivesItsNamespaceButCannotBeCommittedThen) {
     ExpectMissingPointer(log_, "TCimHTTPQualifierDecl::Commit", [&] { declaration->Commit(TContext()); });
 }
 
-TEST_F(QualifierDecl, ComparesByNameWithoutRegardToCase) {
+TEST_F(QualifierDeclTest, ComparesByNameWithoutRegardToCase) {
     EXPECT_TRUE(*Make("Key") == *Make("KEY", TCIMValue(1), 7));
     EXPECT_FALSE(*Make("Key") == *Make("Keys"));
     EXPECT_TRUE(*Make("ABSTRACT") < *Make("key"));
@@ -90,7 +90,7 @@ TEST_F(QualifierDecl, ComparesByNameWithoutRegardToCase) {
     EXPECT_FALSE(*Make("Key") < *Make("KEY"));
 }
 
-TEST_F(QualifierDecl, IsNotChangedByAssignment) {
+TEST_F(QualifierDeclTest, IsNotChangedByAssignment) {
     const auto target = Make("Key", TCIMValue(true), 1);
     const auto source = Make("MaxLen", TCIMValue(5u), 2);
     ICIMQualifierDecl& asInterface = *target;
@@ -103,7 +103,7 @@ TEST_F(QualifierDecl, IsNotChangedByAssignment) {
     EXPECT_EQ(target->GetFlavor(TContext()), 1u);
 }
 
-TEST_F(QualifierDecl, AcceptsValidationAndTheReservedOperation) {
+TEST_F(QualifierDeclTest, AcceptsValidationAndTheReservedOperation) {
     const auto declaration = Make("Key");
     declaration->Validate(TContext());
     declaration->Reserved4(TContext());

@@ -13,15 +13,15 @@ struct Row {
     Type::ECIMType array;
 };
 
-class TypeMapping : public ::testing::TestWithParam<Row> {};
+class TypeMappingTest : public ::testing::TestWithParam<Row> {};
 
-TEST_P(TypeMapping, GivesTheScalarAndTheArrayCode) {
+TEST_P(TypeMappingTest, GivesTheScalarAndTheArrayCode) {
     EXPECT_EQ(ToCoreType(GetParam().remote, false), GetParam().scalar);
     EXPECT_EQ(ToCoreType(GetParam().remote, true), GetParam().array);
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    AllTypes, TypeMapping,
+    AllTypes, TypeMappingTest,
     ::testing::Values(Row{Pegasus::CIMTYPE_BOOLEAN, Type::eBoolean, Type::eBooleanArray},
                       Row{Pegasus::CIMTYPE_UINT8, Type::eUint8, Type::eUint8Array},
                       Row{Pegasus::CIMTYPE_SINT8, Type::eSint8, Type::eSint8Array},
@@ -40,7 +40,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Row{Pegasus::CIMTYPE_OBJECT, Type::eUnknown, Type::eUnknownArray},
                       Row{Pegasus::CIMTYPE_INSTANCE, Type::eUnknown, Type::eUnknownArray}));
 
-TEST(TypeMappingCodes, AreTheNumbersOfTheHost) {
+TEST(TypeMappingCodesTest, AreTheNumbersOfTheHost) {
     EXPECT_EQ(static_cast<int>(ToCoreType(static_cast<Pegasus::CIMType>(0), false)), 1);
     EXPECT_EQ(static_cast<int>(ToCoreType(static_cast<Pegasus::CIMType>(13), false)), 14);
     EXPECT_EQ(static_cast<int>(ToCoreType(static_cast<Pegasus::CIMType>(0), true)), 17);

@@ -6,7 +6,7 @@
 namespace NQELVSK20 {
 namespace {
 
-class Qualifier : public ElementTest {
+class QualifierTest : public ElementTest {
 protected:
     boost::shared_ptr<TCimHTTPQualifier> Make(boost::shared_ptr<ICIMQualifierDecl> declaration,
                                               const TCIMValue& value) const {
@@ -18,7 +18,7 @@ protected:
     const boost::shared_ptr<ICIMQualifierDecl> maxLen_ = Declare("MaxLen", TCIMValue(64u), 6);
 };
 
-TEST_F(Qualifier, KeepsWhatItWasMadeOf) {
+TEST_F(QualifierTest, KeepsWhatItWasMadeOf) {
     const auto qualifier = Make(maxLen_, TCIMValue(5u));
     EXPECT_EQ(qualifier->GetName(TContext()), "MaxLen");
     EXPECT_EQ(qualifier->GetNamespace(TContext()), nameSpace_);
@@ -28,23 +28,23 @@ TEST_F(Qualifier, KeepsWhatItWasMadeOf) {
     EXPECT_TRUE(Same(qualifier->GetValue(TContext()), TCIMValue(5u)));
 }
 
-TEST_F(Qualifier, TakesTypeAndArrayFlagFromItsOwnValue) {
+TEST_F(QualifierTest, TakesTypeAndArrayFlagFromItsOwnValue) {
     const auto qualifier =
         Make(maxLen_, TCIMValue(TCIMValue::TCIMType::eString, 0, {TCIMValue("a"), TCIMValue("b")}));
     EXPECT_EQ(qualifier->GetType(TContext()), TCIMValue::TCIMType::eString);
     EXPECT_TRUE(qualifier->IsArray(TContext()));
 }
 
-TEST_F(Qualifier, StartsWithTheFlavorOfItsDeclaration) {
+TEST_F(QualifierTest, StartsWithTheFlavorOfItsDeclaration) {
     EXPECT_EQ(Make(maxLen_, TCIMValue(5u))->GetFlavor(TContext()), 6u);
 }
 
-TEST_F(Qualifier, IsPropagatedWhileItHoldsTheDefaultOfItsDeclaration) {
+TEST_F(QualifierTest, IsPropagatedWhileItHoldsTheDefaultOfItsDeclaration) {
     EXPECT_TRUE(Make(maxLen_, TCIMValue(64u))->IsPropagated(TContext()));
     EXPECT_FALSE(Make(maxLen_, TCIMValue(5u))->IsPropagated(TContext()));
 }
 
-TEST_F(Qualifier, IsNoLongerPropagatedAfterSetValue) {
+TEST_F(QualifierTest, IsNoLongerPropagatedAfterSetValue) {
     const auto qualifier = Make(maxLen_, TCIMValue(64u));
     const TCIMValue& live = qualifier->GetValue(TContext());
     qualifier->SetValue(TCIMValue(7u), TContext());
@@ -55,41 +55,41 @@ TEST_F(Qualifier, IsNoLongerPropagatedAfterSetValue) {
     EXPECT_FALSE(qualifier->IsPropagated(TContext()));
 }
 
-TEST_F(Qualifier, IsNoLongerPropagatedAfterAddFlavor) {
+TEST_F(QualifierTest, IsNoLongerPropagatedAfterAddFlavor) {
     const auto qualifier = Make(maxLen_, TCIMValue(64u));
     qualifier->AddFlavor(1, TContext());
     EXPECT_EQ(qualifier->GetFlavor(TContext()), 7u);
     EXPECT_FALSE(qualifier->IsPropagated(TContext()));
 }
 
-TEST_F(Qualifier, IsNoLongerPropagatedAfterRemoveFlavor) {
+TEST_F(QualifierTest, IsNoLongerPropagatedAfterRemoveFlavor) {
     const auto qualifier = Make(maxLen_, TCIMValue(64u));
     qualifier->RemoveFlavor(2, TContext());
     EXPECT_EQ(qualifier->GetFlavor(TContext()), 4u);
     EXPECT_FALSE(qualifier->IsPropagated(TContext()));
 }
 
-TEST_F(Qualifier, KeepsItsFlavorButNotPropagationWhenAddedBitsAreSetAlready) {
+TEST_F(QualifierTest, KeepsItsFlavorButNotPropagationWhenAddedBitsAreSetAlready) {
     const auto qualifier = Make(maxLen_, TCIMValue(64u));
     qualifier->AddFlavor(2, TContext());
     EXPECT_EQ(qualifier->GetFlavor(TContext()), 6u);
     EXPECT_FALSE(qualifier->IsPropagated(TContext()));
 }
 
-TEST_F(Qualifier, KeepsItsFlavorButNotPropagationWhenRemovedBitsAreClearAlready) {
+TEST_F(QualifierTest, KeepsItsFlavorButNotPropagationWhenRemovedBitsAreClearAlready) {
     const auto qualifier = Make(maxLen_, TCIMValue(64u));
     qualifier->RemoveFlavor(1, TContext());
     EXPECT_EQ(qualifier->GetFlavor(TContext()), 6u);
     EXPECT_FALSE(qualifier->IsPropagated(TContext()));
 }
 
-TEST_F(Qualifier, KeepsItsFlavorWhenItsDeclarationChanges) {
+TEST_F(QualifierTest, KeepsItsFlavorWhenItsDeclarationChanges) {
     const auto qualifier = Make(maxLen_, TCIMValue(64u));
     maxLen_->AddFlavor(1, TContext());
     EXPECT_EQ(qualifier->GetFlavor(TContext()), 6u);
 }
 
-TEST_F(Qualifier, StandsOnItsElementAfterCommit) {
+TEST_F(QualifierTest, StandsOnItsElementAfterCommit) {
     const auto qualifier = Make(maxLen_, TCIMValue(5u));
     bool found = true;
     EXPECT_FALSE(property_->FindQualifier("MaxLen", found, TContext()));
@@ -97,18 +97,18 @@ TEST_F(Qualifier, StandsOnItsElementAfterCommit) {
     EXPECT_EQ(property_->GetQualifier("MAXLEN", TContext()), qualifier);
 }
 
-TEST_F(Qualifier, CannotBeCommittedWithoutItsElement) {
+TEST_F(QualifierTest, CannotBeCommittedWithoutItsElement) {
     const auto qualifier = Make(maxLen_, TCIMValue(5u));
     property_.reset();
     ExpectMissingPointer(log_, "TCimHTTPQualifier::Commit", [&] { qualifier->Commit(TContext()); });
 }
 
-TEST_F(Qualifier, NeedsADeclaration) {
+TEST_F(QualifierTest, NeedsADeclaration) {
     ExpectMissingPointer(log_, "TCimHTTPQualifier::TCimHTTPQualifier",
                          [&] { Make(boost::shared_ptr<ICIMQualifierDecl>(), TCIMValue(1)); });
 }
 
-TEST_F(Qualifier, HasAnEmptyNamespaceOnceThatIsGone) {
+TEST_F(QualifierTest, HasAnEmptyNamespaceOnceThatIsGone) {
     const auto qualifier = Make(maxLen_, TCIMValue(5u));
     property_.reset();
     method_.reset();
@@ -118,7 +118,7 @@ TEST_F(Qualifier, HasAnEmptyNamespaceOnceThatIsGone) {
     EXPECT_EQ(qualifier->GetName(TContext()), "MaxLen");
 }
 
-TEST_F(Qualifier, ComparesByTheNameOfItsDeclarationWithoutRegardToCase) {
+TEST_F(QualifierTest, ComparesByTheNameOfItsDeclarationWithoutRegardToCase) {
     const auto left = Make(maxLen_, TCIMValue(1));
     EXPECT_TRUE(*left == *Make(LooseDeclaration("MAXLEN"), TCIMValue("other")));
     EXPECT_FALSE(*left == *Make(LooseDeclaration("MinLen"), TCIMValue(1)));
@@ -127,7 +127,7 @@ TEST_F(Qualifier, ComparesByTheNameOfItsDeclarationWithoutRegardToCase) {
     EXPECT_FALSE(*left < *Make(LooseDeclaration("maxlen"), TCIMValue(1)));
 }
 
-TEST_F(Qualifier, IsNotChangedByAssignment) {
+TEST_F(QualifierTest, IsNotChangedByAssignment) {
     const auto target = Make(maxLen_, TCIMValue(64u));
     const auto source = Make(LooseDeclaration("Key", 1), TCIMValue(true));
     ICIMQualifier& asInterface = *target;
@@ -141,7 +141,7 @@ TEST_F(Qualifier, IsNotChangedByAssignment) {
     EXPECT_TRUE(target->IsPropagated(TContext()));
 }
 
-TEST_F(Qualifier, AcceptsValidationAndTheReservedOperation) {
+TEST_F(QualifierTest, AcceptsValidationAndTheReservedOperation) {
     const auto qualifier = Make(maxLen_, TCIMValue(64u));
     qualifier->Validate(TContext());
     qualifier->Reserved4(TContext());

@@ -5,26 +5,26 @@
 namespace NQELVSK20 {
 namespace {
 
-class PropertyDecl : public ElementTest {};
+class PropertyDeclTest : public ElementTest {};
 
-TEST_F(PropertyDecl, BelongsToItsClass) {
+TEST_F(PropertyDeclTest, BelongsToItsClass) {
     EXPECT_EQ(MakeProperty("Speed")->GetClass(TContext()), class_);
 }
 
-TEST_F(PropertyDecl, HasTheTypeOfItsDefaultValue) {
+TEST_F(PropertyDeclTest, HasTheTypeOfItsDefaultValue) {
     const auto property = MakeProperty("Speed", TCIMValue(5u));
     EXPECT_EQ(property->GetType(TContext()), TCIMValue::TCIMType::eUint32);
     EXPECT_FALSE(property->IsArray(TContext()));
     EXPECT_TRUE(Same(property->GetValue(TContext()), TCIMValue(5u)));
 }
 
-TEST_F(PropertyDecl, IsAnArrayWhenItsDefaultValueIsOne) {
+TEST_F(PropertyDeclTest, IsAnArrayWhenItsDefaultValueIsOne) {
     const auto property = MakeProperty("Names", TCIMValue(TCIMValue::TCIMType::eStringArray, 0));
     EXPECT_TRUE(property->IsArray(TContext()));
     EXPECT_TRUE(property->GetValue(TContext()).IsNull());
 }
 
-TEST_F(PropertyDecl, TakesANewDefaultValueAndWithItANewType) {
+TEST_F(PropertyDeclTest, TakesANewDefaultValueAndWithItANewType) {
     const auto property = MakeProperty("Speed", TCIMValue());
     const TCIMValue& live = property->GetValue(TContext());
     property->SetValue(TCIMValue(true), TContext());
@@ -32,14 +32,14 @@ TEST_F(PropertyDecl, TakesANewDefaultValueAndWithItANewType) {
     EXPECT_EQ(property->GetType(TContext()), TCIMValue::TCIMType::eBoolean);
 }
 
-TEST_F(PropertyDecl, EntersItsClassWithCommit) {
+TEST_F(PropertyDeclTest, EntersItsClassWithCommit) {
     const auto property = MakeProperty("Speed", TCIMValue(5u));
     EXPECT_EQ(StatusOf([&] { class_->GetPropertyDecl("Speed", TContext()); }), eVSKNotFound);
     property->Commit(TContext());
     EXPECT_EQ(class_->GetPropertyDecl("SPEED", TContext()), property);
 }
 
-TEST_F(PropertyDecl, IsSubjectToTheRulesOfItsClassWhenCommitted) {
+TEST_F(PropertyDeclTest, IsSubjectToTheRulesOfItsClassWhenCommitted) {
     const auto first = MakeProperty("Speed");
     first->Commit(TContext());
     log_.Clear();
@@ -50,21 +50,21 @@ TEST_F(PropertyDecl, IsSubjectToTheRulesOfItsClassWhenCommitted) {
     EXPECT_EQ(class_->GetPropertyDecl("Speed", TContext()), first);
 }
 
-TEST_F(PropertyDecl, DoesNotKeepItsClassAlive) {
+TEST_F(PropertyDeclTest, DoesNotKeepItsClassAlive) {
     const auto property = MakeProperty("Speed");
     class_.reset();
     EXPECT_FALSE(property->GetClass(TContext()));
     ExpectMissingPointer(log_, "TCimHTTPPropertyDecl::Commit", [&] { property->Commit(TContext()); });
 }
 
-TEST_F(PropertyDecl, KeepsItsValueAndClassWhenAssignedTo) {
+TEST_F(PropertyDeclTest, KeepsItsValueAndClassWhenAssignedTo) {
     const auto target = MakeProperty("Speed", TCIMValue(5u));
     *target = *MakeProperty("Name", TCIMValue("text"));
     EXPECT_TRUE(Same(target->GetValue(TContext()), TCIMValue(5u)));
     EXPECT_EQ(target->GetClass(TContext()), class_);
 }
 
-TEST_F(PropertyDecl, IsNotChangedByTheReservedOperation) {
+TEST_F(PropertyDeclTest, IsNotChangedByTheReservedOperation) {
     const auto property = MakeProperty("Speed", TCIMValue(5u));
     property->Reserved10(TContext());
     EXPECT_TRUE(Same(property->GetValue(TContext()), TCIMValue(5u)));

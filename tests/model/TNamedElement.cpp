@@ -32,7 +32,7 @@ struct Parameter {
 using Kinds = ::testing::Types<Property, Method, Parameter>;
 
 template <class TKind>
-class NamedElement : public ElementTest {
+class NamedElementTest : public ElementTest {
 protected:
     using Element = typename TKind::Element;
     using Interface = typename TKind::Interface;
@@ -67,13 +67,13 @@ protected:
     boost::shared_ptr<Element> element_ = Make("Speed");
 };
 
-TYPED_TEST_SUITE(NamedElement, Kinds);
+TYPED_TEST_SUITE(NamedElementTest, Kinds);
 
-TYPED_TEST(NamedElement, KeepsTheSpellingOfItsName) {
+TYPED_TEST(NamedElementTest, KeepsTheSpellingOfItsName) {
     EXPECT_EQ(this->element_->GetName(TContext()), "Speed");
 }
 
-TYPED_TEST(NamedElement, AllocatesAQualifierFromADeclarationOfTheNamespaceWithoutAddingIt) {
+TYPED_TEST(NamedElementTest, AllocatesAQualifierFromADeclarationOfTheNamespaceWithoutAddingIt) {
     const auto declaration = this->Declare("Key", TCIMValue(false), 2);
     const auto qualifier = this->element_->AllocateQualifier("KEY", TCIMValue(true), TContext());
     EXPECT_EQ(qualifier->GetQualifierDecl(TContext()), declaration);
@@ -83,13 +83,13 @@ TYPED_TEST(NamedElement, AllocatesAQualifierFromADeclarationOfTheNamespaceWithou
     EXPECT_EQ(this->QualifierNames(), Names());
 }
 
-TYPED_TEST(NamedElement, RefusesToAllocateAQualifierThatTheNamespaceDoesNotDeclare) {
+TYPED_TEST(NamedElementTest, RefusesToAllocateAQualifierThatTheNamespaceDoesNotDeclare) {
     EXPECT_EQ(StatusOf([&] { this->element_->AllocateQualifier("Key", TCIMValue(true), TContext()); }),
               eVSKNotFound);
     EXPECT_TRUE(this->log_.Lines().empty());
 }
 
-TYPED_TEST(NamedElement, AllocatesAQualifierFromADeclarationWithoutAddingIt) {
+TYPED_TEST(NamedElementTest, AllocatesAQualifierFromADeclarationWithoutAddingIt) {
     const auto declaration = this->LooseDeclaration("Key", 4);
     const auto qualifier = this->element_->AllocateQualifier(declaration, TCIMValue(true), TContext());
     EXPECT_EQ(qualifier->GetQualifierDecl(TContext()), declaration);
@@ -98,13 +98,13 @@ TYPED_TEST(NamedElement, AllocatesAQualifierFromADeclarationWithoutAddingIt) {
     EXPECT_EQ(this->QualifierNames(), Names());
 }
 
-TYPED_TEST(NamedElement, GetsAllocatedQualifiersByTheirCommit) {
+TYPED_TEST(NamedElementTest, GetsAllocatedQualifiersByTheirCommit) {
     const auto qualifier = this->Qualifier("Key", TCIMValue(true));
     qualifier->Commit(TContext());
     EXPECT_EQ(this->element_->GetQualifier("Key", TContext()), qualifier);
 }
 
-TYPED_TEST(NamedElement, TakesTheSameQualifierTwiceAsOne) {
+TYPED_TEST(NamedElementTest, TakesTheSameQualifierTwiceAsOne) {
     const auto first = this->Qualifier("MaxLen", TCIMValue(5u), 2);
     this->element_->AddQualifier(first, TContext());
     this->element_->AddQualifier(this->Qualifier("MAXLEN", TCIMValue(5u), 2), TContext());
@@ -112,14 +112,14 @@ TYPED_TEST(NamedElement, TakesTheSameQualifierTwiceAsOne) {
     EXPECT_EQ(this->element_->GetQualifier("maxlen", TContext()), first);
 }
 
-TYPED_TEST(NamedElement, ReplacesAQualifierThatMayBeOverridden) {
+TYPED_TEST(NamedElementTest, ReplacesAQualifierThatMayBeOverridden) {
     this->element_->AddQualifier(this->Qualifier("MaxLen", TCIMValue(5u), 1), TContext());
     const auto second = this->Qualifier("MaxLen", TCIMValue("text"), 0);
     this->element_->AddQualifier(second, TContext());
     EXPECT_EQ(this->element_->GetQualifier("MaxLen", TContext()), second);
 }
 
-TYPED_TEST(NamedElement, RefusesAConflictingQualifierAndKeepsTheOldOne) {
+TYPED_TEST(NamedElementTest, RefusesAConflictingQualifierAndKeepsTheOldOne) {
     const auto first = this->Qualifier("MaxLen", TCIMValue(5u), 6);
     this->element_->AddQualifier(first, TContext());
     const auto add = [&](const TCIMValue& value, unsigned int flavor) {
@@ -132,7 +132,7 @@ TYPED_TEST(NamedElement, RefusesAConflictingQualifierAndKeepsTheOldOne) {
     EXPECT_TRUE(this->log_.Lines().empty());
 }
 
-TYPED_TEST(NamedElement, FindsAQualifierInAnyLetterCase) {
+TYPED_TEST(NamedElementTest, FindsAQualifierInAnyLetterCase) {
     const auto qualifier = this->Qualifier("MaxLen", TCIMValue(5u));
     this->element_->AddQualifier(qualifier, TContext());
     bool found = false;
@@ -140,18 +140,18 @@ TYPED_TEST(NamedElement, FindsAQualifierInAnyLetterCase) {
     EXPECT_TRUE(found);
 }
 
-TYPED_TEST(NamedElement, FindsNoAbsentQualifier) {
+TYPED_TEST(NamedElementTest, FindsNoAbsentQualifier) {
     bool found = true;
     EXPECT_FALSE(this->element_->FindQualifier("MaxLen", found, TContext()));
     EXPECT_FALSE(found);
 }
 
-TYPED_TEST(NamedElement, RefusesToGetAnAbsentQualifierAndLogsNothing) {
+TYPED_TEST(NamedElementTest, RefusesToGetAnAbsentQualifierAndLogsNothing) {
     EXPECT_EQ(StatusOf([&] { this->element_->GetQualifier("MaxLen", TContext()); }), eVSKNotFound);
     EXPECT_TRUE(this->log_.Lines().empty());
 }
 
-TYPED_TEST(NamedElement, EnumeratesQualifiersInTheOrderOfNormalisedNamesUntilFalse) {
+TYPED_TEST(NamedElementTest, EnumeratesQualifiersInTheOrderOfNormalisedNamesUntilFalse) {
     for (const char* name : {"Units", "abstract", "KEY"}) {
         this->element_->AddQualifier(this->Qualifier(name, TCIMValue(true)), TContext());
     }
@@ -163,7 +163,7 @@ TYPED_TEST(NamedElement, EnumeratesQualifiersInTheOrderOfNormalisedNamesUntilFal
     EXPECT_EQ(calls, 2);
 }
 
-TYPED_TEST(NamedElement, ComparesByNameWithoutRegardToCase) {
+TYPED_TEST(NamedElementTest, ComparesByNameWithoutRegardToCase) {
     EXPECT_TRUE(*this->element_ == *this->Make("SPEED"));
     EXPECT_FALSE(*this->element_ == *this->Make("Speed2"));
     EXPECT_TRUE(*this->element_ < *this->Make("sPEEDs"));
@@ -171,7 +171,7 @@ TYPED_TEST(NamedElement, ComparesByNameWithoutRegardToCase) {
     EXPECT_FALSE(*this->element_ < *this->Make("SPEED"));
 }
 
-TYPED_TEST(NamedElement, IsNotChangedByAssignment) {
+TYPED_TEST(NamedElementTest, IsNotChangedByAssignment) {
     const auto qualifier = this->Qualifier("Key", TCIMValue(true));
     this->element_->AddQualifier(qualifier, TContext());
     const auto source = this->Make("Other");
@@ -184,13 +184,13 @@ TYPED_TEST(NamedElement, IsNotChangedByAssignment) {
     EXPECT_EQ(this->element_->GetQualifier("Key", TContext()), qualifier);
 }
 
-TYPED_TEST(NamedElement, AcceptsAnyCimNameAndRefusesOthers) {
+TYPED_TEST(NamedElementTest, AcceptsAnyCimNameAndRefusesOthers) {
     this->element_->Validate(TContext());
     EXPECT_TRUE(this->log_.Lines().empty());
     EXPECT_EQ(StatusOf([&] { this->Make("no-name")->Validate(TContext()); }), eVSKInvalidName);
 }
 
-TYPED_TEST(NamedElement, CannotAllocateQualifiersOnceItsClassIsGone) {
+TYPED_TEST(NamedElementTest, CannotAllocateQualifiersOnceItsClassIsGone) {
     const auto declaration = this->LooseDeclaration("Key");
     this->class_.reset();
     ExpectMissingPointer(this->log_, std::string(TypeParam::kClass) + "::AllocateQualifier",

@@ -5,13 +5,13 @@
 namespace NQELVSK20 {
 namespace {
 
-class ParameterDecl : public ElementTest {};
+class ParameterDeclTest : public ElementTest {};
 
-TEST_F(ParameterDecl, BelongsToItsMethod) {
+TEST_F(ParameterDeclTest, BelongsToItsMethod) {
     EXPECT_EQ(MakeParameter("Mode")->GetMethod(TContext()), method_);
 }
 
-TEST_F(ParameterDecl, IsAnArrayWhenItsTypeIsAnArrayCode) {
+TEST_F(ParameterDeclTest, IsAnArrayWhenItsTypeIsAnArrayCode) {
     using Type = TCIMValue::TCIMType;
     for (int code = Type::eUnknown; code <= Type::eReferenceArray; ++code) {
         const auto parameter = MakeParameter("Mode", static_cast<Type::ECIMType>(code));
@@ -20,14 +20,14 @@ TEST_F(ParameterDecl, IsAnArrayWhenItsTypeIsAnArrayCode) {
     }
 }
 
-TEST_F(ParameterDecl, EntersItsMethodWithCommit) {
+TEST_F(ParameterDeclTest, EntersItsMethodWithCommit) {
     const auto parameter = MakeParameter("Mode");
     EXPECT_FALSE(method_->GetParameterDecl("Mode", TContext()));
     parameter->Commit(TContext());
     EXPECT_EQ(method_->GetParameterDecl("Mode", TContext()), parameter);
 }
 
-TEST_F(ParameterDecl, IsRefusedWhenItsNameDiffersFromAnotherOnlyInCase) {
+TEST_F(ParameterDeclTest, IsRefusedWhenItsNameDiffersFromAnotherOnlyInCase) {
     const auto first = MakeParameter("Mode");
     first->Commit(TContext());
     EXPECT_EQ(StatusOf([&] { MakeParameter("MODE")->Commit(TContext()); }), eVSKAlreadyExists);
@@ -37,18 +37,18 @@ TEST_F(ParameterDecl, IsRefusedWhenItsNameDiffersFromAnotherOnlyInCase) {
     EXPECT_EQ(method_->GetParameterDecl("mode", TContext()), first);
 }
 
-TEST_F(ParameterDecl, IsRefusedWhenItsNameIsMalformed) {
+TEST_F(ParameterDeclTest, IsRefusedWhenItsNameIsMalformed) {
     EXPECT_EQ(StatusOf([&] { MakeParameter("1st")->Commit(TContext()); }), eVSKInvalidName);
 }
 
-TEST_F(ParameterDecl, DoesNotKeepItsMethodAlive) {
+TEST_F(ParameterDeclTest, DoesNotKeepItsMethodAlive) {
     const auto parameter = MakeParameter("Mode");
     method_.reset();
     EXPECT_FALSE(parameter->GetMethod(TContext()));
     ExpectMissingPointer(log_, "TCimHTTPParameterDecl::Commit", [&] { parameter->Commit(TContext()); });
 }
 
-TEST_F(ParameterDecl, CannotAllocateQualifiersWithoutItsMethod) {
+TEST_F(ParameterDeclTest, CannotAllocateQualifiersWithoutItsMethod) {
     const auto parameter = MakeParameter("Mode");
     const auto declaration = LooseDeclaration("Key");
     method_.reset();
@@ -56,7 +56,7 @@ TEST_F(ParameterDecl, CannotAllocateQualifiersWithoutItsMethod) {
                          [&] { parameter->AllocateQualifier(declaration, TCIMValue(1), TContext()); });
 }
 
-TEST_F(ParameterDecl, KeepsItsTypeAndMethodWhenAssignedTo) {
+TEST_F(ParameterDeclTest, KeepsItsTypeAndMethodWhenAssignedTo) {
     const auto target = MakeParameter("Mode");
     *target = *MakeParameter("Level", TCIMValue::TCIMType::eUint8Array);
     EXPECT_EQ(target->GetType(TContext()), TCIMValue::TCIMType::eString);

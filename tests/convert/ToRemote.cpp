@@ -67,7 +67,7 @@ using Numbers = ::testing::Types<
     Number<double, Pegasus::Real64, Type::eReal64>>;
 
 template <class T>
-class NumberToRemote : public ::testing::Test {
+class NumberToRemoteTest : public ::testing::Test {
 protected:
     using Host = typename T::Host;
 
@@ -77,19 +77,19 @@ protected:
     }
 };
 
-TYPED_TEST_SUITE(NumberToRemote, Numbers);
+TYPED_TEST_SUITE(NumberToRemoteTest, Numbers);
 
-TYPED_TEST(NumberToRemote, KeepsEveryExtreme) {
+TYPED_TEST(NumberToRemoteTest, KeepsEveryExtreme) {
     for (const auto number : TestFixture::Extremes()) {
         ExpectSame(Convert(TCIMValue(number)), CIMValue(static_cast<typename TypeParam::Remote>(number)));
     }
 }
 
-TYPED_TEST(NumberToRemote, OfANullIsZero) {
+TYPED_TEST(NumberToRemoteTest, OfANullIsZero) {
     ExpectSame(Convert(TCIMValue(TypeParam::kCode, 0)), CIMValue(typename TypeParam::Remote(0)));
 }
 
-TYPED_TEST(NumberToRemote, ArrayKeepsOrderAndExtremes) {
+TYPED_TEST(NumberToRemoteTest, ArrayKeepsOrderAndExtremes) {
     std::vector<TCIMValue> elements;
     Pegasus::Array<typename TypeParam::Remote> expected;
     for (const auto number : TestFixture::Extremes()) {
@@ -99,13 +99,13 @@ TYPED_TEST(NumberToRemote, ArrayKeepsOrderAndExtremes) {
     ExpectSame(Convert(ArrayOf(TypeParam::kCode, elements)), CIMValue(expected));
 }
 
-TYPED_TEST(NumberToRemote, OfAnEmptyArrayIsAnEmptyArray) {
+TYPED_TEST(NumberToRemoteTest, OfAnEmptyArrayIsAnEmptyArray) {
     const CIMValue value = Convert(ArrayOf(TypeParam::kCode, {}));
     ExpectSame(value, CIMValue(Pegasus::Array<typename TypeParam::Remote>()));
     EXPECT_FALSE(value.isNull());
 }
 
-TEST(RealToRemote, KeepsInfinitiesAndNotANumber) {
+TEST(RealToRemoteTest, KeepsInfinitiesAndNotANumber) {
     Pegasus::Real64 real = 0;
     Convert(TCIMValue(-HUGE_VAL)).get(real);
     EXPECT_EQ(real, -HUGE_VAL);
@@ -113,27 +113,27 @@ TEST(RealToRemote, KeepsInfinitiesAndNotANumber) {
     EXPECT_TRUE(std::isnan(real));
 }
 
-TEST(BooleanToRemote, KeepsTrueAndFalse) {
+TEST(BooleanToRemoteTest, KeepsTrueAndFalse) {
     ExpectSame(Convert(TCIMValue(true)), CIMValue(Pegasus::Boolean(true)));
     ExpectSame(Convert(TCIMValue(false)), CIMValue(Pegasus::Boolean(false)));
 }
 
-TEST(BooleanToRemote, OfANullIsFalse) {
+TEST(BooleanToRemoteTest, OfANullIsFalse) {
     ExpectSame(Convert(TCIMValue(Type::eBoolean, 0)), CIMValue(Pegasus::Boolean(false)));
 }
 
-TEST(BooleanToRemote, ArrayKeepsItsElements) {
+TEST(BooleanToRemoteTest, ArrayKeepsItsElements) {
     Pegasus::Array<Pegasus::Boolean> expected;
     expected.append(false);
     expected.append(true);
     ExpectSame(Convert(ArrayOf(Type::eBoolean, {TCIMValue(false), TCIMValue(true)})), CIMValue(expected));
 }
 
-TEST(Char16ToRemote, OfTheCode65IsTheCharacterA) {
+TEST(Char16ToRemoteTest, OfTheCode65IsTheCharacterA) {
     ExpectSame(Convert(TCIMValue(TCIMChar16("65"))), CIMValue(Pegasus::Char16('A')));
 }
 
-TEST(Char16ToRemote, ArrayKeepsItsCodes) {
+TEST(Char16ToRemoteTest, ArrayKeepsItsCodes) {
     Pegasus::Array<Pegasus::Char16> expected;
     expected.append(Pegasus::Char16('A'));
     expected.append(Pegasus::Char16(0xFFFF));
@@ -141,50 +141,50 @@ TEST(Char16ToRemote, ArrayKeepsItsCodes) {
                CIMValue(expected));
 }
 
-TEST(StringToRemote, KeepsTextAsUtf8) {
+TEST(StringToRemoteTest, KeepsTextAsUtf8) {
     ExpectSame(Convert(TCIMValue("\xC3\xA9\xE2\x82\xAC")), CIMValue(Pegasus::String("\xC3\xA9\xE2\x82\xAC")));
 }
 
-TEST(StringToRemote, OfANullIsTheEmptyString) {
+TEST(StringToRemoteTest, OfANullIsTheEmptyString) {
     const CIMValue value = Convert(TCIMValue(Type::eString, 0));
     ExpectSame(value, CIMValue(Pegasus::String()));
     EXPECT_FALSE(value.isNull());
 }
 
-TEST(StringToRemote, ArrayKeepsItsTexts) {
+TEST(StringToRemoteTest, ArrayKeepsItsTexts) {
     Pegasus::Array<Pegasus::String> expected;
     expected.append(Pegasus::String("a,b"));
     expected.append(Pegasus::String());
     ExpectSame(Convert(ArrayOf(Type::eString, {TCIMValue("a,b"), TCIMValue("")})), CIMValue(expected));
 }
 
-TEST(StringToRemote, OfAnEmptyArrayIsAnEmptyArray) {
+TEST(StringToRemoteTest, OfAnEmptyArrayIsAnEmptyArray) {
     const CIMValue value = Convert(ArrayOf(Type::eString, {}));
     ExpectSame(value, CIMValue(Pegasus::Array<Pegasus::String>()));
     EXPECT_FALSE(value.isNull());
 }
 
-TEST(DateTimeToRemote, KeepsPointsInTimeAndIntervals) {
+TEST(DateTimeToRemoteTest, KeepsPointsInTimeAndIntervals) {
     for (const char* text : {"20240229235959.999999+060", "00000012000000.000000:000"}) {
         ExpectSame(Convert(TCIMValue(TCIMDateTime(text))),
                    CIMValue(Pegasus::CIMDateTime(Pegasus::String(text))));
     }
 }
 
-TEST(DateTimeToRemote, ArrayKeepsItsElements) {
+TEST(DateTimeToRemoteTest, ArrayKeepsItsElements) {
     Pegasus::Array<Pegasus::CIMDateTime> expected;
     expected.append(Pegasus::CIMDateTime(Pegasus::String("20240229235959.999999+060")));
     ExpectSame(Convert(ArrayOf(Type::eDateTime, {TCIMValue(TCIMDateTime("20240229235959.999999+060"))})),
                CIMValue(expected));
 }
 
-TEST(DateTimeToRemote, OfAnEmptyArrayIsAnEmptyArray) {
+TEST(DateTimeToRemoteTest, OfAnEmptyArrayIsAnEmptyArray) {
     const CIMValue value = Convert(ArrayOf(Type::eDateTime, {}));
     ExpectSame(value, CIMValue(Pegasus::Array<Pegasus::CIMDateTime>()));
     EXPECT_FALSE(value.isNull());
 }
 
-TEST(DateTimeToRemote, OfMalformedTextThrowsAndLeavesTheTargetUntouched) {
+TEST(DateTimeToRemoteTest, OfMalformedTextThrowsAndLeavesTheTargetUntouched) {
     CIMValue out(kUntouched);
     EXPECT_THROW(ConvertToRemoteValue(TCIMValue(TCIMDateTime("yesterday")), out),
                  Pegasus::InvalidDateTimeFormatException);
@@ -193,28 +193,28 @@ TEST(DateTimeToRemote, OfMalformedTextThrowsAndLeavesTheTargetUntouched) {
     ExpectSame(out, kUntouched);
 }
 
-TEST(ReferenceToRemote, ParsesThePath) {
+TEST(ReferenceToRemoteTest, ParsesThePath) {
     const char* path = "//host/root/cimv2:CIM_Fan.DeviceID=\"a\\\"b\",Number=2";
     ExpectSame(Convert(ReferenceTo(path)), CIMValue(Pegasus::CIMObjectPath(Pegasus::String(path))));
 }
 
-TEST(ReferenceToRemote, OfAMalformedPathThrowsAndLeavesTheTargetUntouched) {
+TEST(ReferenceToRemoteTest, OfAMalformedPathThrowsAndLeavesTheTargetUntouched) {
     CIMValue out(kUntouched);
     EXPECT_THROW(ConvertToRemoteValue(ReferenceTo("CIM_Fan.DeviceID="), out),
                  Pegasus::MalformedObjectNameException);
     ExpectSame(out, kUntouched);
 }
 
-TEST(ReferenceToRemote, LeavesTheTargetUntouchedForAnArray) {
+TEST(ReferenceToRemoteTest, LeavesTheTargetUntouchedForAnArray) {
     ExpectSame(Convert(ArrayOf(Type::eReference, {ReferenceTo("CIM_Fan.DeviceID=\"1\"")})), kUntouched);
 }
 
-TEST(UnknownToRemote, LeavesTheTargetUntouched) {
+TEST(UnknownToRemoteTest, LeavesTheTargetUntouched) {
     ExpectSame(Convert(TCIMValue()), kUntouched);
     ExpectSame(Convert(ArrayOf(Type::eUnknown, {TCIMValue(1)})), kUntouched);
 }
 
-TEST(ArrayToRemote, LeavesTheTargetUntouchedForAnArrayCode) {
+TEST(ArrayToRemoteTest, LeavesTheTargetUntouchedForAnArrayCode) {
     ExpectSame(Convert(ArrayOf(Type::eSint32Array, {TCIMValue(1)})), kUntouched);
     ExpectSame(Convert(TCIMValue(Type::eStringArray, 0)), kUntouched);
 }
@@ -243,7 +243,7 @@ std::vector<TCIMValue> EveryKindOfValue() {
     return all;
 }
 
-TEST(RoundTrip, BringsEveryKindOfValueBackUnchanged) {
+TEST(RoundTripTest, BringsEveryKindOfValueBackUnchanged) {
     for (const TCIMValue& value : EveryKindOfValue()) {
         const CIMValue remote = Convert(value);
         TCIMValue back;

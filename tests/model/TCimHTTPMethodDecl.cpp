@@ -7,7 +7,7 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-class MethodDecl : public ElementTest {
+class MethodDeclTest : public ElementTest {
 protected:
     void AddParameter(const std::string& name) {
         method_->AllocateParameterDecl(name, TCIMValue::TCIMType::eString, TContext())->Commit(TContext());
@@ -25,12 +25,12 @@ protected:
     }
 };
 
-TEST_F(MethodDecl, BelongsToItsClassAndHasItsReturnType) {
+TEST_F(MethodDeclTest, BelongsToItsClassAndHasItsReturnType) {
     EXPECT_EQ(method_->GetClass(TContext()), class_);
     EXPECT_EQ(method_->GetType(TContext()), TCIMValue::TCIMType::eUint32);
 }
 
-TEST_F(MethodDecl, AllocatesAParameterWithoutAddingIt) {
+TEST_F(MethodDeclTest, AllocatesAParameterWithoutAddingIt) {
     const auto parameter =
         method_->AllocateParameterDecl("Mode", TCIMValue::TCIMType::eUint16Array, TContext());
     EXPECT_EQ(parameter->GetName(TContext()), "Mode");
@@ -39,25 +39,25 @@ TEST_F(MethodDecl, AllocatesAParameterWithoutAddingIt) {
     EXPECT_FALSE(method_->GetParameterDecl("Mode", TContext()));
 }
 
-TEST_F(MethodDecl, FindsAParameterInAnyLetterCase) {
+TEST_F(MethodDeclTest, FindsAParameterInAnyLetterCase) {
     const auto parameter = method_->AllocateParameterDecl("Mode", TCIMValue::TCIMType::eString, TContext());
     parameter->Commit(TContext());
     EXPECT_EQ(method_->GetParameterDecl("MODE", TContext()), parameter);
 }
 
-TEST_F(MethodDecl, GivesAnEmptyPointerForAnAbsentParameter) {
+TEST_F(MethodDeclTest, GivesAnEmptyPointerForAnAbsentParameter) {
     EXPECT_FALSE(method_->GetParameterDecl("Mode", TContext()));
     EXPECT_TRUE(log_.Lines().empty());
 }
 
-TEST_F(MethodDecl, EnumeratesParametersInTheOrderOfNormalisedNames) {
+TEST_F(MethodDeclTest, EnumeratesParametersInTheOrderOfNormalisedNames) {
     for (const char* name : {"Zone", "alpha", "Beta"}) {
         AddParameter(name);
     }
     EXPECT_EQ(ParameterNames(), (Names{"alpha", "Beta", "Zone"}));
 }
 
-TEST_F(MethodDecl, StopsEnumeratingParametersAtTheFirstFalse) {
+TEST_F(MethodDeclTest, StopsEnumeratingParametersAtTheFirstFalse) {
     for (const char* name : {"A", "B", "C"}) {
         AddParameter(name);
     }
@@ -67,13 +67,13 @@ TEST_F(MethodDecl, StopsEnumeratingParametersAtTheFirstFalse) {
     EXPECT_EQ(calls, 2);
 }
 
-TEST_F(MethodDecl, EntersItsClassWithCommit) {
+TEST_F(MethodDeclTest, EntersItsClassWithCommit) {
     EXPECT_FALSE(class_->GetMethodDecl("Reset", TContext()));
     method_->Commit(TContext());
     EXPECT_EQ(class_->GetMethodDecl("RESET", TContext()), method_);
 }
 
-TEST_F(MethodDecl, IsRefusedByItsClassWhenItsNameIsTaken) {
+TEST_F(MethodDeclTest, IsRefusedByItsClassWhenItsNameIsTaken) {
     method_->Commit(TContext());
     log_.Clear();
     EXPECT_EQ(StatusOf([&] { MakeMethod("RESET")->Commit(TContext()); }), eVSKAlreadyExists);
@@ -83,19 +83,19 @@ TEST_F(MethodDecl, IsRefusedByItsClassWhenItsNameIsTaken) {
     EXPECT_EQ(class_->GetMethodDecl("Reset", TContext()), method_);
 }
 
-TEST_F(MethodDecl, IsValidatedBeforeItEntersItsClass) {
+TEST_F(MethodDeclTest, IsValidatedBeforeItEntersItsClass) {
     EXPECT_EQ(StatusOf([&] { MakeMethod("Re set")->Commit(TContext()); }), eVSKInvalidName);
     const std::vector<RecordingLogger::Line> expected{{0, "CimHTTP: CIM name 'Re set' is invalid"}};
     EXPECT_EQ(log_.Lines(), expected);
 }
 
-TEST_F(MethodDecl, DoesNotKeepItsClassAlive) {
+TEST_F(MethodDeclTest, DoesNotKeepItsClassAlive) {
     class_.reset();
     EXPECT_FALSE(method_->GetClass(TContext()));
     ExpectMissingPointer(log_, "TCimHTTPMethodDecl::Commit", [&] { method_->Commit(TContext()); });
 }
 
-TEST_F(MethodDecl, KeepsItsTypeAndParametersWhenAssignedTo) {
+TEST_F(MethodDeclTest, KeepsItsTypeAndParametersWhenAssignedTo) {
     AddParameter("Mode");
     const boost::shared_ptr<TCimHTTPMethodDecl> source(
         new TCimHTTPMethodDecl(class_, "Other", TCIMValue::TCIMType::eString));

@@ -10,7 +10,7 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-class QualifierSet : public ElementTest {
+class QualifierSetTest : public ElementTest {
 protected:
     boost::shared_ptr<TCimHTTPQualifier> Make(const std::string& name, const TCIMValue& value,
                                               unsigned int flavor) const {
@@ -30,12 +30,12 @@ protected:
     TQualifierSet set_;
 };
 
-TEST_F(QualifierSet, IsEmptyAtFirst) {
+TEST_F(QualifierSetTest, IsEmptyAtFirst) {
     EXPECT_FALSE(set_.Find("Key"));
     EXPECT_EQ(InOrder(), Names());
 }
 
-TEST_F(QualifierSet, KeepsTheFirstOfTwoWithTheSameValueAndFlavor) {
+TEST_F(QualifierSetTest, KeepsTheFirstOfTwoWithTheSameValueAndFlavor) {
     const auto first = Make("MaxLen", TCIMValue(5u), 2);
     set_.Add(first);
     set_.Add(Make("MaxLen", TCIMValue(5u), 2));
@@ -44,14 +44,14 @@ TEST_F(QualifierSet, KeepsTheFirstOfTwoWithTheSameValueAndFlavor) {
     EXPECT_TRUE(log_.Lines().empty());
 }
 
-TEST_F(QualifierSet, KeepsTheFirstOfTwoWithNullValuesOfOneType) {
+TEST_F(QualifierSetTest, KeepsTheFirstOfTwoWithNullValuesOfOneType) {
     const auto first = Make("Description", TCIMValue(TCIMValue::TCIMType::eString, 0), 0);
     set_.Add(first);
     set_.Add(Make("Description", TCIMValue(TCIMValue::TCIMType::eString, 0), 0));
     EXPECT_EQ(set_.Find("Description"), first);
 }
 
-TEST_F(QualifierSet, RefusesAnotherValueAndKeepsTheOldOne) {
+TEST_F(QualifierSetTest, RefusesAnotherValueAndKeepsTheOldOne) {
     const auto first = Make("MaxLen", TCIMValue(5u), 2);
     set_.Add(first);
     EXPECT_EQ(StatusOf([&] { set_.Add(Make("MaxLen", TCIMValue(6u), 2)); }), eVSKQualifierConflict);
@@ -59,14 +59,14 @@ TEST_F(QualifierSet, RefusesAnotherValueAndKeepsTheOldOne) {
     EXPECT_TRUE(log_.Lines().empty());
 }
 
-TEST_F(QualifierSet, RefusesAnotherFlavorAndKeepsTheOldOne) {
+TEST_F(QualifierSetTest, RefusesAnotherFlavorAndKeepsTheOldOne) {
     const auto first = Make("MaxLen", TCIMValue(5u), 2);
     set_.Add(first);
     EXPECT_EQ(StatusOf([&] { set_.Add(Make("MaxLen", TCIMValue(5u), 3)); }), eVSKQualifierConflict);
     EXPECT_EQ(set_.Find("MaxLen"), first);
 }
 
-TEST_F(QualifierSet, ReplacesOneWithFlavorOneWhateverTheNewValue) {
+TEST_F(QualifierSetTest, ReplacesOneWithFlavorOneWhateverTheNewValue) {
     set_.Add(Make("MaxLen", TCIMValue(5u), 1));
     const auto second = Make("MaxLen", TCIMValue("text"), 2);
     set_.Add(second);
@@ -74,19 +74,19 @@ TEST_F(QualifierSet, ReplacesOneWithFlavorOneWhateverTheNewValue) {
     EXPECT_EQ(InOrder(), Names{"MaxLen"});
 }
 
-TEST_F(QualifierSet, ReplacesOneWithTheLowestFlavorBitAmongOthers) {
+TEST_F(QualifierSetTest, ReplacesOneWithTheLowestFlavorBitAmongOthers) {
     set_.Add(Make("MaxLen", TCIMValue(5u), 7));
     const auto second = Make("MaxLen", TCIMValue(5u), 7);
     set_.Add(second);
     EXPECT_EQ(set_.Find("MaxLen"), second);
 }
 
-TEST_F(QualifierSet, LooksAtTheFlavorOfTheOldOneOnly) {
+TEST_F(QualifierSetTest, LooksAtTheFlavorOfTheOldOneOnly) {
     set_.Add(Make("MaxLen", TCIMValue(5u), 6));
     EXPECT_EQ(StatusOf([&] { set_.Add(Make("MaxLen", TCIMValue(6u), 1)); }), eVSKQualifierConflict);
 }
 
-TEST_F(QualifierSet, TakesNamesThatDifferInCaseForOne) {
+TEST_F(QualifierSetTest, TakesNamesThatDifferInCaseForOne) {
     const auto first = Make("MaxLen", TCIMValue(5u), 2);
     set_.Add(first);
     set_.Add(Make("MAXLEN", TCIMValue(5u), 2));
@@ -95,14 +95,14 @@ TEST_F(QualifierSet, TakesNamesThatDifferInCaseForOne) {
     EXPECT_EQ(InOrder(), Names{"MaxLen"});
 }
 
-TEST_F(QualifierSet, EnumeratesInTheOrderOfNormalisedNames) {
+TEST_F(QualifierSetTest, EnumeratesInTheOrderOfNormalisedNames) {
     for (const char* name : {"Units", "abstract", "_x", "KEY"}) {
         set_.Add(Make(name, TCIMValue(true), 0));
     }
     EXPECT_EQ(InOrder(), (Names{"_x", "abstract", "KEY", "Units"}));
 }
 
-TEST_F(QualifierSet, StopsEnumeratingAtTheFirstFalse) {
+TEST_F(QualifierSetTest, StopsEnumeratingAtTheFirstFalse) {
     for (const char* name : {"A", "B", "C"}) {
         set_.Add(Make(name, TCIMValue(true), 0));
     }
@@ -111,7 +111,7 @@ TEST_F(QualifierSet, StopsEnumeratingAtTheFirstFalse) {
     EXPECT_EQ(calls, 2);
 }
 
-TEST_F(QualifierSet, LetsACallbackReplaceAndAddQualifiers) {
+TEST_F(QualifierSetTest, LetsACallbackReplaceAndAddQualifiers) {
     for (const char* name : {"A", "C"}) {
         set_.Add(Make(name, TCIMValue(1), 1));
     }
@@ -127,7 +127,7 @@ TEST_F(QualifierSet, LetsACallbackReplaceAndAddQualifiers) {
     EXPECT_EQ(InOrder(), (Names{"A", "B", "C"}));
 }
 
-TEST_F(QualifierSet, RefusesMalformedNames) {
+TEST_F(QualifierSetTest, RefusesMalformedNames) {
     EXPECT_EQ(StatusOf([&] { set_.Find("no name"); }), eVSKInvalidName);
     EXPECT_EQ(StatusOf([&] { set_.Add(Make("1st", TCIMValue(1), 0)); }), eVSKInvalidName);
     const std::vector<RecordingLogger::Line> expected{{0, "CimHTTP: CIM name 'no name' is invalid"},
@@ -136,11 +136,11 @@ TEST_F(QualifierSet, RefusesMalformedNames) {
     EXPECT_EQ(InOrder(), Names());
 }
 
-TEST_F(QualifierSet, NeedsAQualifier) {
+TEST_F(QualifierSetTest, NeedsAQualifier) {
     ExpectMissingPointer(log_, "TQualifierSet::Add", [&] { set_.Add(boost::shared_ptr<ICIMQualifier>()); });
 }
 
-TEST_F(QualifierSet, NeedsAQualifierOfThisPlugin) {
+TEST_F(QualifierSetTest, NeedsAQualifierOfThisPlugin) {
     const boost::shared_ptr<TUnionNamespace> other(new TUnionNamespace);
     other
         ->AllocateQualifierDecl("Key", TCIMValue(true), ICIMQualifierDecl::eScopeAny,
