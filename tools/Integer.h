@@ -1,0 +1,20 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace tool {
+
+/// An integer of any CIM type: its sign apart from its size, since no C++ type holds both ends.
+struct Integer {
+    bool negative = false;  ///< False for zero.
+    unsigned long long size = 0;
+
+    bool operator<=(const Integer& other) const;
+};
+
+/// The integer that a text is, decimal or hexadecimal after "0x", with or without a sign; none when it is
+/// something else or does not fit.
+std::optional<Integer> parseInteger(const std::string& text);
+
+}  // namespace tool
