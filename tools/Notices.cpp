@@ -1,0 +1,34 @@
+#include "tools/Notices.h"
+
+#include "tools/SafeText.h"
+
+namespace tool {
+
+namespace {
+
+// Some log lines end with a newline of their own.
+std::string withoutFinalNewline(std::string text) {
+    while (!text.empty() && text.back() == '\n') {
+        text.pop_back();
+    }
+    return text;
+}
+
+}  // namespace
+
+void Notices::say(const std::string& text) {
+    if (said_.insert(text).second) {
+        write("cimhttp: " + text);
+    }
+}
+
+void Notices::trace(const std::string& text) {
+    write(text);
+}
+
+void Notices::write(const std::string& text) {
+    progress_.clear();
+    error_ << safeText(withoutFinalNewline(text)) << std::endl;
+}
+
+}  // namespace tool

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <ostream>
+#include <set>
+#include <string>
+
+#include "tools/Progress.h"
+
+namespace tool {
+
+/// What a person is told on standard error, each notice on a line of its own and once only: a retry that
+/// fails as the first try did says nothing new. Text from servers is made safe.
+class Notices {
+public:
+    /// `error` and `progress` must outlive this object.
+    Notices(std::ostream& error, Progress& progress) : error_(error), progress_(progress) {}
+
+    /// A notice, with the program's name before it.
+    void say(const std::string& text);
+
+    /// A line of the log as it stands, every time.
+    void trace(const std::string& text);
+
+private:
+    void write(const std::string& text);
+
+    std::ostream& error_;
+    Progress& progress_;
+    std::set<std::string> said_;
+};
+
+}  // namespace tool

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tool {
+
+/// How a namespace is connected: by its own choice (HTTPS, else HTTP), or over one protocol only.
+enum class Transport { kAuto, kHttps, kHttp };
+
+enum class Format { kText, kJson, kCsv };
+
+/// What to ask.
+enum class Question { kClasses, kNames, kWalk, kClass, kTree, kQualifiers, kInstances, kGet, kInvoke };
+
+/// What the command line says, read but not yet interpreted.
+struct Options {
+    std::vector<std::string> nodes;  ///< [USER@]HOST each, in node order; none: the embedded machine.
+    std::string user;                ///< Of the nodes that name none.
+    std::string passwordFile;        ///< Empty: none.
+    Transport transport = Transport::kAuto;
+    std::string nameSpace = "root/cimv2";
+    std::optional<unsigned> timeoutMs;
+    Format format = Format::kText;
+    bool verbose = false;
+
+    Question question = Question::kClasses;
+    std::string className;                ///< Empty where a command takes it and it was left out.
+    std::vector<std::string> classNames;  ///< qualifiers
+    bool deep = false;                    ///< classes, instances
+    bool all = false;                     ///< class
+    std::vector<std::string> columns;     ///< instances; empty: no table
+    std::optional<std::size_t> limit;     ///< instances
+    std::string path;                     ///< get, invoke
+    std::string method;                   ///< invoke
+    std::vector<std::string> arguments;   ///< invoke: NAME=VALUE each
+};
+
+}  // namespace tool

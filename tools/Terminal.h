@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace tool {
+
+/// The person's terminal, and the signals that come from it.
+namespace terminal {
+
+bool isInput();   ///< Standard input is a terminal.
+bool isOutput();  ///< Standard output is one.
+bool isError();   ///< Standard error is one.
+
+/// Columns of the terminal behind standard output or, with `error`, standard error; 0 when there is none.
+std::size_t width(bool error = false);
+
+/// Asks on standard error and reads one line of standard input without showing it. Throws Failure when the
+/// input ends first.
+std::string readSecret(const std::string& prompt);
+
+/// Ctrl-C and SIGTERM end the process as they would, after the terminal was put in order. A closed output
+/// pipe shows as a failed write instead of a signal: server connections could raise it just as well.
+void handleSignals();
+
+/// Tells the signal handler whether a progress line stands on standard error and is to be wiped.
+void setProgressShown(bool shown);
+
+}  // namespace terminal
+
+}  // namespace tool
