@@ -1,0 +1,60 @@
+#include "tools/Program.h"
+
+#include <exception>
+#include <iostream>
+
+#include "tools/CommandLine.h"
+#include "tools/ExitStatus.h"
+#include "tools/Failure.h"
+#include "tools/Terminal.h"
+#include "tools/UsageError.h"
+#include "tools/commands/Commands.h"
+
+namespace tool {
+
+namespace {
+
+ExitStatus answer(const Options& options, Notices& notices, Progress& progress) {
+    Output output(std::cout, progress, terminal::isOutput());
+    Session session(options, notices, progress);
+    try {
+        session.connect();
+        const bool found = runCommand({options, session, output, progress, notices});
+        output.flush();
+        return found && !session.hasFailed() ? kAnswered : kNothingOrFailed;
+    } catch (const Failure&) {
+        output.flush();  // what was answered before stays in front of the message
+        throw;
+    }
+}
+
+ExitStatus run(int argc, const char* const* argv, Notices& notices, Progress& progress) {
+    try {
+        const CommandLine commandLine(argc, argv);
+        return commandLine.status ? *commandLine.status : answer(commandLine.options, notices, progress);
+    } catch (const OutputClosed&) {
+        return kAnswered;
+    } catch (const UsageError& error) {
+        notices.say(error.what());
+        return kWrongUsage;
+    } catch (const Failure& failure) {
+        if (*failure.what() != '\0') {
+            notices.say(failure.what());
+        }
+    } catch (const std::exception& error) {
+        notices.say(error.what());
+    }
+    return kNothingOrFailed;
+}
+
+}  // namespace
+
+int runProgram(int argc, const char* const* argv) {
+    terminal::handleSignals();
+    std::ios::sync_with_stdio(false);
+    Progress progress(std::cerr, terminal::isError(), terminal::width(true));
+    Notices notices(std::cerr, progress);
+    return run(argc, argv, notices, progress);
+}
+
+}  // namespace tool

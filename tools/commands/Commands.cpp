@@ -1,0 +1,55 @@
+#include "tools/commands/Commands.h"
+
+#include <nlohmann/json.hpp>
+
+#include "tools/JsonArray.h"
+#include "tools/SafeText.h"
+
+namespace tool {
+
+bool runCommand(const CommandContext& context) {
+    switch (context.options.question) {
+        case Question::kClasses:
+            return runClasses(context);
+        case Question::kNames:
+            return runNames(context);
+        case Question::kWalk:
+            return runWalk(context);
+        case Question::kClass:
+            return runClass(context);
+        case Question::kTree:
+            return runTree(context);
+        case Question::kQualifiers:
+            return runQualifiers(context);
+        case Question::kInstances:
+            return runInstances(context);
+        case Question::kGet:
+            return runGet(context);
+        case Question::kInvoke:
+            break;
+    }
+    return runInvoke(context);
+}
+
+bool nothingFound(const CommandContext& context, const std::string& what) {
+    if (!context.session.hasFailed()) {
+        context.notices.say(what);
+    }
+    return false;
+}
+
+void writeNames(const CommandContext& context, const std::vector<std::string>& names) {
+    if (!context.isJson()) {
+        for (const std::string& name : names) {
+            context.output.line(safeText(name));
+        }
+        return;
+    }
+    JsonArray array(context.output);
+    for (const std::string& name : names) {
+        array.add(name);
+    }
+    array.end();
+}
+
+}  // namespace tool

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "tools/Notices.h"
+#include "tools/Options.h"
+#include "tools/Output.h"
+#include "tools/Progress.h"
+#include "tools/Session.h"
+
+namespace tool {
+
+/// What a command works with; all of it outlives the command.
+struct CommandContext {
+    const Options& options;
+    Session& session;
+    Output& output;
+    Progress& progress;
+    Notices& notices;
+
+    bool isJson() const { return options.format == Format::kJson; }
+};
+
+// The commands, one a file of its name. Each writes its answer and returns true when there was one. They
+// throw UsageError and Failure.
+
+bool runClasses(const CommandContext& context);
+bool runNames(const CommandContext& context);
+bool runWalk(const CommandContext& context);
+bool runClass(const CommandContext& context);
+bool runTree(const CommandContext& context);
+bool runQualifiers(const CommandContext& context);
+bool runInstances(const CommandContext& context);
+bool runGet(const CommandContext& context);
+bool runInvoke(const CommandContext& context);
+
+/// The one that the options ask for.
+bool runCommand(const CommandContext& context);
+
+/// Says that there is nothing, unless a failure was said that tells why; returns false.
+bool nothingFound(const CommandContext& context, const std::string& what);
+
+/// Names as text, one a line, or as a JSON array.
+void writeNames(const CommandContext& context, const std::vector<std::string>& names);
+
+}  // namespace tool

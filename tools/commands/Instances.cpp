@@ -1,0 +1,72 @@
+// instances CLASS: every node's instances.
+
+#include <fmt/format.h>
+
+#include "tools/InstancePrinter.h"
+#include "tools/Terminal.h"
+#include "tools/UsageError.h"
+#include "tools/commands/Commands.h"
+
+namespace tool {
+
+namespace {
+
+using NQELVSK20::ICIMInstance;
+
+// The columns as the class declares them.
+std::vector<std::string> declaredColumns(const std::vector<std::string>& columns, const ClassSchema& schema) {
+    std::vector<std::string> declared;
+    for (const std::string& column : columns) {
+        const ClassSchema::Property* property = schema.findProperty(column);
+        if (property == nullptr) {
+            throw UsageError(schema.cimClass().GetName(NQELVSK20::TContext()) + " has no property '" +
+                             column + "'");
+        }
+        declared.push_back(property->name);
+    }
+    return declared;
+}
+
+void sayLeftOut(const CommandContext& context) {
+    std::string names;
+    for (const std::string& name : context.session.logger().undeclaredProperties()) {
+        names += (names.empty() ? "" : ", ") + name;
+    }
+    if (!names.empty()) {
+        context.notices.say("left out, since the class of the instances does not declare them: " + names);
+    }
+}
+
+std::size_t print(const CommandContext& context, NQELVSK20::ICIMClass& cimClass, InstancePrinter& printer) {
+    std::size_t count = 0;
+    const auto isEnough = [&] { return context.options.limit && count >= *context.options.limit; };
+    context.session.enumerateInstances(
+        cimClass, context.options.deep, [&](const boost::shared_ptr<ICIMInstance>& instance) {
+            if (isEnough()) {
+                return false;  // a subclass's turn, which an earlier false did not stop
+            }
+            const InstanceView view(*instance);
+            printer.print(view);
+            context.progress.show(fmt::format("node {}: {} instances so far", view.node, ++count));
+            return !isEnough();
+        });
+    printer.end();
+    return count;
+}
+
+}  // namespace
+
+bool runInstances(const CommandContext& context) {
+    const std::string& className = context.options.className;
+    const auto cimClass = context.session.getClass(className);
+    SchemaCache schemas(context.session);
+    const ClassSchema& schema = schemas.of(cimClass);
+    const auto printer = makeInstancePrinter(
+        context.options.format, {context.output, schemas, schema,
+                                 declaredColumns(context.options.columns, schema), terminal::width()});
+    const std::size_t count = print(context, *cimClass, *printer);
+    sayLeftOut(context);
+    return count != 0 || nothingFound(context, "there are no instances of " + className);
+}
+
+}  // namespace tool
