@@ -30,6 +30,13 @@ protected:
     using Instance = boost::shared_ptr<ICIMInstance>;
     using Instances = std::vector<Instance>;
 
+    /// As in any plug-in test, and kept connected until the test ends: classes hold their namespace weakly.
+    Namespace Connected(TestMachine& machine, const std::string& name = "root/cimv2",
+                        bool replaceDuplicates = false) {
+        kept_.push_back(PluginTest::Connected(machine, name, replaceDuplicates));
+        return kept_.back();
+    }
+
     /// Nodes without data.
     static TestMachine::Options Nodes(std::size_t count) {
         TestMachine::Options options;
@@ -123,6 +130,13 @@ protected:
         return paths;
     }
 
+    /// A reference in no namespace.
+    static TCIMReference Reference(const std::string& path) {
+        TCIMReference reference{boost::shared_ptr<ICIMNamespace>(), TContext()};
+        reference.SetPath(path);
+        return reference;
+    }
+
     static TCIMValue ValueOf(const Instance& instance, const std::string& property) {
         return instance->GetProperty(property, TContext())->GetValue(TContext());
     }
@@ -137,6 +151,9 @@ protected:
         }
         return texts;
     }
+
+private:
+    std::vector<Namespace> kept_;
 };
 
 /// The value of an argument of an intrinsic request; `defaultValue` (DSP0200) when the client left it out.
