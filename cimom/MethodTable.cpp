@@ -14,7 +14,7 @@ namespace cimom {
 namespace {
 
 /// A method, implemented for a class and all that inherit from it. An empty method name stands for every
-/// method of the class.
+/// method that the class introduces.
 struct Entry {
     std::string_view className;
     std::string_view method;
@@ -28,12 +28,16 @@ constexpr std::array<Entry, 5> kMethods{
      {"CIM_NumericSensor", "RestoreDefaultThresholds", restoreDefaultThresholds},
      {"CIM_NumericSensor", "GetNonLinearFactors", getNonLinearFactors}}};
 
-const Entry* findImplementation(const ClassView& type, const std::string& method) {
-    for (const ClassView* view = &type; view != nullptr; view = view->superClass) {
+bool implements(const Entry& entry, const ClassView& view, const MemberView& method) {
+    const bool named =
+        entry.method.empty() ? sameName(entry.className, method.origin) : sameName(entry.method, method.name);
+    return named && sameName(entry.className, view.name);
+}
+
+const Entry* findImplementation(const MethodCall& call) {
+    for (const ClassView* view = call.type; view != nullptr; view = view->superClass) {
         for (const Entry& entry : kMethods) {
-            const bool named = entry.method.empty() ? view->element.child("METHOD") != nullptr
-                                                    : sameName(entry.method, method);
-            if (sameName(entry.className, view->name) && named) {
+            if (implements(entry, *view, *call.method)) {
                 return &entry;
             }
         }
@@ -67,7 +71,7 @@ void appendOutParameters(std::string& out, const MethodCall& call, const MethodR
 
 std::string runExtrinsicMethod(const CimRequest& request, NameSpace& nameSpace) {
     const MethodCall call = MethodCall::prepare(request, nameSpace);
-    const Entry* implementation = findImplementation(*call.type, request.operation);
+    const Entry* implementation = findImplementation(call);
     if (implementation == nullptr) {
         throw CimError(CimStatus::MethodNotAvailable,
                        "the method '" + call.method->name + "' is declared but not implemented");

@@ -1,6 +1,7 @@
 #include "cimom/SampleMachine.h"
 
 #include "cimom/EmbeddedData.h"
+#include "cimom/Xml.h"
 
 namespace cimom {
 namespace {
@@ -11,22 +12,43 @@ void replaceAll(std::string& text, const std::string& what, const std::string& w
     }
 }
 
-/// A further node, made after the first: the name and number of that node, which stand in its texts as
-/// "node-0" and in its serial numbers as "-N0", give way to its own.
+pugi::xml_node valueOf(const pugi::xpath_node& property) {
+    return property.node().child("VALUE");
+}
+
+void giveOwnNumbers(pugi::xml_document& document, unsigned nodeIndex) {
+    const auto number = document.select_node(
+        "//INSTANCE[@CLASSNAME='OMC_UnitaryComputerSystem']"
+        "/PROPERTY[@NAME='NodeNumber']");
+    valueOf(number).text().set(nodeIndex);
+    for (const auto& reading : document.select_nodes("//PROPERTY[@NAME='CurrentReading'][VALUE]")) {
+        valueOf(reading).text().set(valueOf(reading).text().as_int() + static_cast<int>(nodeIndex % 5) + 1);
+    }
+}
+
+/// A further node, made after a prepared one: its name and serial number, in whose texts stand "node-0" and
+/// "-N0", its number and its readings give way to others.
 std::string madeNode(unsigned nodeIndex) {
     std::string xml = kNodeXml[nodeIndex % kPreparedNodes];
     const std::string old = std::to_string(nodeIndex % kPreparedNodes);
     const std::string own = std::to_string(nodeIndex);
-    replaceAll(xml, "node-" + old, "node-" + own);
-    replaceAll(xml, "-N" + old, "-N" + own);
-    return xml;
+    replaceAll(xml, "node-" + old + ".", "node-" + own + ".");
+    replaceAll(xml, "-N" + old + "<", "-N" + own + "<");
+    pugi::xml_document document;
+    parseXml(xml, document);
+    giveOwnNumbers(document, nodeIndex);
+    std::string made;
+    appendElement(made, firstElement(document));
+    return made;
 }
 
 }  // namespace
 
 std::vector<SampleText> sampleMachineNode(unsigned nodeIndex) {
     const std::string number = std::to_string(nodeIndex);
-    return {{"schema.xml", kSchemaXml}, {"node" + number + ".xml", madeNode(nodeIndex)}};
+    return {
+        {"schema.xml", kSchemaXml},
+        {"node" + number + ".xml", nodeIndex < kPreparedNodes ? kNodeXml[nodeIndex] : madeNode(nodeIndex)}};
 }
 
 }  // namespace cimom
