@@ -8,6 +8,7 @@
 #include <boost/optional.hpp>
 #include <string>
 
+#include "cimxml/wire/Ascii.h"
 #include "cimxml/wire/WireError.h"
 
 namespace cimxml {
@@ -67,11 +68,20 @@ std::string describe(const error_code& error, const Limits& limits) {
     return "Malformed HTTP response message: " + error.message() + ".";
 }
 
-HttpResponse take(Parser& parser, bool nothingLeft) {
+/// The reason in a status line, "HTTP/1.1 404 Not Found".
+std::string reasonIn(std::string_view statusLine) {
+    const std::size_t code = statusLine.find(' ');
+    const std::size_t reason = statusLine.find(' ', code == std::string_view::npos ? code : code + 1);
+    return std::string(reason == std::string_view::npos ? std::string_view()
+                                                        : trim(statusLine.substr(reason)));
+}
+
+HttpResponse take(Parser& parser, std::string_view statusLine, bool nothingLeft) {
     auto message = parser.release();
     HttpResponse response;
     response.status = message.result_int();
-    response.reason = std::string(message.reason());
+    // Beast would put the standard's words in place of an empty reason.
+    response.reason = reasonIn(statusLine);
     response.keepAlive = nothingLeft && message.keep_alive();
     for (const auto& field : message.base()) {
         response.fields.emplace_back(std::string(field.name_string()), std::string(field.value()));
@@ -99,6 +109,7 @@ public:
 
 private:
     HttpResponse receiveOne() {
+        statusLine_.clear();
         Parser parser;
         parser.eager(true);
         parser.header_limit(static_cast<std::uint32_t>(limits_.headerBytes));
@@ -108,18 +119,45 @@ private:
                 end(parser);
             }
         }
-        return take(parser, buffer_.size() == 0);
+        return take(parser, statusLine_, buffer_.size() == 0);
     }
 
     /// Parses what has been received; false when that takes the parser no further.
     bool parse(Parser& parser) {
+        if (buffer_.size() < least(parser)) {
+            return false;
+        }
+        lookAtStatusLine();
         error_code error;
-        const std::size_t used = buffer_.size() == 0 ? 0 : parser.put(buffer_.data(), error);
+        const std::size_t used = parser.put(buffer_.data(), error);
         buffer_.consume(used);
         if (error && error != http::error::need_more) {
             throw WireError(WireError::Kind::BadHttp, describe(error, limits_));
         }
         return parser.is_done() || (used > 0 && !error && buffer_.size() > 0);
+    }
+
+    /// Fewest bytes to call the parser with. What is left of a chunked body is never shorter than its last
+    /// line, "0" and two line ends, and Boost 1.81 asserts that it gets that line as a whole.
+    static std::size_t least(const Parser& parser) {
+        return parser.is_header_done() && parser.chunked() ? 5 : 1;
+    }
+
+    /// Keeps the status line, which the parser takes away, and refuses what is not HTTP at its first byte:
+    /// the parser would wait for the end of a header.
+    void lookAtStatusLine() {
+        if (!statusLine_.empty()) {
+            return;
+        }
+        constexpr std::string_view start = "HTTP/";
+        const std::string_view received(static_cast<const char*>(buffer_.data().data()), buffer_.size());
+        if (received.substr(0, start.size()) != start.substr(0, received.size())) {
+            throw WireError(WireError::Kind::BadHttp, describe(http::error::bad_version, limits_));
+        }
+        const std::size_t end = received.find('\r');
+        if (end != std::string_view::npos) {
+            statusLine_ = received.substr(0, end);
+        }
     }
 
     bool readMore() {
@@ -152,6 +190,7 @@ private:
     const Limits& limits_;
     Deadline deadline_;
     beast::flat_buffer buffer_;
+    std::string statusLine_;
     std::size_t received_ = 0;
 };
 

@@ -94,6 +94,11 @@ CIMValue arrayOfOne(const CIMValue& scalar) {
     return CIMValue(Array<T>(1, element));
 }
 
+/// Stands for a null element of an array of embedded objects.
+CIMObject nullObject() {
+    return CIMObject(CIMInstance(CIMName("CIM_Null")));
+}
+
 bool isEmbedded(CIMType type) {
     return type == CIMTYPE_OBJECT || type == CIMTYPE_INSTANCE;
 }
@@ -187,15 +192,15 @@ CIMValue ValueReader::readEmbeddedArray(pugi::xml_node node, CIMType type) {
             continue;
         }
         requireValueElement(child);
-        const CIMObject object = isEmpty(child) ? CIMObject() : EmbeddedReader(context_).read(child);
-        onlyInstances = onlyInstances && (object.isUninitialized() || object.isInstance());
+        const CIMObject object = isEmpty(child) ? nullObject() : EmbeddedReader(context_).read(child);
+        onlyInstances = onlyInstances && object.isInstance();
         objects.append(object);
     }
     if (type == CIMTYPE_OBJECT || !onlyInstances) {
         return CIMValue(objects);
     }
     for (Uint32 i = 0; i < objects.size(); ++i) {
-        instances.append(objects[i].isUninitialized() ? CIMInstance() : CIMInstance(objects[i]));
+        instances.append(CIMInstance(objects[i]));
     }
     return CIMValue(instances);
 }

@@ -12,7 +12,8 @@ namespace cimxml {
 /// Reads the elements that hold a value (DSP0201, value elements).
 ///
 /// The API's arrays have no null elements: VALUE.NULL in an array becomes the type's zero value (false, 0, an
-/// empty string, the zero interval), so that every other element keeps its index.
+/// empty string, the zero interval, the empty path, an instance of a class CIM_Null without properties), so
+/// that every other element keeps its index.
 class ValueReader {
 public:
     explicit ValueReader(DecodeContext& context) : context_(context) {}
