@@ -15,6 +15,7 @@
 #include <optional>
 #include <string_view>
 #include <type_traits>
+#include <vector>
 
 #include "cimom/Delivery.h"
 #include "cimom/Text.h"
@@ -230,8 +231,9 @@ private:
 
     void send() {
         expectWithin(kLongestWait);
-        const std::array<net::const_buffer, 2> bytes{net::buffer(delivery_.head),
-                                                     net::buffer(delivery_.body)};
+        // A vector, not an array: when an array of two has its first buffer sent, the next write starts with
+        // an empty buffer, which Beast's TLS stream takes for the end of a long body.
+        const std::vector<net::const_buffer> bytes{net::buffer(delivery_.head), net::buffer(delivery_.body)};
         net::async_write(stream_, bytes, [self = this->shared_from_this()](error_code error, std::size_t) {
             if (!error) {
                 self->onSent();
