@@ -82,7 +82,9 @@ TEST_F(TCimHTTPInstanceTest, HasOneReferenceUnderBothNames) {
     EXPECT_EQ(instance->GetInstanceReference(TContext()).GetPath(), "X_Fan.Id=\"a\"");
 }
 
-TEST_F(TCimHTTPInstanceTest, OfAnotherKindOfClassCannotBeCommitted) {
+class ForeignInstance : public ModelTest {};
+
+TEST_F(ForeignInstance, OfAnotherKindOfClassCannotBeCommitted) {
     const auto foreign = union_->AllocateClass("X_Fan", boost::shared_ptr<ICIMClass>(), TContext());
     const Instance instance(new TCimHTTPInstance(foreign, boost::shared_ptr<ICIMClass>()));
 #ifdef NDEBUG
