@@ -90,8 +90,9 @@ bool isTrail(unsigned char byte) {
     return (byte & 0xC0) == 0x80;
 }
 
-/// Length of the well-formed UTF-8 sequence (Unicode, table 3-7) at `p`, of
-/// which `n` bytes are there; 0 when it is malformed.
+/// Length of the UTF-8 sequence (Unicode, table 3-7) at `p`, of which `n` bytes
+/// are there; 0 when it is malformed. Surrogates, though malformed, are let
+/// through: decode() replaces them.
 Uint32 sequenceLength(const unsigned char* p, Uint32 n) {
     const unsigned char lead = p[0];
     if (lead < 0x80)
@@ -111,7 +112,8 @@ char32_t decode(const unsigned char* p, Uint32 length) {
     char32_t c = p[0] & kLeadMask[length];
     for (Uint32 i = 1; i < length; ++i)
         c = c << 6 | (p[i] & 0x3F);
-    return c;
+    const bool isSurrogate = c >= 0xD800 && c <= 0xDFFF;
+    return isSurrogate ? 0xFFFD : c;
 }
 
 [[noreturn]] void throwMalformedUtf8(const char* str, Uint32 n, Uint32 index) {

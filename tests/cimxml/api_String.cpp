@@ -71,6 +71,10 @@ TEST(String, EncodesUtf8) {
     EXPECT_EQ(utf8(String(all.c_str())), all);
 }
 
+TEST(String, ReplacesSurrogatesThatWereEncodedOneByOne) {
+    EXPECT_EQ(utf8(String("a\xED\xA0\xBD\xED\xB8\x80z")), "a\xEF\xBF\xBD\xEF\xBF\xBDz");
+}
+
 TEST(String, RejectsMalformedUtf8WithPlaceAndBytes) {
     EXPECT_EQ(messageThrownBy([] {
                   String(
