@@ -65,10 +65,6 @@ void listenEverywhere(cimom::Server& server, const Options& options) {
         if (!options.user.empty()) {
             endpoint.credentials = cimom::Credentials{options.user, readPassword(options.passwordFile)};
         }
-        if (!isLoopback(endpoint.address)) {
-            std::fprintf(stderr, "cimom: warning: %s can be reached from other machines\n",
-                         endpoint.address.c_str());
-        }
         if (options.http) {
             endpoint.port = options.httpPort;
             listen(server, endpoint, node);
@@ -77,6 +73,10 @@ void listenEverywhere(cimom::Server& server, const Options& options) {
             endpoint.port = options.httpsPort;
             endpoint.tls = true;
             listen(server, endpoint, node);
+        }
+        if (!isLoopback(endpoint.address)) {
+            std::fprintf(stderr, "cimom: warning: %s can be reached from other machines\n",
+                         endpoint.address.c_str());
         }
     }
 }

@@ -63,6 +63,8 @@ SslContext makeContext(RawConnection::Tls tls) {
         SSL_CTX_set_cipher_list(context.get(), "ALL:@SECLEVEL=0");
     } else if (tls == RawConnection::Tls::Only12) {
         SSL_CTX_set_max_proto_version(context.get(), TLS1_2_VERSION);
+    } else if (tls == RawConnection::Tls::AtLeast12) {
+        SSL_CTX_set_min_proto_version(context.get(), TLS1_2_VERSION);
     }
     return context;
 }

@@ -22,7 +22,7 @@ struct RawAnswer {
 /// Nothing waits longer than ten seconds.
 class RawConnection {
 public:
-    enum class Tls { None, Any, Only10, Only12 };
+    enum class Tls { None, Any, Only10, Only12, AtLeast12 };
 
     /// Throws std::runtime_error when it cannot connect or the handshake fails.
     RawConnection(const std::string& address, std::uint16_t port, Tls tls = Tls::None);

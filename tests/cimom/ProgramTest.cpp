@@ -1,0 +1,188 @@
+// The program cimom, run as a person runs it.
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdio>
+#include <fstream>
+
+#include "tests/cimom/support/Process.h"
+#include "tests/cimom/support/RawConnection.h"
+#include "tests/cimom/support/Requests.h"
+#include "tests/cimom/support/SmallNameSpace.h"
+
+namespace cimom {
+namespace {
+
+using test::BackgroundProcess;
+using test::ProcessResult;
+using test::RawConnection;
+using test::runProcess;
+
+const char* const kProgram = CIMOM_PROGRAM;
+
+/// A file for the time of a test.
+class TemporaryFile {
+public:
+    explicit TemporaryFile(const std::string& content)
+        : name_(testing::TempDir() + "cimom-" + std::to_string(::getpid())) {
+        std::ofstream(name_, std::ios::binary) << content;
+    }
+    ~TemporaryFile() { std::remove(name_.c_str()); }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+    const std::string& name() const { return name_; }
+
+private:
+    std::string name_;
+};
+
+std::uint16_t portOf(const std::string& line) {
+    return static_cast<std::uint16_t>(std::stoi(line.substr(line.rfind(':') + 1)));
+}
+
+test::RawAnswer ask(const std::string& address, std::uint16_t port, const std::string& request,
+                    RawConnection::Tls tls = RawConnection::Tls::None) {
+    RawConnection connection(address, port, tls);
+    connection.send(request);
+    return connection.readAnswer();
+}
+
+std::size_t countOf(const std::string& text, const std::string& what) {
+    std::size_t count = 0;
+    for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at + 1)) {
+        ++count;
+    }
+    return count;
+}
+
+std::string sensorNames() {
+    return test::intrinsicRequest("EnumerateInstanceNames",
+                                  {{"ClassName", test::classNameXml("OMC_NumericSensor")}});
+}
+
+TEST(Program, ServesANodePerAddressOverHttpAndHttps) {
+    BackgroundProcess program({kProgram, "--address", "127.0.0.1", "--address", "127.0.0.2", "--http-port",
+                               "0", "--https-port", "0"});
+    const std::string lines[] = {program.readLine(), program.readLine(), program.readLine(),
+                                 program.readLine()};
+    EXPECT_EQ(lines[0].substr(0, 32), "Node 0 ready at http://127.0.0.1");
+    EXPECT_EQ(lines[1].substr(0, 33), "Node 0 ready at https://127.0.0.1");
+    EXPECT_EQ(lines[2].substr(0, 32), "Node 1 ready at http://127.0.0.2");
+    EXPECT_EQ(lines[3].substr(0, 33), "Node 1 ready at https://127.0.0.2");
+    EXPECT_EQ(countOf(ask("127.0.0.1", portOf(lines[0]), sensorNames()).body, "<INSTANCENAME"), 13U);
+    EXPECT_EQ(countOf(ask("127.0.0.2", portOf(lines[3]), sensorNames(), RawConnection::Tls::Any).body,
+                      "<INSTANCENAME"),
+              9U);
+    program.signal(SIGTERM);
+    const ProcessResult result = program.wait();
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err, "");
+}
+
+TEST(Program, EndsWellOnInterrupt) {
+    BackgroundProcess program({kProgram, "--http-port", "0", "--no-https"});
+    EXPECT_EQ(program.readLine().substr(0, 16), "Node 0 ready at ");
+    program.signal(SIGINT);
+    const ProcessResult result = program.wait();
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.out, "");
+}
+
+TEST(Program, MultipliesInstancesAndLoadsDeclarations) {
+    const TemporaryFile file(test::kSmallDeclarations);
+    BackgroundProcess program({kProgram, "--http-port", "0", "--no-https", "--instances",
+                               "OMC_NumericSensor=250", "--load", "root/small=" + file.name()});
+    const std::uint16_t port = portOf(program.readLine());
+    EXPECT_EQ(countOf(ask("127.0.0.1", port, sensorNames()).body, "<INSTANCENAME"), 250U);
+    const std::string message = test::intrinsicMessage("EnumerateClassNames", {}, "root/small");
+    EXPECT_EQ(
+        countOf(ask("127.0.0.1", port, test::httpRequest("EnumerateClassNames", "root/small", message)).body,
+                "<CLASSNAME"),
+        2U);
+}
+
+TEST(Program, AsksForThePasswordInTheFile) {
+    const TemporaryFile file("secret\nnot this\n");
+    BackgroundProcess program({kProgram, "--http-port", "0", "--no-https", "--user", "user",
+                               "--password-file", file.name(), "--log"});
+    const std::uint16_t port = portOf(program.readLine());
+    EXPECT_EQ(ask("127.0.0.1", port, sensorNames()).status, 401);
+    EXPECT_EQ(program.readLine(), "127.0.0.1:" + std::to_string(port) + " EnumerateInstanceNames - 401");
+    const std::string request = test::intrinsicRequest(
+        "EnumerateInstanceNames", {{"ClassName", test::classNameXml("OMC_NumericSensor")}},
+        "Authorization: Basic dXNlcjpzZWNyZXQ=\r\n");
+    EXPECT_EQ(ask("127.0.0.1", port, request).status, 200);
+    EXPECT_EQ(program.readLine(),
+              "127.0.0.1:" + std::to_string(port) + " EnumerateInstanceNames OMC_NumericSensor 200");
+}
+
+TEST(Program, SaysInOneLineThatAPortIsInUse) {
+    BackgroundProcess first({kProgram, "--http-port", "0", "--no-https"});
+    const std::string port = std::to_string(portOf(first.readLine()));
+    const ProcessResult result = runProcess({kProgram, "--http-port", port, "--no-https"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err, "cimom: cannot listen on 127.0.0.1 port " + port + ": Address already in use\n");
+}
+
+TEST(Program, SaysInOneLineWhatElseIsWrong) {
+    const auto errorOf = [](std::vector<std::string> arguments) {
+        arguments.insert(arguments.begin(), {kProgram, "--http-port", "0", "--no-https"});
+        const ProcessResult result = runProcess(arguments);
+        EXPECT_EQ(result.status, 1);
+        EXPECT_EQ(countOf(result.err, "\n"), 1U);
+        return result.err;
+    };
+    EXPECT_EQ(errorOf({"--load", "root/x=/nowhere/x.xml"}), "cimom: cannot read /nowhere/x.xml\n");
+    EXPECT_EQ(errorOf({"--instances", "Nothing=5"}), "cimom: there is no class 'Nothing' in 'root/cimv2'\n");
+    EXPECT_EQ(errorOf({"--user", "u", "--password-file", "/nowhere/p"}), "cimom: cannot read /nowhere/p\n");
+    EXPECT_EQ(errorOf({"--address", "machine"}),
+              "cimom: cannot listen on machine port 0: not an IP address\n");
+}
+
+TEST(Program, RefusesWrongUsageWithStatus2) {
+    for (const std::vector<std::string>& arguments : {std::vector<std::string>{"--odd"},
+                                                      {"extra"},
+                                                      {"--http-port", "many"},
+                                                      {"--http-port", "70000"},
+                                                      {"--instances", "OMC_NumericSensor"},
+                                                      {"--instances", "=5"},
+                                                      {"--instances", "C=5x"},
+                                                      {"--instances", "C=-1"},
+                                                      {"--load", "root/x"},
+                                                      {"--user", "u"},
+                                                      {"--password-file", "f"},
+                                                      {"--no-http", "--no-https"},
+                                                      {"--address"}}) {
+        std::vector<std::string> command = arguments;
+        command.insert(command.begin(), kProgram);
+        const ProcessResult result = runProcess(command);
+        EXPECT_EQ(result.status, 2) << arguments[0];
+        EXPECT_EQ(result.out, "");
+        EXPECT_EQ(countOf(result.err, "\n"), 1U) << result.err;
+    }
+}
+
+TEST(Program, PrintsHelpAndVersion) {
+    const ProcessResult help = runProcess({kProgram, "--help"});
+    EXPECT_EQ(help.status, 0);
+    for (const char* option : {"--address", "--http-port", "--https-port", "--no-http", "--no-https",
+                               "--user", "--password-file", "--instances", "--load", "--log", "--version"}) {
+        EXPECT_NE(help.out.find(option), std::string::npos) << option;
+    }
+    const ProcessResult version = runProcess({kProgram, "--version"});
+    EXPECT_EQ(version.status, 0);
+    EXPECT_EQ(version.out.substr(0, 6), "cimom ");
+}
+
+TEST(Program, WarnsWhenOtherMachinesCanReachIt) {
+    BackgroundProcess program({kProgram, "--http-port", "0", "--no-https", "--address", "0.0.0.0"});
+    EXPECT_EQ(program.readLine().substr(0, 16), "Node 0 ready at ");
+    program.signal(SIGTERM);
+    EXPECT_EQ(program.wait().err, "cimom: warning: 0.0.0.0 can be reached from other machines\n");
+}
+
+}  // namespace
+}  // namespace cimom
