@@ -13,10 +13,20 @@ const InstanceWriter::Selection& InstanceWriter::selectionFor(const ClassView& t
             const bool inLimit =
                 options_.limitedTo == nullptr || options_.limitedTo->findProperty(member.name) >= 0;
             selection.wanted.push_back(listed && inLimit);
+            selection.defaults.push_back(options_.localOnly ? std::string() : defaultText(member));
             selection.all = selection.all && listed && inLimit;
         }
     }
     return selection;
+}
+
+std::size_t InstanceWriter::roomFor(const std::vector<const Instance*>& instances) {
+    constexpr std::size_t kElementsAround = 100;
+    std::size_t bytes = 0;
+    for (const Instance* instance : instances) {
+        bytes += instance->nameXml().size() + instance->plainXml().size() + kElementsAround;
+    }
+    return bytes;
 }
 
 void InstanceWriter::append(std::string& out, const Instance& instance) {
@@ -46,7 +56,7 @@ void InstanceWriter::appendProperties(std::string& out, const Instance& instance
     }
     for (std::size_t member = 0; member < held.size() && !options_.localOnly; ++member) {
         if (selection.wanted[member] && !held[member]) {
-            appendDefault(out, instance.type().properties[member]);
+            out += selection.defaults[member];
         }
     }
 }
@@ -66,7 +76,8 @@ void InstanceWriter::appendHeld(std::string& out, const Instance& instance, std:
     out += text.rest;
 }
 
-void InstanceWriter::appendDefault(std::string& out, const MemberView& member) const {
+std::string InstanceWriter::defaultText(const MemberView& member) const {
+    std::string out;
     out.append("<").append(member.element.name());
     appendAttribute(out, "NAME", member.name);
     if (options_.includeClassOrigin) {
@@ -86,6 +97,7 @@ void InstanceWriter::appendDefault(std::string& out, const MemberView& member) c
         }
     }
     out.append("</").append(member.element.name()).append(">");
+    return out;
 }
 
 void InstanceWriter::appendQualifiers(std::string& out, const std::vector<QualifierView>& qualifiers) const {

@@ -24,20 +24,24 @@ class InstanceWriter {
 public:
     explicit InstanceWriter(InstanceOptions options) : options_(std::move(options)) {}
 
+    /// Bytes that instances with their names take when all that they hold is written; a guess.
+    static std::size_t roomFor(const std::vector<const Instance*>& instances);
+
     /// Appends the INSTANCE element.
     void append(std::string& out, const Instance& instance);
 
 private:
-    /// For each property of a class, whether it is wanted.
+    /// For each property of a class, whether it is wanted, and its text in instances that do not hold it.
     struct Selection {
         std::vector<bool> wanted;
+        std::vector<std::string> defaults;
         bool all = true;
     };
 
     const Selection& selectionFor(const ClassView& type);
     void appendProperties(std::string& out, const Instance& instance, const Selection& selection) const;
     void appendHeld(std::string& out, const Instance& instance, std::size_t n) const;
-    void appendDefault(std::string& out, const MemberView& member) const;
+    std::string defaultText(const MemberView& member) const;
     void appendQualifiers(std::string& out, const std::vector<QualifierView>& qualifiers) const;
 
     InstanceOptions options_;

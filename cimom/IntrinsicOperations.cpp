@@ -59,53 +59,45 @@ InstanceOptions readInstanceOptions(const IntrinsicArguments& arguments) {
     return options;
 }
 
-std::string getClass(const CimRequest& request, NameSpace& nameSpace) {
+void getClass(const CimRequest& request, NameSpace& nameSpace, std::string& out) {
     const IntrinsicArguments arguments(
         request, {"ClassName", "LocalOnly", "IncludeQualifiers", "IncludeClassOrigin", "PropertyList"});
     ClassOptions options = readClassOptions(arguments);
     options.properties = arguments.propertyList();
     const std::string name = arguments.requiredClassName("ClassName");
-    std::string out;
     appendClass(out, requireClass(nameSpace, name, CimStatus::NotFound), options);
-    return out;
 }
 
-std::string enumerateClasses(const CimRequest& request, NameSpace& nameSpace) {
+void enumerateClasses(const CimRequest& request, NameSpace& nameSpace, std::string& out) {
     const IntrinsicArguments arguments(
         request, {"ClassName", "DeepInheritance", "LocalOnly", "IncludeQualifiers", "IncludeClassOrigin"});
     const ClassOptions options = readClassOptions(arguments);
     const bool deep = arguments.boolean("DeepInheritance", false);
     const ClassView* start = findStart(nameSpace, arguments.className("ClassName"));
-    std::string out;
     for (const ClassView* view : nameSpace.classes.subclasses(start, deep)) {
         appendClass(out, *view, options);
     }
-    return out;
 }
 
-std::string enumerateClassNames(const CimRequest& request, NameSpace& nameSpace) {
+void enumerateClassNames(const CimRequest& request, NameSpace& nameSpace, std::string& out) {
     const IntrinsicArguments arguments(request, {"ClassName", "DeepInheritance"});
     const bool deep = arguments.boolean("DeepInheritance", false);
     const ClassView* start = findStart(nameSpace, arguments.className("ClassName"));
-    std::string out;
     for (const ClassView* view : nameSpace.classes.subclasses(start, deep)) {
         out += "<CLASSNAME";
         appendAttribute(out, "NAME", view->name);
         out += "></CLASSNAME>";
     }
-    return out;
 }
 
-std::string getInstance(const CimRequest& request, NameSpace& nameSpace) {
+void getInstance(const CimRequest& request, NameSpace& nameSpace, std::string& out) {
     const IntrinsicArguments arguments(
         request, {"InstanceName", "LocalOnly", "IncludeQualifiers", "IncludeClassOrigin", "PropertyList"});
     InstanceWriter writer(readInstanceOptions(arguments));
-    std::string out;
     writer.append(out, requireInstance(nameSpace, arguments.requiredInstanceName("InstanceName")));
-    return out;
 }
 
-std::string enumerateInstances(const CimRequest& request, NameSpace& nameSpace) {
+void enumerateInstances(const CimRequest& request, NameSpace& nameSpace, std::string& out) {
     const IntrinsicArguments arguments(request, {"ClassName", "LocalOnly", "DeepInheritance",
                                                  "IncludeQualifiers", "IncludeClassOrigin", "PropertyList"});
     InstanceOptions options = readInstanceOptions(arguments);
@@ -113,28 +105,27 @@ std::string enumerateInstances(const CimRequest& request, NameSpace& nameSpace) 
         requireClass(nameSpace, arguments.requiredClassName("ClassName"), CimStatus::InvalidClass);
     options.limitedTo = arguments.boolean("DeepInheritance", true) ? nullptr : &type;
     InstanceWriter writer(std::move(options));
-    std::string out;
-    for (const Instance* instance : nameSpace.instances.ofClassAndBelow(type)) {
+    const auto instances = nameSpace.instances.ofClassAndBelow(type);
+    // Long answers spend most of their time on growing the text.
+    out.reserve(out.size() + InstanceWriter::roomFor(instances));
+    for (const Instance* instance : instances) {
         out += "<VALUE.NAMEDINSTANCE>";
         out += instance->nameXml();
         writer.append(out, *instance);
         out += "</VALUE.NAMEDINSTANCE>";
     }
-    return out;
 }
 
-std::string enumerateInstanceNames(const CimRequest& request, NameSpace& nameSpace) {
+void enumerateInstanceNames(const CimRequest& request, NameSpace& nameSpace, std::string& out) {
     const IntrinsicArguments arguments(request, {"ClassName"});
     const ClassView& type =
         requireClass(nameSpace, arguments.requiredClassName("ClassName"), CimStatus::InvalidClass);
-    std::string out;
     for (const Instance* instance : nameSpace.instances.ofClassAndBelow(type)) {
         out += instance->nameXml();
     }
-    return out;
 }
 
-std::string getProperty(const CimRequest& request, NameSpace& nameSpace) {
+void getProperty(const CimRequest& request, NameSpace& nameSpace, std::string& out) {
     const IntrinsicArguments arguments(request, {"InstanceName", "PropertyName"});
     const Instance& instance = requireInstance(nameSpace, arguments.requiredInstanceName("InstanceName"));
     const std::string name = arguments.requiredText("PropertyName");
@@ -142,33 +133,29 @@ std::string getProperty(const CimRequest& request, NameSpace& nameSpace) {
         throw CimError(CimStatus::NoSuchProperty,
                        "the class '" + instance.type().name + "' has no property '" + name + "'");
     }
-    return instance.valueXml(name);
+    out += instance.valueXml(name);
 }
 
-std::string getQualifier(const CimRequest& request, NameSpace& nameSpace) {
+void getQualifier(const CimRequest& request, NameSpace& nameSpace, std::string& out) {
     const IntrinsicArguments arguments(request, {"QualifierName"});
     const std::string name = arguments.requiredText("QualifierName");
     const pugi::xml_node declaration = nameSpace.qualifiers.find(name);
     if (!declaration) {
         throw CimError(CimStatus::NotFound, "there is no qualifier declaration '" + name + "'");
     }
-    std::string out;
     appendElement(out, declaration);
-    return out;
 }
 
-std::string enumerateQualifiers(const CimRequest& request, NameSpace& nameSpace) {
+void enumerateQualifiers(const CimRequest& request, NameSpace& nameSpace, std::string& out) {
     const IntrinsicArguments arguments(request, {});
-    std::string out;
     for (const pugi::xml_node declaration : nameSpace.qualifiers.all()) {
         appendElement(out, declaration);
     }
-    return out;
 }
 
 struct Operation {
     std::string_view name;
-    std::string (*run)(const CimRequest&, NameSpace&);
+    void (*run)(const CimRequest&, NameSpace&, std::string& out);
 };
 
 constexpr std::array<Operation, 9> kOperations{{{"GetClass", getClass},
@@ -183,10 +170,11 @@ constexpr std::array<Operation, 9> kOperations{{{"GetClass", getClass},
 
 }  // namespace
 
-std::string runIntrinsicOperation(const CimRequest& request, NameSpace& nameSpace) {
+void runIntrinsicOperation(const CimRequest& request, NameSpace& nameSpace, std::string& out) {
     for (const Operation& operation : kOperations) {
         if (sameName(operation.name, request.operation)) {
-            return operation.run(request, nameSpace);
+            operation.run(request, nameSpace, out);
+            return;
         }
     }
     throw CimError(CimStatus::NotSupported, "the operation '" + request.operation + "' is not supported");

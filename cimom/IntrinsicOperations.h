@@ -7,9 +7,9 @@
 
 namespace cimom {
 
-/// Carries out an intrinsic operation (DSP0200) and returns what goes into its IRETURNVALUE element.
-/// Throws CimError. Operations that change the repository, run queries or walk associations are not
-/// supported and say so.
-std::string runIntrinsicOperation(const CimRequest& request, NameSpace& nameSpace);
+/// Carries out an intrinsic operation (DSP0200) and appends what goes into its IRETURNVALUE element.
+/// Throws CimError; what was appended until then is of no use. Operations that change the repository, run
+/// queries or walk associations are not supported and say so.
+void runIntrinsicOperation(const CimRequest& request, NameSpace& nameSpace, std::string& out);
 
 }  // namespace cimom

@@ -69,7 +69,7 @@ void appendOutParameters(std::string& out, const MethodCall& call, const MethodR
 
 }  // namespace
 
-std::string runExtrinsicMethod(const CimRequest& request, NameSpace& nameSpace) {
+void runExtrinsicMethod(const CimRequest& request, NameSpace& nameSpace, std::string& out) {
     const MethodCall call = MethodCall::prepare(request, nameSpace);
     const Entry* implementation = findImplementation(call);
     if (implementation == nullptr) {
@@ -77,10 +77,8 @@ std::string runExtrinsicMethod(const CimRequest& request, NameSpace& nameSpace) 
                        "the method '" + call.method->name + "' is declared but not implemented");
     }
     const MethodResult result = implementation->run(call);
-    std::string out;
     appendReturnValue(out, call, result);
     appendOutParameters(out, call, result);
-    return out;
 }
 
 }  // namespace cimom

@@ -6,9 +6,9 @@
 
 namespace cimom {
 
-/// Carries out an extrinsic method and returns what goes into its METHODRESPONSE element. Throws CimError:
+/// Carries out an extrinsic method and appends what goes into its METHODRESPONSE element. Throws CimError:
 /// not found for a missing target, method not found when the class declares no such method, method not
 /// available when it does but nothing in this server implements it, invalid parameter.
-std::string runExtrinsicMethod(const CimRequest& request, NameSpace& nameSpace);
+void runExtrinsicMethod(const CimRequest& request, NameSpace& nameSpace, std::string& out);
 
 }  // namespace cimom

@@ -126,8 +126,10 @@ std::string run(const CimRequest& call, Repository::Data& data) {
         if (nameSpace == nullptr) {
             throw CimError(CimStatus::InvalidNamespace, "there is no namespace '" + call.nameSpace + "'");
         }
-        return successMessage(call, call.intrinsic ? runIntrinsicOperation(call, *nameSpace)
-                                                   : runExtrinsicMethod(call, *nameSpace));
+        return successMessage(call, [&](std::string& out) {
+            const auto& operation = call.intrinsic ? runIntrinsicOperation : runExtrinsicMethod;
+            operation(call, *nameSpace, out);
+        });
     } catch (const CimError& error) {
         return errorMessage(call, static_cast<int>(error.status()), error.what());
     }

@@ -110,6 +110,18 @@ TEST_P(HttpSessionTest, ChunksOnlyWhenTheEndpointAndTheClientAgree) {
               0U);
 }
 
+TEST_P(HttpSessionTest, SendsLongAnswersWhole) {
+    repository_->multiplyInstances("root/cimv2", "Leaf", 20000);
+    Endpoint chunking;
+    chunking.chunkBytes = 50000;
+    for (const std::uint16_t port : {listenHere(), listenHere(chunking)}) {
+        const RawAnswer answer = askHere(port, instancesRequest("TE: trailers\r\n"));
+        EXPECT_TRUE(answer.complete);
+        EXPECT_GT(answer.body.size(), 2000000U);
+        EXPECT_EQ(answer.body.substr(answer.body.size() - 7), "</CIM>\n");
+    }
+}
+
 TEST_P(HttpSessionTest, ClosesUnannouncedAfterItsNumberOfAnswers) {
     Endpoint endpoint;
     endpoint.requestsPerConnection = 2;

@@ -147,8 +147,7 @@ TEST_F(WbemcliTest, GetsAnInstance) {
 }
 
 TEST_F(WbemcliTest, GetsAProperty) {
-    EXPECT_EQ(succeed({"wbemcli", "gp", http(kSlot), "Number"}),
-              (Lines{host(httpPort_) + kSlot + " Number=70000"}));
+    EXPECT_EQ(succeed({"wbemcli", "gp", http(kSlot), "Number"}), Lines{"70000"});
 }
 
 TEST_F(WbemcliTest, CallsAMethod) {

@@ -22,15 +22,19 @@ pugi::xml_node SampleNameSpace::parse(const std::string& result) {
 
 pugi::xml_node SampleNameSpace::run(const std::string& operation, const Arguments& arguments) {
     pugi::xml_document document;
-    return parse(runIntrinsicOperation(CimRequest::read(intrinsicMessage(operation, arguments), document),
-                                       nameSpace_));
+    std::string result;
+    runIntrinsicOperation(CimRequest::read(intrinsicMessage(operation, arguments), document), nameSpace_,
+                          result);
+    return parse(result);
 }
 
 pugi::xml_node SampleNameSpace::invoke(const std::string& method, const std::string& path,
                                        const Arguments& arguments) {
     pugi::xml_document document;
-    return parse(runExtrinsicMethod(CimRequest::read(extrinsicMessage(method, path, arguments), document),
-                                    nameSpace_));
+    std::string result;
+    runExtrinsicMethod(CimRequest::read(extrinsicMessage(method, path, arguments), document), nameSpace_,
+                       result);
+    return parse(result);
 }
 
 std::string SampleNameSpace::pathOf(const std::string& className, std::size_t n) {

@@ -95,14 +95,18 @@ pugi::xml_node SmallNameSpace::parse(const std::string& result) {
 pugi::xml_node SmallNameSpace::run(const std::string& operation, const Arguments& arguments) {
     pugi::xml_document document;
     const CimRequest request = CimRequest::read(intrinsicMessage(operation, arguments), document);
-    return parse(runIntrinsicOperation(request, nameSpace_));
+    std::string result;
+    runIntrinsicOperation(request, nameSpace_, result);
+    return parse(result);
 }
 
 pugi::xml_node SmallNameSpace::invoke(const std::string& method, const std::string& path,
                                       const Arguments& arguments) {
     pugi::xml_document document;
     const CimRequest request = CimRequest::read(extrinsicMessage(method, path, arguments), document);
-    return parse(runExtrinsicMethod(request, nameSpace_));
+    std::string result;
+    runExtrinsicMethod(request, nameSpace_, result);
+    return parse(result);
 }
 
 std::string smallPath(const std::string& className, const std::string& id) {
