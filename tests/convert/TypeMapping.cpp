@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace NQELVSK20 {
 namespace {
 
@@ -38,7 +40,10 @@ INSTANTIATE_TEST_SUITE_P(
                       Row{Pegasus::CIMTYPE_DATETIME, Type::eDateTime, Type::eDateTimeArray},
                       Row{Pegasus::CIMTYPE_REFERENCE, Type::eReference, Type::eReferenceArray},
                       Row{Pegasus::CIMTYPE_OBJECT, Type::eUnknown, Type::eUnknownArray},
-                      Row{Pegasus::CIMTYPE_INSTANCE, Type::eUnknown, Type::eUnknownArray}));
+                      Row{Pegasus::CIMTYPE_INSTANCE, Type::eUnknown, Type::eUnknownArray}),
+    [](const ::testing::TestParamInfo<Row>& row) {
+        return std::string(Pegasus::cimTypeToString(row.param.remote));
+    });
 
 TEST(TypeMappingCodesTest, AreTheNumbersOfTheHost) {
     EXPECT_EQ(static_cast<int>(ToCoreType(static_cast<Pegasus::CIMType>(0), false)), 1);
