@@ -47,6 +47,7 @@ ICIMNamespace& TCimHTTPNamespace::operator=(ICIMNamespace& other) {
 
 TCimHTTPNamespace::~TCimHTTPNamespace() {
     disconnect();
+    ForgetClasses();
 }
 
 void TCimHTTPNamespace::Initialize(TContext context) {
@@ -98,7 +99,7 @@ void TCimHTTPNamespace::AppendNode(int nodeIndex, PegClient* client) {
 
 void TCimHTTPNamespace::DeInit() {
     remoteName_.reset();
-    classes_.clear();
+    ForgetClasses();
 }
 
 }  // namespace NQELVSK20

@@ -162,6 +162,7 @@ private:
     void AddClass(boost::shared_ptr<TCimHTTPClass> cimClass);
     void RemoveClass(boost::shared_ptr<TCimHTTPClass> cimClass);
     boost::shared_ptr<TCimHTTPClass> CachedClass(const std::string& key) const;
+    void ForgetClasses();
     boost::shared_ptr<ICIMClass> LookUpClass(const std::string& name, const TContext& context);
     boost::shared_ptr<ICIMClass> TakeFromUnion(const std::string& name, const std::string& key,
                                                const TContext& context);

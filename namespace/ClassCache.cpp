@@ -36,6 +36,7 @@ void TCimHTTPNamespace::AddClass(boost::shared_ptr<TCimHTTPClass> cimClass) {
         Refuse(eVSKAlreadyExists, kLogTrace, "TCimHTTPNamespace: class " + name + " already defined");
     }
     cimClass->TakeOverSubclasses(*entry->second);
+    entry->second->ForgetInstances();
     entry->second = cimClass;
 }
 
@@ -45,6 +46,14 @@ void TCimHTTPNamespace::RemoveClass(boost::shared_ptr<TCimHTTPClass>) {}
 boost::shared_ptr<TCimHTTPClass> TCimHTTPNamespace::CachedClass(const std::string& key) const {
     const auto entry = classes_.find(key);
     return entry == classes_.end() ? boost::shared_ptr<TCimHTTPClass>() : entry->second;
+}
+
+// A class and the instances that it collected hold each other: without this, neither would ever be freed.
+void TCimHTTPNamespace::ForgetClasses() {
+    for (const auto& entry : classes_) {
+        entry.second->ForgetInstances();
+    }
+    classes_.clear();
 }
 
 void TCimHTTPNamespace::EnumerateRootClasses(const ClassCallback& callback, TContext context) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <boost/weak_ptr.hpp>
 #include <cstddef>
 #include <string>
 
@@ -80,6 +81,32 @@ TEST_F(TCimHTTPClassFindInstance, ForgottenInstancesAreNotFoundWithoutAServer) {
     EXPECT_TRUE(Find("X_Fan.Id=\"a\",Zone=1"));
     class_->ForgetInstances();
     EXPECT_FALSE(Find("X_Fan.Id=\"a\",Zone=1"));
+}
+
+TEST_F(TCimHTTPClassFindInstance, WhatWasCollectedDoesNotOutliveTheNamespace) {
+    boost::weak_ptr<ICIMInstance> collected;
+    boost::weak_ptr<TCimHTTPClass> owner;
+    {
+        const Namespace nameSpace = MakeNamespace();
+        ConnectTo(*nameSpace, machine_);
+        const Class fan = GetClass(nameSpace, "X_Fan");
+        collected = InstancesOf(fan).at(0);
+        owner = fan;
+        ASSERT_FALSE(collected.expired());
+    }
+    EXPECT_TRUE(collected.expired());
+    EXPECT_TRUE(owner.expired());
+}
+
+TEST_F(TCimHTTPClassFindInstance, AnInstanceThatTheHostKeepsOutlivesTheNamespace) {
+    Instance kept;
+    {
+        const Namespace nameSpace = MakeNamespace();
+        ConnectTo(*nameSpace, machine_);
+        kept = InstancesOf(GetClass(nameSpace, "X_Fan")).at(0);
+    }
+    EXPECT_EQ(TextOf(kept, "Id"), "a");
+    EXPECT_EQ(kept->GetReference(TContext()).GetPath(), "X_Fan.Id=\"a\",Zone=1");
 }
 
 }  // namespace
