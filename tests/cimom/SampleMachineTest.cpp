@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <regex>
 #include <set>
 
 #include "cimom/CimType.h"
@@ -80,6 +81,20 @@ TEST_P(EveryNode, HasOnlyValuesThatTheirTypesCanHold) {
         ++values;
     }
     EXPECT_GT(values, 500U);
+}
+
+TEST_P(EveryNode, WritesRealsAsStrictClientsReadThem) {
+    // OpenPegasus takes a point with digits after it for granted, and no infinities.
+    const std::regex real("[+-]?[0-9]*\\.[0-9]+([eE][+-]?[0-9]+)?");
+    SampleNameSpace space(GetParam());
+    pugi::xml_document document;
+    readAllInstances(space, document);
+    std::size_t reals = 0;
+    for (const auto& found : document.select_nodes("//*[starts-with(@TYPE,'real')]//VALUE")) {
+        EXPECT_TRUE(std::regex_match(textOf(found.node()), real)) << textOf(found.node());
+        ++reals;
+    }
+    EXPECT_GT(reals, 10U);
 }
 
 TEST_P(EveryNode, GivesEachInstancePropertyTheTypeOfItsClass) {
