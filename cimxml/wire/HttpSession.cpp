@@ -20,11 +20,11 @@ std::string formatHost(const std::string& host, std::uint32_t port) {
 
 void HttpSession::connect(Connector connector, const std::string& host, std::uint32_t port,
                           BasicAuthentication authentication, Deadline deadline) {
-    auto stream = connector(deadline);
+    auto connection = open(connector, deadline);
     connector_ = std::move(connector);
     hostField_ = formatHost(host, port);
     authentication_ = std::move(authentication);
-    connection_ = std::make_unique<HttpConnection>(std::move(stream), limits_);
+    connection_ = std::move(connection);
     reconnect_ = false;
 }
 
@@ -53,18 +53,22 @@ HttpResponse HttpSession::call(const CimRequest& request, Deadline deadline) {
 }
 
 void HttpSession::ensureConnected(Deadline deadline) {
-    if (connection_) {
-        return;
+    if (!connection_) {
+        connection_ = open(connector_, deadline);
+        reconnect_ = false;
     }
+}
+
+std::unique_ptr<HttpConnection> HttpSession::open(const Connector& connector, Deadline deadline) const {
     try {
-        connection_ = std::make_unique<HttpConnection>(connector_(deadline), limits_);
+        return std::make_unique<HttpConnection>(connector(deadline), limits_);
     } catch (const WireError& error) {
+        // Who waits in vain for a connection is not connected; a time-out is about answers.
         if (error.kind() == WireError::Kind::TimedOut) {
             throw WireError(WireError::Kind::CannotConnect, error.what());
         }
         throw;
     }
-    reconnect_ = false;
 }
 
 HttpResponse HttpSession::exchange(const CimRequest& request, Deadline deadline) {

@@ -30,8 +30,8 @@ public:
 
     explicit HttpSession(const Limits& limits) : limits_(limits) {}
 
-    /// Connects. `host` and `port` are what the Host field says. On an exception, which is the connector's,
-    /// the session stays as unconnected as it was.
+    /// Connects. `host` and `port` are what the Host field says. Throws what the connector throws, but for
+    /// TimedOut, which becomes CannotConnect; the session then stays as unconnected as it was.
     void connect(Connector connector, const std::string& host, std::uint32_t port,
                  BasicAuthentication authentication, Deadline deadline);
 
@@ -50,6 +50,7 @@ public:
 
 private:
     void ensureConnected(Deadline deadline);
+    std::unique_ptr<HttpConnection> open(const Connector& connector, Deadline deadline) const;
     HttpResponse exchange(const CimRequest& request, Deadline deadline);
     std::string format(const CimRequest& request) const;
     void drop();
