@@ -182,7 +182,7 @@ boost::shared_ptr<ICIMInstance> TInmemClass::CreateInstance(TContext /*context*/
 void TInmemClass::EnumerateInstances(const InstanceCallback& callback, bool deep, TContext context) {
     bool goOn = true;
     const InstanceCallback watched = [&callback, &goOn](const boost::shared_ptr<ICIMInstance>& instance) {
-        goOn = goOn && callback(instance);
+        goOn = callback(instance);
         return goOn;
     };
     const auto instances = instances_;  // the callback may add or remove some

@@ -45,6 +45,7 @@ TEST(TCIMReference, FindsTheClassNameInEveryFormOfAPath) {
         {"//192.168.0.1/root/cimv2:Class", "Class"},
         {"//[fe80::1]:5989/root/cimv2:Class.k=1", "Class"},
         {"//host/:Class.k=1", "Class"},
+        {"//host:5989/Class", "Class"},
     };
     for (const auto& [path, name] : paths) {
         EXPECT_EQ(Reference(path).GetClassName(), name) << path;

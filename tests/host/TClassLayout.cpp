@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
 #include <thread>
 
 #include "inmem/TInmemInstance.h"
@@ -208,19 +209,34 @@ TEST_F(TClassLayoutChain, TakesAnEmptyDeclarationForNone) {
 }
 
 TEST_F(TClassLayoutChain, IsReadAnewForAnotherClassAtTheSameAddress) {
-    const std::size_t generations = 200;  // enough for an address to come back, and for a purge
-    for (std::size_t generation = 0; generation < generations; ++generation) {
-        const std::string name = "Property" + std::to_string(generation);
-        const auto cimClass = boost::make_shared<CountingClass>(union_, "Passing", root_);
-        AddProperty(cimClass, name);
-        const auto layout = TClassLayout::Of(cimClass);
-        ASSERT_TRUE(layout->FindProperty(name));
-        ASSERT_FALSE(layout->FindProperty("Property" + std::to_string(generation + 1)));
-        if (generation > 0) {
-            ASSERT_FALSE(layout->FindProperty("Property" + std::to_string(generation - 1)));
+    alignas(CountingClass) unsigned char place[sizeof(CountingClass)];
+    const auto makeThere = [this, &place] {
+        return boost::shared_ptr<CountingClass>(new (place) CountingClass(union_, "Passing", root_),
+                                                [](CountingClass* passing) { passing->~CountingClass(); });
+    };
+    auto cimClass = makeThere();
+    AddProperty(cimClass, "First");
+    const auto first = TClassLayout::Of(cimClass);
+    ASSERT_TRUE(first->FindProperty("First"));
+    cimClass.reset();
+    cimClass = makeThere();
+    AddProperty(cimClass, "Second");
+    const auto second = TClassLayout::Of(cimClass);
+    EXPECT_NE(second, first);
+    EXPECT_FALSE(second->FindProperty("First"));
+    EXPECT_TRUE(second->FindProperty("Second"));
+    EXPECT_EQ(TClassLayout::Of(cimClass), second);
+}
+
+TEST_F(TClassLayoutChain, IsForgottenSomeTimeAfterItsClassIsGone) {
+    std::weak_ptr<TClassLayout> forgotten;
+    for (int number = 0; number < 1000; ++number) {
+        const auto layout = TClassLayout::Of(boost::make_shared<CountingClass>(union_, "Passing", root_));
+        if (number == 0) {
+            forgotten = layout;
         }
-        ASSERT_EQ(TClassLayout::Of(cimClass), layout);
     }
+    EXPECT_TRUE(forgotten.expired());
 }
 
 TEST_F(TClassLayoutChain, DoesNotKeepItsClassesAlive) {

@@ -85,6 +85,8 @@ TEST_F(TInmemInstanceTest, HasAReferenceKeyInQuotes) {
 TEST_F(TInmemInstanceTest, LeavesKeysWithoutAValueOutOfItsPath) {
     const auto fan = fan_->CreateInstance({});
     EXPECT_EQ(PathOf(*fan), "CIM_Fan");
+    fan->SetPropertyValue("SystemName", TCIMValue("box"), {});
+    EXPECT_EQ(PathOf(*fan), "CIM_Fan.SystemName=\"box\"");
     fan->SetPropertyValue("SystemName", TCIMValue(), {});
     fan->SetPropertyValue("DeviceID", TCIMValue("1"), {});
     EXPECT_EQ(PathOf(*fan), "CIM_Fan.DeviceID=\"1\"");
