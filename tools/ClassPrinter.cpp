@@ -163,9 +163,14 @@ void ClassPrinter::printMethod(const ClassSchema::Method& method, const std::str
         },
         TContext());
     printQualifiers(qualifiersOf(*method.declaration), false, kMemberIndent);
-    output_.line(kMemberIndent +
-                 declarationText(method.declaration->GetType(TContext()), false, method.name, {}) + '(' +
-                 joined(parameters, ", ") + ");" + originMark(method.origin, className));
+    const std::string start =
+        kMemberIndent + declarationText(method.declaration->GetType(TContext()), false, method.name, {}) +
+        '(';
+    const std::string end = ");" + originMark(method.origin, className);
+    const std::string line = start + joined(parameters, ", ") + end;
+    const std::string newLine = std::string("\n") + kMemberIndent + kMemberIndent;
+    output_.line(line.size() <= kLineWidth ? line
+                                           : start + newLine + joined(parameters, "," + newLine) + end);
 }
 
 }  // namespace tool

@@ -98,7 +98,9 @@ private:
     void addInstanceCommands() {
         CLI::App* instances = add("instances", "A class's instances on every node", Question::kInstances);
         addClassName(*instances, true);
-        instances->add_flag("--deep", options_.deep, "Ask the subclasses that were fetched, too");
+        instances->add_flag(
+            "--deep", options_.deep,
+            "Ask every subclass too: an instance then comes once for each class that it belongs to");
         instances->add_option("--columns", options_.columns, "Show these properties only, text as a table")
             ->type_name("A,B,C")
             ->delimiter(',')

@@ -79,6 +79,9 @@ void ConsoleLogger::fail(const std::string& text) {
 void ConsoleLogger::follow(const std::string& line) {
     if (connecting_ && beginsNodeConnect(line)) {
         report_.beginNode();
+        if (!verbose_) {
+            progress_.showNow("connecting " + machine_.where(report_.currentNode()));
+        }
     }
     conversation_.see(line);
     showProgress(line);

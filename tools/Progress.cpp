@@ -19,16 +19,18 @@ Progress::~Progress() {
 }
 
 void Progress::show(const std::string& text) {
+    if (enabled_ && Clock::now() - drawn_ >= kRedrawInterval) {
+        showNow(text);
+    }
+}
+
+void Progress::showNow(const std::string& text) {
     if (!enabled_) {
         return;
     }
-    const auto now = Clock::now();
-    if (now - drawn_ < kRedrawInterval) {
-        return;
-    }
-    drawn_ = now;
     // The last column stays free: some terminals go to the next line when it is written to.
     const std::size_t room = width_ > 1 ? width_ - 1 : 0;
+    drawn_ = Clock::now();
     shown_ = true;
     terminal::setProgressShown(true);
     error_ << '\r' << cutTo(safeText(text), room) << "\033[K" << std::flush;

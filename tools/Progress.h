@@ -22,6 +22,9 @@ public:
     /// Shows a text, cut to the width; text from a server is made safe.
     void show(const std::string& text);
 
+    /// The same at once: for what may take long before anything else is shown.
+    void showNow(const std::string& text);
+
     /// Wipes the line, if there is one.
     void clear();
 

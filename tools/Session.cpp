@@ -247,14 +247,20 @@ std::vector<std::string> Session::instanceNames(const std::string& className) {
     return names;
 }
 
+// A class that a server does not know ends in a failure that was said; what is left are the plug-in's rules.
+std::string Session::whyNotOffered(const std::string& className) const {
+    const std::string text = "the plug-in offers no class " + className;
+    return text + (machine_.nodes().size() == 1 ? " on a machine of one node"
+                                                : ": it refuses definitions that the nodes disagree on");
+}
+
 boost::shared_ptr<ICIMClass> Session::getClass(const std::string& className) {
     requireClassName(className);
     boost::shared_ptr<ICIMClass> found;
     const std::size_t failuresBefore = logger_.failures();
     ask(className, [&] { found = nameSpace_->GetClass(className, context()); });
     if (!found) {
-        const bool isSaid = logger_.failures() != failuresBefore;
-        throw Failure(isSaid ? "" : machine_.where(0) + ": there is no class " + className);
+        throw Failure(logger_.failures() != failuresBefore ? std::string() : whyNotOffered(className));
     }
     return found;
 }
@@ -264,6 +270,12 @@ boost::shared_ptr<ICIMClass> Session::superclassOf(const ICIMClass& cimClass) {
     ask(cimClass.GetName(TContext()), [&] { superclass = cimClass.GetSuperClass(TContext()); });
     const bool isTop = !superclass || superclass->GetName(TContext()) == "<root>";
     return isTop ? nullptr : superclass;
+}
+
+void Session::sayFailure(const std::exception& failure) {
+    if (*failure.what() != '\0') {
+        notices_.say(failure.what());
+    }
 }
 
 void Session::walk(const std::string& className) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <boost/shared_ptr.hpp>
+#include <exception>
 #include <memory>
 #include <optional>
 #include <string>
@@ -81,6 +82,9 @@ public:
     /// A path as a value that can be sent.
     NQELVSK20::TCIMReference reference(const std::string& path) const;
 
+    /// Says a failure that does not end the command, unless it was said already.
+    void sayFailure(const std::exception& failure);
+
     const std::string& nameSpaceName() const { return options_.nameSpace; }
     const Machine& machine() const { return machine_; }
     bool hasFailed() const { return logger_.hasFailed(); }
@@ -96,6 +100,7 @@ private:
     [[noreturn]] void reportRefusal(CredentialsRefused refusal);
     std::optional<std::size_t> findRefusingNode();
     bool refuses(std::size_t node);
+    std::string whyNotOffered(const std::string& className) const;
     NQELVSK20::TContext context() const;
 
     template <typename CALL>

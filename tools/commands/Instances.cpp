@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "tools/Failure.h"
 #include "tools/InstancePrinter.h"
 #include "tools/Terminal.h"
 #include "tools/UsageError.h"
@@ -37,6 +38,23 @@ void sayLeftOut(const CommandContext& context) {
     }
 }
 
+// The plug-in goes down to the subclasses that it knows, and it knows those that were fetched.
+void fetchSubclasses(const CommandContext& context, const std::string& className,
+                     std::set<std::string, NameLess>& seen) {
+    for (const std::string& name : context.session.classNames(className)) {
+        if (!seen.insert(name).second) {
+            continue;
+        }
+        context.progress.show("fetching class " + name);
+        try {
+            context.session.getClass(name);
+        } catch (const Failure& failure) {
+            context.session.sayFailure(failure);
+        }
+        fetchSubclasses(context, name, seen);
+    }
+}
+
 std::size_t print(const CommandContext& context, NQELVSK20::ICIMClass& cimClass, InstancePrinter& printer) {
     std::size_t count = 0;
     const auto isEnough = [&] { return context.options.limit && count >= *context.options.limit; };
@@ -61,9 +79,13 @@ bool runInstances(const CommandContext& context) {
     const auto cimClass = context.session.getClass(className);
     SchemaCache schemas(context.session);
     const ClassSchema& schema = schemas.of(cimClass);
-    const auto printer = makeInstancePrinter(
-        context.options.format, {context.output, schemas, schema,
-                                 declaredColumns(context.options.columns, schema), terminal::width()});
+    const std::vector<std::string> columns = declaredColumns(context.options.columns, schema);
+    if (context.options.deep) {
+        std::set<std::string, NameLess> seen;
+        fetchSubclasses(context, className, seen);
+    }
+    const auto printer = makeInstancePrinter(context.options.format,
+                                             {context.output, schemas, schema, columns, terminal::width()});
     const std::size_t count = print(context, *cimClass, *printer);
     sayLeftOut(context);
     return count != 0 || nothingFound(context, "there are no instances of " + className);

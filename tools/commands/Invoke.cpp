@@ -1,7 +1,6 @@
 // invoke PATH METHOD [NAME=VALUE...]: runs a method on an instance or class.
 
-#include <fmt/format.h>
-
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "tools/ArgumentParser.h"
@@ -39,9 +38,14 @@ void writeJson(const CommandContext& context, const Session::MethodResult& resul
 }
 
 void writeText(const CommandContext& context, const Session::MethodResult& result) {
-    context.output.line("return value  " + valueText(result.value, nullptr));
+    const std::string returned = "return value";
+    std::size_t width = returned.size();
+    for (const auto& output : result.outputs) {
+        width = std::max(width, output.first.size());
+    }
+    context.output.line(padTo(returned, width) + "  " + valueText(result.value, nullptr));
     for (const auto& [name, value] : result.outputs) {
-        context.output.line(fmt::format("{:<12}  {}", safeText(name), valueText(value, nullptr)));
+        context.output.line(padTo(safeText(name), width) + "  " + valueText(value, nullptr));
     }
 }
 

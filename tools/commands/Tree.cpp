@@ -56,9 +56,7 @@ private:
         try {
             return branchOf(name, *context_.session.getClass(name));
         } catch (const Failure& failure) {
-            if (*failure.what() != '\0') {
-                context_.notices.say(failure.what());
-            }
+            context_.session.sayFailure(failure);
             return {name, false, false, false};
         }
     }
