@@ -1,0 +1,62 @@
+#include "tools/ObjectPath.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/tools/support/Sensors.h"
+#include "tools/UsageError.h"
+
+namespace tool {
+
+namespace {
+
+std::string spelled(const std::string& text) {
+    const Sensors sensors;
+    return instancePath(ObjectPath::parse(text), sensors.schema());
+}
+
+}  // namespace
+
+TEST(ObjectPath, TakesAClassAlone) {
+    for (const char* text :
+         {"TST_Sensor", "root/cimv2:TST_Sensor", "//10.0.0.1:5989/root/cimv2:TST_Sensor"}) {
+        const ObjectPath path = ObjectPath::parse(text);
+        EXPECT_EQ(path.className, "TST_Sensor") << text;
+        EXPECT_TRUE(path.keys.empty()) << text;
+    }
+}
+
+TEST(ObjectPath, ReadsQuotedAndBareKeys) {
+    const ObjectPath path =
+        ObjectPath::parse(R"(//host/root/cimv2:TST_Sensor.ID="a,b=\"c\" \\ :.",Number=3,On=TRUE)");
+    ASSERT_EQ(path.keys.size(), 3U);
+    EXPECT_EQ(path.className, "TST_Sensor");
+    EXPECT_EQ(path.keys[0].text, R"(a,b="c" \ :.)");
+    EXPECT_EQ(path.keys[1].name, "Number");
+    EXPECT_EQ(path.keys[1].text, "3");
+    EXPECT_EQ(path.keys[2].text, "TRUE");
+}
+
+TEST(ObjectPath, RefusesWhatIsNone) {
+    for (const char* text : {"", ".ID=1", "A-B", "A.", "A.ID", "A.=1", R"(A.ID="x)", R"(A.ID="x"y)",
+                             "A.ID=1,", "//host", "root/cimv2"}) {
+        EXPECT_THROW(ObjectPath::parse(text), UsageError) << text;
+    }
+}
+
+TEST(ObjectPath, IsSpelledAsThePluginSpellsIt) {
+    EXPECT_EQ(spelled(R"(tst_sensor.NUMBER=3,id="a")"), R"(TST_Sensor.ID="a",Number=3)");
+}
+
+TEST(ObjectPath, GetsTheQuotesBackThatAShellTook) {
+    EXPECT_EQ(spelled("TST_Sensor.ID=T1,Number=\"3\""), R"(TST_Sensor.ID="T1",Number=3)");
+    EXPECT_EQ(spelled(R"(TST_Sensor.ID="say \"x\"",Number=3)"), R"(TST_Sensor.ID="say \"x\"",Number=3)");
+}
+
+TEST(ObjectPath, NeedsExactlyTheKeysOfTheClass) {
+    EXPECT_THROW(spelled("TST_Sensor"), UsageError);
+    EXPECT_THROW(spelled("TST_Sensor.ID=1"), UsageError);
+    EXPECT_THROW(spelled("TST_Sensor.ID=1,Number=2,State=2"), UsageError);
+    EXPECT_THROW(spelled("TST_Sensor.ID=1,Number=2,Other=2"), UsageError);
+}
+
+}  // namespace tool

@@ -1,0 +1,254 @@
+// The program against servers that are named with --node: credentials, transports, failing nodes.
+
+#include <gmock/gmock.h>
+
+#include <nlohmann/json.hpp>
+
+#include "tests/support/TestMachine.h"
+#include "tests/tools/support/Program.h"
+#include "tests/tools/support/TemporaryFile.h"
+
+namespace tool {
+
+namespace {
+
+using NQELVSK20::TestMachine;
+using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+const std::string kPassword = "s3cret-w0rd";
+
+TestMachine::Options guarded(std::size_t nodes) {
+    TestMachine::Options options;
+    options.nodes = nodes;
+    options.credentials = cimom::Credentials{"admin", kPassword};
+    return options;
+}
+
+std::vector<std::string> nodesOf(const TestMachine& machine, std::vector<std::string> rest) {
+    std::vector<std::string> arguments;
+    for (const std::string& host : machine.Hosts()) {
+        arguments.insert(arguments.end(), {"--node", host});
+    }
+    arguments.insert(arguments.end(), rest.begin(), rest.end());
+    return arguments;
+}
+
+}  // namespace
+
+TEST(Nodes, ASingleNodeIsAskedOverHttps) {
+    TestMachine machine(1);
+    const Outcome outcome = run(nodesOf(machine, {"names", "OMC_UnitaryComputerSystem"}));
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_THAT(outcome.out, HasSubstr("node-0.machine.example"));
+    ASSERT_FALSE(machine.Server().requests().empty());
+    EXPECT_EQ(machine.Server().requests().back().port, 5989);
+}
+
+TEST(Nodes, InstancesOfEveryNodeCarryItsNumber) {
+    TestMachine machine(2);
+    const Outcome outcome =
+        run(nodesOf(machine, {"--format", "json", "instances", "OMC_UnitaryComputerSystem"}));
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    const auto instances = nlohmann::json::parse(outcome.out);
+    ASSERT_EQ(instances.size(), 2U);
+    EXPECT_EQ(instances[0]["node"], "1");
+    EXPECT_EQ(instances[1]["node"], "2");
+}
+
+TEST(Nodes, ASingleNodeOffersNoRemoteNodes) {
+    TestMachine machine(1);
+    const Outcome outcome = run(nodesOf(machine, {"class", "QEL_RemoteNode"}));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err, "cimhttp: the plug-in offers no class QEL_RemoteNode on a machine of one node\n");
+}
+
+TEST(Nodes, AnUnreachableNodeEndsInOneLine) {
+    const std::string host = TestMachine::AddressOf(6);
+    const Outcome outcome = run({"--node", host, "classes"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "");
+    ASSERT_EQ(linesOf(outcome.err).size(), 1U) << outcome.err;
+    EXPECT_THAT(outcome.err, HasSubstr(host + ": cannot connect: "));
+    EXPECT_THAT(outcome.err, HasSubstr(host + ":5989"));
+    EXPECT_THAT(outcome.err, HasSubstr(host + ":5988"));
+}
+
+TEST(Nodes, AnUnresolvableNameEndsInOneLine) {
+    const Outcome outcome = run({"--node", "no-such-host.invalid", "classes"});
+    EXPECT_EQ(outcome.status, 1);
+    ASSERT_EQ(linesOf(outcome.err).size(), 1U) << outcome.err;
+    EXPECT_THAT(outcome.err, HasSubstr("no-such-host.invalid:5989"));
+}
+
+TEST(Nodes, TheOthersAnswerWhenOneIsUnreachable) {
+    TestMachine machine(2);
+    machine.Kill(1);
+    const Outcome outcome =
+        run(nodesOf(machine, {"--format", "json", "instances", "OMC_UnitaryComputerSystem"}));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(nlohmann::json::parse(outcome.out).size(), 1U);
+    ASSERT_EQ(linesOf(outcome.err).size(), 1U) << outcome.err;
+    EXPECT_THAT(outcome.err, StartsWith("cimhttp: node 2 (" + machine.Host(1) + "): cannot connect: "));
+}
+
+TEST(Nodes, NothingCanBeAskedWithoutTheFirst) {
+    TestMachine machine(2);
+    machine.Kill(0);
+    const Outcome outcome = run(nodesOf(machine, {"classes"}));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_THAT(outcome.err, HasSubstr("node 1 (" + machine.Host(0) + "): cannot connect: "));
+    EXPECT_THAT(outcome.err, HasSubstr("without it nothing can be asked"));
+}
+
+TEST(Nodes, ACimErrorOfOneNodeIsToldWithTheNode) {
+    TestMachine machine(3);
+    cimom::Fault fault;
+    fault.kind = cimom::Fault::Kind::CimError;
+    fault.address = machine.Host(2);
+    fault.operation = "EnumerateInstances";
+    fault.code = 1;
+    fault.text = "the sensor bus is down";
+    machine.Server().inject(fault);
+    const Outcome outcome =
+        run(nodesOf(machine, {"--format", "json", "instances", "OMC_UnitaryComputerSystem"}));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(nlohmann::json::parse(outcome.out).size(), 2U);
+    EXPECT_EQ(outcome.err,
+              "cimhttp: node 3 (" + machine.Host(2) +
+                  ":5989): instances of OMC_UnitaryComputerSystem: CIM error: the sensor bus is down\n");
+}
+
+TEST(Nodes, HostileTextOfAServerReachesNoTerminal) {
+    TestMachine machine(1);
+    cimom::Fault fault;
+    fault.kind = cimom::Fault::Kind::CimError;
+    fault.operation = "EnumerateClassNames";
+    fault.code = 1;
+    fault.text = "\u009b31m\u202e";
+    machine.Server().inject(fault);
+    const Outcome outcome = run(nodesOf(machine, {"classes"}));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.err, HasSubstr("\\x9b31m\\u202e"));
+}
+
+TEST(Transport, HttpIsNotedWhenHttpsFails) {
+    TestMachine::Options options;
+    options.https = false;
+    TestMachine machine(options);
+    const Outcome outcome = run(nodesOf(machine, {"classes"}));
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.out, HasSubstr("CIM_ManagedElement\n"));
+    ASSERT_EQ(linesOf(outcome.err).size(), 1U) << outcome.err;
+    EXPECT_THAT(outcome.err, StartsWith("cimhttp: " + machine.Host(0) + ":5988: connected over HTTP"));
+}
+
+TEST(Transport, OneProtocolIsNotReplacedByTheOther) {
+    TestMachine::Options options;
+    options.https = false;
+    TestMachine machine(options);
+    const Outcome outcome = run(nodesOf(machine, {"--transport", "https", "classes"}));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.err, HasSubstr(machine.Host(0) + ":5989"));
+    EXPECT_EQ(machine.Server().connectionsAccepted(), 0U);
+    EXPECT_EQ(run(nodesOf(machine, {"--transport", "http", "classes"})).status, 0);
+}
+
+TEST(Transport, TheEmbeddedMachineHasOneNodeForASingleProtocol) {
+    const Outcome outcome =
+        run({"--transport", "http", "--format", "json", "walk", "OMC_UnitaryComputerSystem"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(nlohmann::json::parse(outcome.out)["nodes"].size(), 1U);
+    EXPECT_THAT(outcome.err, HasSubstr("the embedded machine has one"));
+}
+
+TEST(Passwords, ComeFromAFile) {
+    TestMachine machine(guarded(2));
+    const TemporaryFile file(kPassword + "\n");
+    const Outcome outcome = run(nodesOf(
+        machine, {"--user", "admin", "--password-file", file.path(), "names", "OMC_UnitaryComputerSystem"}));
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(outcome.err, "");
+}
+
+TEST(Passwords, ComeFromAVariable) {
+    TestMachine machine(guarded(1));
+    const Outcome outcome =
+        Program({"--node", "admin@" + machine.Host(0), "classes"}).with("CIMHTTP_PASSWORD", kPassword).run();
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+}
+
+TEST(Passwords, AreAskedForOnATerminalWithoutEcho) {
+    TestMachine machine(guarded(1));
+    const Outcome outcome = Program({"--node", "admin@" + machine.Host(0), "classes"})
+                                .runOnTerminal("Password of admin: ", kPassword + "\n");
+    EXPECT_EQ(outcome.status, 0) << outcome.out;
+    EXPECT_THAT(outcome.out, HasSubstr("CIM_ManagedElement\r\n"));
+    EXPECT_THAT(outcome.out, Not(HasSubstr(kPassword)));
+}
+
+TEST(Passwords, CtrlCAtThePromptEndsTheProgram) {
+    TestMachine machine(guarded(1));
+    const Outcome outcome = Program({"--node", "admin@" + machine.Host(0), "classes"})
+                                .runOnTerminal("Password of admin: ", "\x03");
+    EXPECT_EQ(outcome.signal, 2);
+}
+
+TEST(Passwords, AWrongOneEndsInOneLineThatShowsItNot) {
+    TestMachine machine(guarded(1));
+    const TemporaryFile file("wr0ng-guess\n");
+    const Outcome outcome =
+        run(nodesOf(machine, {"--user", "admin", "--password-file", file.path(), "classes"}));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err,
+              "cimhttp: " + machine.Host(0) + ":5989: refuses user 'admin' with the password given\n");
+}
+
+TEST(Passwords, AMissingUserIsAskedForInOneLine) {
+    TestMachine machine(guarded(1));
+    const Outcome outcome = run(nodesOf(machine, {"--transport", "http", "classes"}));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err, "cimhttp: " + machine.Host(0) +
+                               ":5988: asks for a user and a password: --user NAME or --node USER@HOST\n");
+}
+
+TEST(Passwords, TheNodeThatRefusesIsNamed) {
+    TestMachine machine(guarded(3));
+    const TemporaryFile file(kPassword + "\nwr0ng-guess\n" + kPassword + "\n");
+    const Outcome outcome = run(nodesOf(machine, {"--user", "admin", "--password-file", file.path(),
+                                                  "instances", "OMC_UnitaryComputerSystem"}));
+    EXPECT_EQ(outcome.status, 1);
+    ASSERT_EQ(linesOf(outcome.err).size(), 1U) << outcome.err;
+    EXPECT_THAT(outcome.err,
+                StartsWith("cimhttp: node 2 (" + machine.Host(1) + ":5989): refuses user 'admin'"));
+}
+
+TEST(Passwords, AreNeverShown) {
+    TestMachine machine(guarded(2));
+    for (const std::string& password : {kPassword, std::string("wr0ng-guess")}) {
+        const TemporaryFile file(password + "\n");
+        for (const char* command : {"classes", "tree"}) {
+            const Outcome outcome =
+                run(nodesOf(machine, {"-v", "--user", "admin", "--password-file", file.path(), command}));
+            EXPECT_THAT(outcome.out + outcome.err, Not(HasSubstr(password)));
+        }
+    }
+}
+
+TEST(Interrupt, ANodeThatDoesNotAnswerCanBeLeft) {
+    TestMachine machine(1);
+    cimom::Fault fault;
+    fault.kind = cimom::Fault::Kind::NoAnswer;
+    fault.operation = "EnumerateClassNames";
+    machine.Server().inject(fault);
+    const Outcome outcome = Program(nodesOf(machine, {"-v", "classes"}))
+                                .runOnTerminal("Entering TCimHTTPNamespace::EnumerateClassNames", "\x03");
+    EXPECT_EQ(outcome.signal, 2);
+}
+
+}  // namespace tool

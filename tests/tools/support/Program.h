@@ -1,0 +1,49 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace tool {
+
+/// How a run of the program ended.
+struct Outcome {
+    int status = -1;  ///< Exit status; -1 when a signal ended it.
+    int signal = 0;   ///< That signal.
+    std::string out;
+    std::string err;
+};
+
+/// One run of the built program cimhttp.
+class Program {
+public:
+    explicit Program(std::vector<std::string> arguments) : arguments_(std::move(arguments)) {}
+
+    /// Sets a variable of the program's environment.
+    Program& with(const std::string& variable, const std::string& value);
+
+    /// The program's output is closed after so many bytes were read, as `head` does.
+    Program& closingOutputAfter(std::size_t bytes);
+
+    /// Runs it with the arguments, no terminal and nothing to read.
+    Outcome run() const;
+
+    /// Runs it on a terminal of its own, 80 columns wide. When `prompt` appears, `typed` is typed. What the
+    /// terminal shows is `out`.
+    Outcome runOnTerminal(const std::string& prompt = {}, const std::string& typed = {}) const;
+
+private:
+    [[noreturn]] void execute() const;
+
+    std::vector<std::string> arguments_;
+    std::map<std::string, std::string> variables_;
+    std::size_t outputLimit_ = static_cast<std::size_t>(-1);
+};
+
+/// Shorthand for a run without further ado.
+Outcome run(std::vector<std::string> arguments);
+
+/// The lines of a text, without their newlines.
+std::vector<std::string> linesOf(const std::string& text);
+
+}  // namespace tool
