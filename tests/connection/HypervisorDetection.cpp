@@ -111,12 +111,11 @@ TEST_F(HypervisorDetectionTest, AsksInTheFixedNamespaceWithTheFixedFlags) {
     const std::string& body = requests[0].body;
     EXPECT_NE(body.find("<NAMESPACE NAME=\"root\"/>"), std::string::npos) << body;
     EXPECT_NE(body.find("<NAMESPACE NAME=\"cimv2\"/>"), std::string::npos) << body;
-    for (const char* flag : {"DeepInheritance", "LocalOnly"}) {
-        EXPECT_NE(body.find(std::string("\"") + flag + "\"><VALUE>TRUE<"), std::string::npos) << body;
-    }
-    for (const char* flag : {"IncludeQualifiers", "IncludeClassOrigin"}) {
-        EXPECT_NE(body.find(std::string("\"") + flag + "\"><VALUE>FALSE<"), std::string::npos) << body;
-    }
+    EXPECT_TRUE(machine_.Option(0, "DeepInheritance"));
+    EXPECT_TRUE(machine_.Option(0, "LocalOnly"));
+    EXPECT_FALSE(machine_.Option(0, "IncludeQualifiers"));
+    EXPECT_FALSE(machine_.Option(0, "IncludeClassOrigin"));
+    EXPECT_EQ(body.find("PropertyList"), std::string::npos) << body;
 }
 
 TEST_F(HypervisorDetectionTest, SecondNamespaceOfTheProcessIsNotAskedAndKeepsItsFlagsFalse) {

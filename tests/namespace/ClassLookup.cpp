@@ -227,9 +227,9 @@ TEST_F(ClassLookupTest, FetchAsksForEverythingButClassOrigin) {
     nameSpace->GetClass("t_A", TContext());
     const std::string body = machine.Server().requests().at(0).body;
     EXPECT_NE(body.find("\"t_A\""), std::string::npos) << "the name as given: " << body;
-    EXPECT_NE(body.find("\"LocalOnly\"><VALUE>FALSE<"), std::string::npos) << body;
-    EXPECT_NE(body.find("\"IncludeQualifiers\"><VALUE>TRUE<"), std::string::npos) << body;
-    EXPECT_NE(body.find("\"IncludeClassOrigin\"><VALUE>FALSE<"), std::string::npos) << body;
+    EXPECT_FALSE(machine.Option(0, "LocalOnly"));
+    EXPECT_TRUE(machine.Option(0, "IncludeQualifiers"));
+    EXPECT_FALSE(machine.Option(0, "IncludeClassOrigin"));
     EXPECT_EQ(body.find("PropertyList"), std::string::npos) << body;
 }
 

@@ -58,6 +58,18 @@ void TestMachine::Kill(std::size_t node) {
     server_.close(Host(node), kHttpPort);
 }
 
+bool TestMachine::Option(std::size_t request, const std::string& name) const {
+    const cimom::SeenRequest seen = server_.requests().at(request);
+    const std::string sent = "<IPARAMVALUE NAME=\"" + name + "\"><VALUE>";
+    const std::size_t at = seen.body.find(sent);
+    if (at != std::string::npos) {
+        return seen.body.compare(at + sent.size(), 4, "TRUE") == 0;
+    }
+    const std::string& operation = seen.operation;
+    return name == "LocalOnly" || (name == "DeepInheritance" && operation == "EnumerateInstances") ||
+           (name == "IncludeQualifiers" && operation == "GetClass");
+}
+
 std::vector<std::string> TestMachine::Requests() const {
     std::vector<std::string> seen;
     for (const cimom::SeenRequest& request : server_.requests()) {

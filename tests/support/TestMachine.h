@@ -36,6 +36,10 @@ public:
     /// Closes a node's sockets, as when the node loses power.
     void Kill(std::size_t node);
 
+    /// The boolean option of a request as the server understands it: the one sent, else the default that
+    /// DSP0200 gives it for this operation. Client libraries leave defaults out.
+    bool Option(std::size_t request, const std::string& name) const;
+
     /// What the servers were asked, in order: "HOSTINDEX OPERATION CLASS", e.g. "0 GetClass CIM_Fan".
     std::vector<std::string> Requests() const;
     void ClearRequests() { server_.clearRequests(); }
