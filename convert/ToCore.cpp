@@ -52,7 +52,8 @@ TCIMValue ScalarToCore(const Pegasus::CIMValue& value) {
 // Compared rather than read, so that a value of another type is false instead of an exception.
 template <>
 TCIMValue ScalarToCore<Pegasus::Boolean>(const Pegasus::CIMValue& value) {
-    return TCIMValue(value == Pegasus::CIMValue(Pegasus::Boolean(true)));
+    static const Pegasus::CIMValue kTrue(Pegasus::Boolean(true));
+    return TCIMValue(value == kTrue);
 }
 
 template <class T>

@@ -12,6 +12,7 @@
 
 #include <cmath>
 #include <limits>
+#include <string>
 #include <vector>
 
 #include "connection/TCimHTTPNamespace.h"
@@ -83,7 +84,14 @@ protected:
     }
 };
 
-TYPED_TEST_SUITE(NumberToCoreTest, Numbers);
+struct NumberName {
+    template <class T>
+    static std::string GetName(int) {
+        return Pegasus::cimTypeToString(T::kType);
+    }
+};
+
+TYPED_TEST_SUITE(NumberToCoreTest, Numbers, NumberName);
 
 TYPED_TEST(NumberToCoreTest, KeepsEveryExtreme) {
     for (const auto number : TestFixture::Extremes()) {

@@ -77,7 +77,14 @@ protected:
     }
 };
 
-TYPED_TEST_SUITE(NumberToRemoteTest, Numbers);
+struct NumberName {
+    template <class T>
+    static std::string GetName(int) {
+        return Pegasus::cimTypeToString(CIMValue(typename T::Remote()).getType());
+    }
+};
+
+TYPED_TEST_SUITE(NumberToRemoteTest, Numbers, NumberName);
 
 TYPED_TEST(NumberToRemoteTest, KeepsEveryExtreme) {
     for (const auto number : TestFixture::Extremes()) {
@@ -156,6 +163,14 @@ TEST(StringToRemoteTest, ArrayKeepsItsTexts) {
     expected.append(Pegasus::String("a,b"));
     expected.append(Pegasus::String());
     ExpectSame(Convert(ArrayOf(Type::eString, {TCIMValue("a,b"), TCIMValue("")})), CIMValue(expected));
+}
+
+// An element that is itself an array tells the host's string conversion from its printed form.
+TEST(StringToRemoteTest, ArrayReadsItsElementsThroughTheStringConversion) {
+    const TCIMValue nested = ArrayOf(Type::eString, {TCIMValue("a"), TCIMValue("b")});
+    ASSERT_NE(nested.operator std::string(), nested.ToString(10));
+    ExpectSame(Convert(ArrayOf(Type::eString, {nested})),
+               CIMValue(Pegasus::Array<Pegasus::String>(1, Pegasus::String("a"))));
 }
 
 TEST(StringToRemoteTest, OfAnEmptyArrayIsAnEmptyArray) {

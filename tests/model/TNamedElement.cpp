@@ -67,7 +67,14 @@ protected:
     boost::shared_ptr<Element> element_ = Make("Speed");
 };
 
-TYPED_TEST_SUITE(NamedElementTest, Kinds);
+struct KindName {
+    template <class T>
+    static std::string GetName(int) {
+        return T::kClass;
+    }
+};
+
+TYPED_TEST_SUITE(NamedElementTest, Kinds, KindName);
 
 TYPED_TEST(NamedElementTest, KeepsTheSpellingOfItsName) {
     EXPECT_EQ(this->element_->GetName(TContext()), "Speed");
