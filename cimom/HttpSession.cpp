@@ -86,6 +86,7 @@ private:
     }
 
     void readHead() {
+        request_ = HttpRequest();
         expectWithin(kLongestWait);
         readMoreOfHead(0);
     }
@@ -118,7 +119,6 @@ private:
     }
 
     void parseHead(std::size_t size) {
-        request_ = HttpRequest();
         request_.head.assign(static_cast<const char*>(buffer_.data().data()), size - 2);
         parser_.emplace();
         parser_->header_limit(kMaxHeadBytes);
