@@ -133,7 +133,7 @@ using AllTypes = testing::Types<
     TypeCase<String, CIMTYPE_STRING>, TypeCase<CIMDateTime, CIMTYPE_DATETIME>,
     TypeCase<CIMObjectPath, CIMTYPE_REFERENCE>, TypeCase<CIMObject, CIMTYPE_OBJECT>,
     TypeCase<CIMInstance, CIMTYPE_INSTANCE>>;
-TYPED_TEST_SUITE(CIMValueOf, AllTypes);
+TYPED_TEST_SUITE(CIMValueOf, AllTypes, );
 
 }  // namespace
 

@@ -14,7 +14,7 @@ using AllHandles =
     testing::Types<CIMObject, CIMConstObject, CIMInstance, CIMConstInstance, CIMClass, CIMConstClass,
                    CIMProperty, CIMConstProperty, CIMMethod, CIMConstMethod, CIMParameter, CIMConstParameter,
                    CIMQualifier, CIMConstQualifier, CIMQualifierDecl, CIMConstQualifierDecl, CIMParamValue>;
-TYPED_TEST_SUITE(NullHandle, AllHandles);
+TYPED_TEST_SUITE(NullHandle, AllHandles, );
 
 TYPED_TEST(NullHandle, CannotBeCloned) {
     EXPECT_EQ(messageThrownBy<UninitializedObjectException>([] { TypeParam().clone(); }),

@@ -1,0 +1,149 @@
+#include "cimxml/wire/TcpStream.h"
+
+#include <gtest/gtest.h>
+
+#include <boost/asio/buffer.hpp>
+#include <boost/asio/read.hpp>
+#include <boost/asio/write.hpp>
+#include <chrono>
+#include <future>
+#include <string>
+
+#include "cimxml/wire/WireError.h"
+#include "tests/cimxml/wire_LoopbackServer.h"
+
+namespace cimxml_test {
+namespace {
+
+namespace asio = boost::asio;
+using cimxml::Deadline;
+using cimxml::TcpStream;
+using cimxml::WireError;
+using Socket = LoopbackServer::Socket;
+using namespace std::chrono_literals;
+
+Deadline soon() {
+    return Deadline::after(10s);
+}
+
+WireError::Kind kindOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const WireError& error) {
+        EXPECT_STRNE(error.what(), "");
+        return error.kind();
+    }
+    ADD_FAILURE() << "threw nothing";
+    return WireError::Kind::BadResponse;
+}
+
+void echo(Socket& socket) {
+    char buffer[5];
+    asio::read(socket, asio::buffer(buffer));
+    asio::write(socket, asio::buffer(buffer));
+}
+
+std::string readAll(TcpStream& stream) {
+    std::string all;
+    char buffer[64];
+    while (const std::size_t count = stream.read(buffer, sizeof buffer, soon())) {
+        all.append(buffer, count);
+    }
+    return all;
+}
+
+void expectEcho(const std::string& address, const std::string& host) {
+    LoopbackServer server(echo, address);
+    const auto stream = TcpStream::connect(host, server.port(), soon());
+    stream->write("hello", soon());
+    EXPECT_EQ(readAll(*stream), "hello");
+}
+
+TEST(TcpStream, SendsAndReceivesUntilTheEnd) {
+    expectEcho("127.0.0.1", "127.0.0.1");
+}
+
+TEST(TcpStream, TakesNames) {
+    expectEcho("127.0.0.1", "localhost");
+}
+
+TEST(TcpStream, TakesIpv6WithAndWithoutBrackets) {
+    expectEcho("::1", "::1");
+    expectEcho("::1", "[::1]");
+}
+
+TEST(TcpStream, DoesNotKnowEveryName) {
+    EXPECT_EQ(kindOf([] { TcpStream::connect("no.such.host.invalid", 1, soon()); }),
+              WireError::Kind::UnknownHost);
+}
+
+TEST(TcpStream, DoesNotKnowPortsBeyondTheLast) {
+    EXPECT_EQ(kindOf([] { TcpStream::connect("127.0.0.1", 65536, soon()); }), WireError::Kind::UnknownHost);
+}
+
+TEST(TcpStream, SaysWhyItCannotConnect) {
+    std::uint16_t port = 0;
+    {
+        port = LoopbackServer([](Socket&) {}).port();
+    }
+    try {
+        TcpStream::connect("127.0.0.1", port, soon());
+        FAIL() << "threw nothing";
+    } catch (const WireError& error) {
+        EXPECT_EQ(error.kind(), WireError::Kind::CannotConnect);
+        EXPECT_STREQ(error.what(), "Connection refused");
+    }
+}
+
+TEST(TcpStream, ReadingRunsOutOfTime) {
+    std::promise<void> done;
+    LoopbackServer server([&](Socket&) { done.get_future().wait(); });
+    const auto stream = TcpStream::connect("127.0.0.1", server.port(), soon());
+    char byte = 0;
+    EXPECT_EQ(kindOf([&] { stream->read(&byte, 1, Deadline::after(20ms)); }), WireError::Kind::TimedOut);
+    done.set_value();
+}
+
+TEST(TcpStream, WritingRunsOutOfTimeWhenNobodyReads) {
+    std::promise<void> done;
+    LoopbackServer server([&](Socket&) { done.get_future().wait(); });
+    const auto stream = TcpStream::connect("127.0.0.1", server.port(), soon());
+    const std::string much(64U * 1024 * 1024, 'x');
+    EXPECT_EQ(kindOf([&] { stream->write(much, Deadline::after(100ms)); }), WireError::Kind::TimedOut);
+    done.set_value();
+}
+
+TEST(TcpStream, WritingToNobodyFails) {
+    LoopbackServer server([](Socket& socket) { socket.close(); });
+    const auto stream = TcpStream::connect("127.0.0.1", server.port(), soon());
+    const std::string much(64U * 1024 * 1024, 'x');
+    EXPECT_EQ(kindOf([&] { stream->write(much, soon()); }), WireError::Kind::Closed);
+}
+
+TEST(TcpStream, ADeadlineThatHasPassedIsNotWaitedFor) {
+    LoopbackServer server([](Socket&) {});
+    EXPECT_EQ(kindOf([&] { TcpStream::connect("127.0.0.1", server.port(), Deadline::after(0ms)); }),
+              WireError::Kind::TimedOut);
+}
+
+TEST(TcpStream, TellsWhetherSomethingIsThereWithoutWaiting) {
+    std::promise<void> speak;
+    std::promise<void> end;
+    LoopbackServer server([&](Socket& socket) {
+        speak.get_future().wait();
+        asio::write(socket, asio::buffer("x", 1));
+        end.get_future().wait();
+    });
+    const auto stream = TcpStream::connect("127.0.0.1", server.port(), soon());
+    char byte = 0;
+    EXPECT_FALSE(stream->readAvailable(&byte, 1).has_value());
+    speak.set_value();
+    EXPECT_EQ(stream->read(&byte, 1, soon()), 1U);
+    EXPECT_FALSE(stream->readAvailable(&byte, 1).has_value());
+    end.set_value();
+    EXPECT_EQ(stream->read(&byte, 1, soon()), 0U);
+    EXPECT_EQ(stream->readAvailable(&byte, 1), 0U);
+}
+
+}  // namespace
+}  // namespace cimxml_test

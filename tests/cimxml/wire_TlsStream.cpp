@@ -1,0 +1,201 @@
+#include "cimxml/wire/TlsStream.h"
+
+#include <Pegasus/Client/CIMClient.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+
+#include "cimom/Server.h"
+#include "cimxml/wire/HttpConnection.h"
+#include "cimxml/wire/TcpStream.h"
+#include "cimxml/wire/WireError.h"
+#include "tests/cimxml/wire_LoopbackServer.h"
+
+namespace cimxml_test {
+namespace {
+
+using cimxml::Deadline;
+using cimxml::TcpStream;
+using cimxml::TlsContext;
+using cimxml::TlsSettings;
+using cimxml::TlsStream;
+using cimxml::WireError;
+using namespace std::chrono_literals;
+
+class TlsStreamTest : public testing::Test {
+protected:
+    void serve(bool onlyTls10 = false) {
+        cimom::Endpoint endpoint;
+        endpoint.tls = true;
+        endpoint.onlyTls10 = onlyTls10;
+        endpoint.repository = cimom::Repository::sampleNode(0);
+        port = server.listen(endpoint);
+        server.start();
+    }
+
+    std::unique_ptr<TlsStream> connect(TlsSettings settings = {}) {
+        const Deadline deadline = Deadline::after(10s);
+        return std::make_unique<TlsStream>(TcpStream::connect("127.0.0.1", port, deadline),
+                                           std::make_shared<const TlsContext>(std::move(settings)),
+                                           "localhost", deadline);
+    }
+
+    /// Why connecting with these settings fails.
+    std::string failure(TlsSettings settings) {
+        try {
+            connect(std::move(settings));
+        } catch (const WireError& error) {
+            EXPECT_EQ(error.kind(), WireError::Kind::CannotConnect);
+            return error.what();
+        }
+        return "connected";
+    }
+
+    /// Asks something over a stream; true when an answer comes.
+    static bool answers(std::unique_ptr<TlsStream> stream) {
+        cimxml::HttpConnection connection(std::move(stream), cimxml::Limits());
+        return connection.exchange("GET / HTTP/1.1\r\nHost: x\r\n\r\n", Deadline::after(10s)).status >= 400;
+    }
+
+    cimom::Server server;
+    std::uint16_t port = 0;
+};
+
+TEST_F(TlsStreamTest, SpeaksTheNewestProtocol) {
+    serve();
+    auto stream = connect();
+    EXPECT_EQ(stream->protocol(), "TLSv1.3");
+    EXPECT_TRUE(answers(std::move(stream)));
+}
+
+TEST_F(TlsStreamTest, SpeaksTls10WhereThatIsAllThereIs) {
+    serve(true);
+    auto stream = connect();
+    EXPECT_EQ(stream->protocol(), "TLSv1");
+    EXPECT_TRUE(answers(std::move(stream)));
+}
+
+TEST_F(TlsStreamTest, AClientTalksToATls10Server) {
+    serve(true);
+    Pegasus::CIMClient client;
+    client.connect(Pegasus::String("127.0.0.1"), port, Pegasus::SSLContext(Pegasus::String(), nullptr),
+                   Pegasus::String(), Pegasus::String());
+    EXPECT_GT(
+        client.enumerateInstances(Pegasus::CIMNamespaceName("root/cimv2"), Pegasus::CIMName("CIM_Sensor"))
+            .size(),
+        0U);
+}
+
+TEST_F(TlsStreamTest, SessionTicketsAreNoStrayData) {
+    serve();
+    cimxml::HttpConnection connection(connect(), cimxml::Limits());
+    connection.exchange("POST /cimom HTTP/1.1\r\nHost: x\r\nContent-Length: 0\r\n\r\n", Deadline::after(10s));
+    Pegasus::CIMClient client;
+    client.connect(Pegasus::String("127.0.0.1"), port, Pegasus::SSLContext(Pegasus::String(), nullptr),
+                   Pegasus::String(), Pegasus::String());
+    const std::size_t before = server.connectionsAccepted();
+    for (int i = 0; i < 3; ++i) {
+        client.enumerateClassNames(Pegasus::CIMNamespaceName("root/cimv2"));
+    }
+    EXPECT_EQ(server.connectionsAccepted(), before);
+}
+
+TEST_F(TlsStreamTest, ACertificateThatTheTrustStoreDoesNotKnowIsRefused) {
+    serve();
+    TlsSettings settings;
+    settings.trustStore = testing::TempDir();
+    EXPECT_EQ(failure(settings), "TLS handshake: self-signed certificate");
+}
+
+TEST_F(TlsStreamTest, TheVerifyFunctionDecides) {
+    serve();
+    TlsSettings settings;
+    int rejected = 0;
+    settings.verify = [&](bool accepted, x509_store_ctx_st*) {
+        rejected += accepted ? 0 : 1;
+        return true;
+    };
+    EXPECT_TRUE(answers(connect(settings)));
+    EXPECT_EQ(rejected, 1) << "a self-signed certificate that nobody vouches for";
+    settings.verify = [](bool, x509_store_ctx_st*) { return false; };
+    EXPECT_NE(failure(settings), "connected");
+}
+
+TEST_F(TlsStreamTest, TheApisVerifyFunctionLearnsAboutTheCertificate) {
+    serve();
+    static std::string subject;
+    static Pegasus::Uint32 depth;
+    static bool rejected;
+    const auto verify = [](Pegasus::SSLCertificateInfo& info) -> Pegasus::Boolean {
+        subject = static_cast<const char*>(info.getSubjectName().getCString());
+        depth = info.getErrorDepth();
+        rejected = rejected || info.getResponseCode() == 0;
+        return info.getNotBefore() < info.getNotAfter();
+    };
+    Pegasus::CIMClient client;
+    client.connect(Pegasus::String("127.0.0.1"), port, Pegasus::SSLContext(Pegasus::String(), verify),
+                   Pegasus::String(), Pegasus::String());
+    EXPECT_NE(subject.find("/CN="), std::string::npos) << subject;
+    EXPECT_EQ(depth, 0U);
+    EXPECT_TRUE(rejected) << "OpenSSL trusts no certificate that signed itself";
+}
+
+TEST_F(TlsStreamTest, AVerifyFunctionThatThrowsDoesNotTrust) {
+    serve();
+    const auto verify = [](Pegasus::SSLCertificateInfo&) -> Pegasus::Boolean { throw 1; };
+    Pegasus::CIMClient client;
+    EXPECT_THROW(
+        client.connect(Pegasus::String("127.0.0.1"), port, Pegasus::SSLContext(Pegasus::String(), verify),
+                       Pegasus::String(), Pegasus::String()),
+        Pegasus::CannotConnectException);
+}
+
+TEST_F(TlsStreamTest, FilesThatCannotBeUsedAreNamed) {
+    for (const auto member :
+         {&TlsSettings::trustStore, &TlsSettings::crlStore, &TlsSettings::certificateFile}) {
+        TlsSettings settings;
+        settings.*member = "/nowhere/file.pem";
+        try {
+            const TlsContext context(settings);
+            ADD_FAILURE() << "threw nothing";
+        } catch (const WireError& error) {
+            EXPECT_EQ(error.kind(), WireError::Kind::TlsSetup);
+            EXPECT_NE(std::string(error.what()).find("/nowhere/file.pem"), std::string::npos) << error.what();
+        }
+    }
+}
+
+TEST_F(TlsStreamTest, AHandshakeThatIsNotAnsweredRunsOutOfTime) {
+    LoopbackServer silent([](LoopbackServer::Socket& socket) {
+        char byte = 0;
+        boost::system::error_code error;
+        while (socket.read_some(boost::asio::buffer(&byte, 1), error) > 0) {
+        }
+    });
+    const auto context = std::make_shared<const TlsContext>(TlsSettings());
+    try {
+        const Deadline deadline = Deadline::after(50ms);
+        const TlsStream stream(TcpStream::connect("127.0.0.1", silent.port(), deadline), context, "localhost",
+                               deadline);
+        FAIL() << "connected";
+    } catch (const WireError& error) {
+        EXPECT_EQ(error.kind(), WireError::Kind::TimedOut);
+    }
+}
+
+TEST_F(TlsStreamTest, AHandshakeThatIsCutOffFails) {
+    LoopbackServer closing([](LoopbackServer::Socket& socket) { socket.close(); });
+    const auto context = std::make_shared<const TlsContext>(TlsSettings());
+    const Deadline deadline = Deadline::after(10s);
+    try {
+        const TlsStream stream(TcpStream::connect("127.0.0.1", closing.port(), deadline), context,
+                               "localhost", deadline);
+        FAIL() << "connected";
+    } catch (const WireError& error) {
+        EXPECT_EQ(error.kind(), WireError::Kind::CannotConnect);
+    }
+}
+
+}  // namespace
+}  // namespace cimxml_test
