@@ -59,7 +59,8 @@ void TestMachine::Kill(std::size_t node) {
 }
 
 bool TestMachine::Option(std::size_t request, const std::string& name) const {
-    const cimom::SeenRequest seen = server_.requests().at(request);
+    cimom::SeenRequest seen = server_.requests().at(request);
+    seen.body.erase(std::remove(seen.body.begin(), seen.body.end(), '\n'), seen.body.end());
     const std::string sent = "<IPARAMVALUE NAME=\"" + name + "\"><VALUE>";
     const std::size_t at = seen.body.find(sent);
     if (at != std::string::npos) {
