@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "cimxml/common/HandleAccess.h"
+#include "cimxml/common/NamedRep.h"
 
 namespace Pegasus {
 
@@ -37,8 +38,9 @@ public:
 
     /// The element's index, or PEG_NOT_FOUND.
     Uint32 find(const CIMName& name) const {
-        const auto hasName = [&name](const Handle& handle) {
-            return HandleAccess::share(handle)->name().equal(name);
+        const auto hasName = [&name, tag = NamedRep::tagOf(name)](const Handle& handle) {
+            const auto& rep = HandleAccess::share(handle);
+            return rep->tag() == tag && rep->name().equal(name);
         };
         const auto found = std::find_if(_handles.begin(), _handles.end(), hasName);
         return found == _handles.end() ? PEG_NOT_FOUND : static_cast<Uint32>(found - _handles.begin());

@@ -10,10 +10,15 @@ public:
     /// A null name throws UninitializedObjectException.
     explicit NamedRep(const CIMName& name);
     /// The copy is in no list yet.
-    NamedRep(const NamedRep& other) : _name(other._name) {}
+    NamedRep(const NamedRep& other) : _name(other._name), _tag(other._tag) {}
     NamedRep& operator=(const NamedRep&) = delete;
 
     const CIMName& name() const noexcept { return _name; }
+
+    /// A number that equal names (without regard to case) have in common and
+    /// most different ones have not.
+    static Uint32 tagOf(const CIMName& name) noexcept;
+    Uint32 tag() const noexcept { return _tag; }
 
     /// A null name throws UninitializedObjectException; another name than the
     /// present one (without regard to case), while this is in a list, throws
@@ -28,6 +33,7 @@ protected:
 
 private:
     CIMName _name;
+    Uint32 _tag;
     Uint32 _lists = 0;  // number of lists this is in
 };
 
