@@ -51,7 +51,7 @@ void TCimHTTPClass::EnumerateInstances(const InstanceCallback& callback, bool de
 void TCimHTTPClass::CollectInstances(bool deep) {
     instances_.Clear();
     const auto nameSpace = OwnNamespace("EnumerateInstances");
-    if (!nameSpace) {
+    if (!nameSpace || IsRoot()) {  // no server has a class "<root>"
         return;
     }
     const std::vector<RemoteNode> nodes = RemoteNodes(*nameSpace);

@@ -123,6 +123,19 @@ TEST_F(InstanceEnumeration, DeepGoesOnWithEverySubclassInTheirOrder) {
                                    "0 EnumerateInstances X_Tiny", "0 EnumerateInstances X_Big"}));
 }
 
+TEST_F(InstanceEnumeration, TheRootClassHasNoInstancesButItsSubclassesDo) {
+    TestMachine machine(Nodes(1));
+    Declare(machine, {Fan(), Fan("a")});
+    const Namespace nameSpace = Connected(machine);
+    GetClass(nameSpace, "X_Fan");
+    const Class root = GetClass(nameSpace, "<root>");
+    machine.ClearRequests();
+    EXPECT_EQ(InstancesOf(root).size(), 0U);
+    EXPECT_EQ(machine.Requests(), Names{});
+    EXPECT_EQ(PathsOf(InstancesOf(root, true)), Names{"X_Fan.Id=\"a\""});
+    EXPECT_TRUE(pauses_.empty());
+}
+
 TEST_F(InstanceEnumeration, AFalseForASubclassEndsThatSubclassOnly) {
     TestMachine machine(Nodes(1));
     Declare(machine, {Fan(), ClassXml("X_Small", "X_Fan"), ClassXml("X_Big", "X_Fan"),
