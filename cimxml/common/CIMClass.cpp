@@ -10,8 +10,9 @@ namespace Pegasus {
 namespace {
 
 const CIMConstObject& checked(const CIMConstObject& x) {
-    if (!x.isClass())
+    if (!x.isClass()) {
         throw DynamicCastFailedException();
+    }
     return x;
 }
 
@@ -66,8 +67,9 @@ void CIMConstClass::getKeyNames(Array<CIMName>& keyNames) const {
     const auto& properties = rep().properties;
     keyNames.clear();
     for (const CIMProperty& property : properties) {
-        if (isKey(property))
+        if (isKey(property)) {
             keyNames.append(property.getName());
+        }
     }
 }
 
@@ -84,15 +86,18 @@ CIMInstance CIMConstClass::buildInstance(Boolean includeQualifiers, Boolean incl
                                          const CIMPropertyList& propertyList) const {
     CIMInstance instance(getClassName());
     if (includeQualifiers) {
-        for (const CIMQualifier& qualifier : rep().qualifiers)
+        for (const CIMQualifier& qualifier : rep().qualifiers) {
             instance.addQualifier(qualifier.clone());
+        }
     }
     for (const CIMProperty& property : rep().properties) {
-        if (!propertyList.useThisProperty(property.getName()))
+        if (!propertyList.useThisProperty(property.getName())) {
             continue;
+        }
         CIMProperty copy = includeQualifiers ? property.clone() : withoutQualifiers(property);
-        if (!includeClassOrigin)
+        if (!includeClassOrigin) {
             copy.setClassOrigin(CIMName());
+        }
         instance.addProperty(copy);
     }
     return instance;

@@ -17,10 +17,12 @@ std::shared_ptr<CIMObjectRep> CIMClassRep::clone() const {
 }
 
 bool CIMClassRep::identical(const CIMObjectRep& other) const {
-    if (this == &other)
+    if (this == &other) {
         return true;
-    if (!other.isClass() || !CIMObjectRep::identical(other))
+    }
+    if (!other.isClass() || !CIMObjectRep::identical(other)) {
         return false;
+    }
     const auto& otherClass = static_cast<const CIMClassRep&>(other);
     return superClassName.equal(otherClass.superClassName) && methods.identical(otherClass.methods) &&
            std::equal(methods.begin(), methods.end(), otherClass.methods.begin(), haveSameOrigin);
@@ -28,8 +30,9 @@ bool CIMClassRep::identical(const CIMObjectRep& other) const {
 
 void CIMClassRep::addProperty(const CIMProperty& property) {
     const bool isNew = properties.find(property.getName()) == PEG_NOT_FOUND;
-    if (isNew && property.getType() == CIMTYPE_REFERENCE && property.getReferenceClassName().isNull())
+    if (isNew && property.getType() == CIMTYPE_REFERENCE && property.getReferenceClassName().isNull()) {
         throw TypeMismatchException();
+    }
     CIMObjectRep::addProperty(property);
 }
 

@@ -22,8 +22,9 @@ constexpr Uint32 kHoursWild = 12;
 /// The difference of the first characters that differ and are no asterisks.
 int compareTexts(const DateTimeText::Characters& x, const DateTimeText::Characters& y) {
     for (Uint32 i = 0; i < DateTimeText::kLength; ++i) {
-        if (x[i] != y[i] && x[i] != '*' && y[i] != '*')
+        if (x[i] != y[i] && x[i] != '*' && y[i] != '*') {
             return x[i] - y[i];
+        }
     }
     return 0;
 }
@@ -56,11 +57,13 @@ Uint64 toMicros(const std::tm& time) {
 CIMDateTime::CIMDateTime(const String& str) : CIMDateTime(DateTimeText::parse(str)) {}
 
 CIMDateTime::CIMDateTime(Uint64 usec, Boolean isInterval) : _usec(usec), _sign(isInterval ? ':' : '+') {
-    if (!isInterval && usec >= kTimeStampLimit)
+    if (!isInterval && usec >= kTimeStampLimit) {
         throw DateTimeOutOfRangeException("Cannot create a CIMDateTime time stamp beyond the year 10,000");
-    if (isInterval && usec >= kIntervalLimit)
+    }
+    if (isInterval && usec >= kIntervalLimit) {
         throw DateTimeOutOfRangeException(
             "Cannot create a CIMDateTime interval greater than 100 million days");
+    }
 }
 
 String CIMDateTime::toString() const {
@@ -88,15 +91,17 @@ CIMDateTime CIMDateTime::getCurrentDateTime() {
 }
 
 Sint64 CIMDateTime::getDifference(CIMDateTime startTime, CIMDateTime finishTime) {
-    if (startTime.isInterval() != finishTime.isInterval())
+    if (startTime.isInterval() != finishTime.isInterval()) {
         throw InvalidDateTimeFormatException();
+    }
     return static_cast<Sint64>(finishTime.toMicroSeconds() - startTime.toMicroSeconds());
 }
 
 CIMDateTime CIMDateTime::inUtc() const {
     CIMDateTime result(*this);
-    if (isInterval())
+    if (isInterval()) {
         return result;
+    }
     const Uint32 minutes = _wildcards < kMinutesWild ? _utcOffset
                            : _wildcards < kHoursWild ? _utcOffset / 60 * 60
                                                      : 0;
@@ -108,12 +113,14 @@ CIMDateTime CIMDateTime::inUtc() const {
 }
 
 int CIMDateTime::compare(const CIMDateTime& x) const {
-    if (isInterval() != x.isInterval())
+    if (isInterval() != x.isInterval()) {
         throw TypeMismatchException("Trying to compare CIMDateTime objects of differing types");
+    }
     const CIMDateTime left = inUtc();
     const CIMDateTime right = x.inUtc();
-    if (_wildcards != 0 || x._wildcards != 0)
+    if (_wildcards != 0 || x._wildcards != 0) {
         return compareTexts(DateTimeText::format(left), DateTimeText::format(right));
+    }
     return left._usec < right._usec ? -1 : left._usec > right._usec ? 1 : 0;
 }
 
@@ -130,21 +137,25 @@ CIMDateTime CIMDateTime::operator+(const CIMDateTime& x) const {
 }
 
 CIMDateTime& CIMDateTime::operator+=(const CIMDateTime& x) {
-    if (!x.isInterval())
+    if (!x.isInterval()) {
         throw TypeMismatchException();
+    }
     _usec += x._usec;
     return *this;
 }
 
 CIMDateTime CIMDateTime::operator-(const CIMDateTime& x) const {
-    if (isInterval() && !x.isInterval())
+    if (isInterval() && !x.isInterval()) {
         throw TypeMismatchException();
+    }
     const Uint64 left = toMicroSeconds();
     const Uint64 right = x.toMicroSeconds();
-    if (left < right)
+    if (left < right) {
         throwNegative();
-    if (isInterval() == x.isInterval())
+    }
+    if (isInterval() == x.isInterval()) {
         return CIMDateTime(left - right, true);
+    }
     // In OpenPegasus this operator, unlike -=, counts from UTC and keeps the
     // offset all the same.
     CIMDateTime result(*this);
@@ -153,10 +164,12 @@ CIMDateTime CIMDateTime::operator-(const CIMDateTime& x) const {
 }
 
 CIMDateTime& CIMDateTime::operator-=(const CIMDateTime& x) {
-    if (!x.isInterval())
+    if (!x.isInterval()) {
         throw TypeMismatchException();
-    if (_usec < x._usec)
+    }
+    if (_usec < x._usec) {
         throwNegative();
+    }
     _usec -= x._usec;
     return *this;
 }
@@ -166,8 +179,9 @@ CIMDateTime CIMDateTime::operator*(Uint64 x) const {
 }
 
 CIMDateTime& CIMDateTime::operator*=(Uint64 x) {
-    if (!isInterval())
+    if (!isInterval()) {
         throw TypeMismatchException();
+    }
     _usec *= x;
     return *this;
 }
@@ -177,19 +191,23 @@ CIMDateTime CIMDateTime::operator/(Uint64 x) const {
 }
 
 CIMDateTime& CIMDateTime::operator/=(Uint64 x) {
-    if (!isInterval())
+    if (!isInterval()) {
         throw TypeMismatchException("Can not divide a TimeStamp by an integer");
-    if (x == 0)
+    }
+    if (x == 0) {
         throw Exception("Can not divide CIMDateTime by zero");
+    }
     _usec /= x;
     return *this;
 }
 
 Uint64 CIMDateTime::operator/(const CIMDateTime& x) const {
-    if (!isInterval() || !x.isInterval())
+    if (!isInterval() || !x.isInterval()) {
         throw TypeMismatchException("Can not divide two CIMDateTime objects if one of them is a TimeStamp");
-    if (x._usec == 0)
+    }
+    if (x._usec == 0) {
         throw Exception("Can not divide CIMDateTime by zero");
+    }
     return _usec / x._usec;
 }
 

@@ -9,8 +9,9 @@ namespace Pegasus {
 namespace {
 
 const CIMConstObject& checked(const CIMConstObject& x) {
-    if (!x.isInstance())
+    if (!x.isInstance()) {
         throw DynamicCastFailedException();
+    }
     return x;
 }
 
@@ -28,8 +29,9 @@ CIMObjectPath CIMConstInstance::buildPath(const CIMConstClass& cimClass) const {
     for (Uint32 i = 0; i < names.size(); ++i) {
         const CIMName& name = std::as_const(names)[i];
         const Uint32 index = findProperty(name);
-        if (index == PEG_NOT_FOUND)
+        if (index == PEG_NOT_FOUND) {
             throw Exception("no such property: " + name.getString());
+        }
         keys.append(CIMKeyBinding(name, getProperty(index).getValue()));
     }
     return CIMObjectPath(String(), CIMNamespaceName(), getClassName(), keys);

@@ -32,18 +32,21 @@ CIMKeyBinding::Type keyType(CIMType type) {
 template <class T, class Parsed>
 CIMValue toValue(const std::optional<Parsed>& number) {
     using Limits = std::numeric_limits<T>;
-    if (!number)
+    if (!number) {
         return CIMValue();
+    }
     if constexpr (std::numeric_limits<Parsed>::is_integer) {
-        if (*number < Parsed{Limits::lowest()} || *number > Parsed{Limits::max()})
+        if (*number < Parsed{Limits::lowest()} || *number > Parsed{Limits::max()}) {
             return CIMValue();
+        }
     }
     return CIMValue(static_cast<T>(*number));
 }
 
 CIMValue toBoolean(const String& text) {
-    if (String::equalNoCase(text, "TRUE"))
+    if (String::equalNoCase(text, "TRUE")) {
         return CIMValue(true);
+    }
     return String::equalNoCase(text, "FALSE") ? CIMValue(false) : CIMValue();
 }
 
@@ -99,10 +102,12 @@ bool equalPaths(const String& x, const String& y) {
 bool equalNumbers(const String& x, const String& y) {
     const std::string left = toUtf8(x);
     const std::string right = toUtf8(y);
-    if (const auto a = parseUnsigned(left), b = parseUnsigned(right); a && b)
+    if (const auto a = parseUnsigned(left), b = parseUnsigned(right); a && b) {
         return a == b;
-    if (const auto a = parseSigned(left), b = parseSigned(right); a && b)
+    }
+    if (const auto a = parseSigned(left), b = parseSigned(right); a && b) {
         return a == b;
+    }
     return left == right;
 }
 
@@ -112,8 +117,9 @@ CIMKeyBinding::CIMKeyBinding(const CIMName& name, const String& value, Type type
     : _name(name), _value(value), _type(type) {}
 
 CIMKeyBinding::CIMKeyBinding(const CIMName& name, const CIMValue& value) : _name(name) {
-    if (value.isArray())
+    if (value.isArray()) {
         throw TypeMismatchException();
+    }
     _type = keyType(value.getType());
     _value = value.toString();
 }
@@ -128,8 +134,9 @@ Boolean CIMKeyBinding::equal(CIMValue value) {
 }
 
 Boolean operator==(const CIMKeyBinding& x, const CIMKeyBinding& y) {
-    if (x.getType() != y.getType() || !x.getName().equal(y.getName()))
+    if (x.getType() != y.getType() || !x.getName().equal(y.getName())) {
         return false;
+    }
     switch (x.getType()) {
         case CIMKeyBinding::REFERENCE:
             return equalPaths(x.getValue(), y.getValue());

@@ -9,8 +9,9 @@ namespace Pegasus {
 namespace {
 
 const String& checked(const String& name) {
-    if (!CIMName::legal(name))
+    if (!CIMName::legal(name)) {
         throw InvalidNameException(name);
+    }
     return name;
 }
 

@@ -11,8 +11,9 @@ bool startsWithSlash(const String& name) {
 }
 
 String normalized(const String& name) {
-    if (!CIMNamespaceName::legal(name))
+    if (!CIMNamespaceName::legal(name)) {
         throw InvalidNamespaceNameException(name);
+    }
     return startsWithSlash(name) ? name.subString(1) : name;
 }
 
@@ -32,8 +33,9 @@ Boolean CIMNamespaceName::legal(const String& name) {
     bool isComponentStart = true;
     for (Uint32 i = startsWithSlash(name) ? 1 : 0; i < name.size(); ++i) {
         if (isComponentStart) {
-            if (!isNameStart(text[i]))
+            if (!isNameStart(text[i])) {
                 return false;
+            }
             isComponentStart = false;
         } else if (text[i] == '/') {
             isComponentStart = true;

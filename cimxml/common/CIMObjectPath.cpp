@@ -14,8 +14,9 @@ namespace Pegasus {
 namespace {
 
 void checkHost(const String& host) {
-    if (host.size() != 0 && !isValidHost(toUtf8(host)))
+    if (host.size() != 0 && !isValidHost(toUtf8(host))) {
         throw MalformedObjectNameException(host + ", reason:\"invalid hostname\"");
+    }
 }
 
 bool hasReference(const Array<CIMKeyBinding>& keys) {
@@ -30,16 +31,19 @@ bool isNameLess(const CIMKeyBinding& x, const CIMKeyBinding& y) {
 
 /// The same keys sorted by name, with references in their one text form.
 Array<CIMKeyBinding> sorted(const Array<CIMKeyBinding>& keys) {
-    if (keys.size() < 2 && !hasReference(keys))
+    if (keys.size() < 2 && !hasReference(keys)) {
         return keys;
+    }
     Array<CIMKeyBinding> result(keys);
     for (Uint32 i = 0; i < result.size(); ++i) {
         CIMKeyBinding& key = result[i];
-        if (key.getType() == CIMKeyBinding::REFERENCE)
+        if (key.getType() == CIMKeyBinding::REFERENCE) {
             key.setValue(CIMObjectPath(key.getValue()).toString());
+        }
     }
-    if (result.size() > 0)
+    if (result.size() > 0) {
         std::stable_sort(&result[0], &result[0] + result.size(), isNameLess);
+    }
     return result;
 }
 
@@ -49,8 +53,9 @@ bool isQuoted(CIMKeyBinding::Type type) {
 
 void appendEscaped(std::string& out, const String& value) {
     for (const char c : toUtf8(value)) {
-        if (c == '\\' || c == '"')
+        if (c == '\\' || c == '"') {
             out.push_back('\\');
+        }
         out.push_back(c);
     }
 }
@@ -71,10 +76,12 @@ String lower(String text) {
 
 String canonicalNumber(const String& value) {
     const std::string text = toUtf8(value);
-    if (const auto number = parseUnsigned(text))
+    if (const auto number = parseUnsigned(text)) {
         return fromUtf8(std::to_string(*number));
-    if (const auto number = parseSigned(text))
+    }
+    if (const auto number = parseSigned(text)) {
         return fromUtf8(std::to_string(*number));
+    }
     return value;
 }
 
@@ -99,8 +106,9 @@ std::string canonicalValue(const CIMKeyBinding& key) {
 
 Uint32 hashText(const std::string& text) {
     Uint32 hash = 2166136261u;  // FNV-1a
-    for (const char c : text)
+    for (const char c : text) {
         hash = (hash ^ static_cast<unsigned char>(c)) * 16777619u;
+    }
     return hash;
 }
 
@@ -211,8 +219,9 @@ String CIMObjectPath::toString() const {
 }
 
 Boolean CIMObjectPath::identical(const CIMObjectPath& x) const {
-    if (_rep == x._rep)
+    if (_rep == x._rep) {
         return true;
+    }
     const CIMObjectPathRep& left = rep();
     const CIMObjectPathRep& right = x.rep();
     const CIMKeyBinding* const keys = left.keyBindings.getData();
@@ -231,8 +240,9 @@ const CIMObjectPathRep& CIMObjectPath::rep() const {
 }
 
 CIMObjectPathRep& CIMObjectPath::ownRep() {
-    if (_rep.use_count() != 1)
+    if (_rep.use_count() != 1) {
         _rep = std::make_shared<CIMObjectPathRep>(rep());
+    }
     return *_rep;
 }
 

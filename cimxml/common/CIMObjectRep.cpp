@@ -5,8 +5,9 @@ namespace Pegasus {
 namespace {
 
 void requireClassName(const CIMName& className) {
-    if (className.isNull())
+    if (className.isNull()) {
         throw UninitializedObjectException();
+    }
 }
 
 }  // namespace
@@ -31,25 +32,29 @@ void CIMObjectRep::addProperty(const CIMProperty& property) {
 
 void CIMObjectRep::setPath(const CIMObjectPath& path) {
     requireClassName(path.getClassName());
-    if (!path.getClassName().equal(_path.getClassName()))
+    if (!path.getClassName().equal(_path.getClassName())) {
         throw TypeMismatchException();
+    }
     _path = path;
 }
 
 void CIMObjectRep::instanceFilter(bool includeQualifiers, bool includeClassOrigin,
                                   const CIMPropertyList& propertyList) {
-    if (!includeQualifiers)
+    if (!includeQualifiers) {
         qualifiers.clear();
+    }
     for (Uint32 i = properties.size(); i > 0; --i) {
         CIMPropertyRep& property = HandleAccess::rep(properties.at(i - 1));
         if (!propertyList.useThisProperty(property.name())) {
             properties.remove(i - 1);
             continue;
         }
-        if (!includeClassOrigin)
+        if (!includeClassOrigin) {
             property.classOrigin.clear();
-        if (!includeQualifiers)
+        }
+        if (!includeQualifiers) {
             property.qualifiers.clear();
+        }
     }
 }
 

@@ -14,8 +14,9 @@ struct CIMParamValueRep {
 namespace {
 
 void requireName(const String& name) {
-    if (name.size() == 0)
+    if (name.size() == 0) {
         throw UninitializedObjectException();
+    }
 }
 
 }  // namespace

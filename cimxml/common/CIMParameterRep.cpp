@@ -10,8 +10,9 @@ CIMParameterRep::CIMParameterRep(const CIMName& parameterName, CIMType itsType, 
       arraySize(itsArraySize),
       referenceClassName(itsReferenceClassName) {
     const bool isReference = type == CIMTYPE_REFERENCE;
-    if ((arraySize != 0 && !isArray) || isReference == referenceClassName.isNull())
+    if ((arraySize != 0 && !isArray) || isReference == referenceClassName.isNull()) {
         throw TypeMismatchException();
+    }
 }
 
 bool CIMParameterRep::identical(const CIMParameterRep& other) const {

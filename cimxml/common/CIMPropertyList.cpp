@@ -19,8 +19,9 @@ CIMPropertyList::CIMPropertyList(const Array<CIMName>& propertyNames) {
 }
 
 void CIMPropertyList::set(const Array<CIMName>& propertyNames) {
-    if (containsName(propertyNames, CIMName()))
+    if (containsName(propertyNames, CIMName())) {
         throw UninitializedObjectException();
+    }
     _names = propertyNames;
     _isNull = false;
 }
@@ -33,11 +34,13 @@ void CIMPropertyList::append(Array<String>& propertyListArray) {
     Array<CIMName> names;
     for (Uint32 i = 0; i < propertyListArray.size(); ++i) {
         const CIMName name(std::as_const(propertyListArray)[i]);
-        if (!containsName(names, name))
+        if (!containsName(names, name)) {
             names.append(name);
+        }
     }
-    if (names.size() > 0)
+    if (names.size() > 0) {
         _names = names;
+    }
     _isNull = false;
 }
 
@@ -50,13 +53,16 @@ Boolean CIMPropertyList::useThisProperty(const CIMName& name) const {
 }
 
 String CIMPropertyList::toString() const {
-    if (_isNull)
+    if (_isNull) {
         return String("NULL");
-    if (_names.size() == 0)
+    }
+    if (_names.size() == 0) {
         return String("EMPTY");
+    }
     String text = _names[0].getString();
-    for (Uint32 i = 1; i < _names.size(); ++i)
+    for (Uint32 i = 1; i < _names.size(); ++i) {
         text.append(String(", ")).append(_names[i].getString());
+    }
     return text;
 }
 

@@ -22,8 +22,9 @@ CIMPropertyRep::CIMPropertyRep(const CIMName& propertyName, const CIMValue& itsV
       _referenceClassName(itsReferenceClassName) {
     const bool hasWrongSize = _arraySize != 0 && (!_value.isArray() || _value.getArraySize() != _arraySize);
     const bool refersWrongly = !_referenceClassName.isNull() && _value.getType() != CIMTYPE_REFERENCE;
-    if (hasWrongSize || refersWrongly || isReferenceArray(_value))
+    if (hasWrongSize || refersWrongly || isReferenceArray(_value)) {
         throw TypeMismatchException();
+    }
 }
 
 bool CIMPropertyRep::identical(const CIMPropertyRep& other) const {
@@ -35,8 +36,9 @@ bool CIMPropertyRep::identical(const CIMPropertyRep& other) const {
 
 void CIMPropertyRep::setValue(const CIMValue& value) {
     const bool hasWrongSize = _arraySize != 0 && _arraySize != value.getArraySize();
-    if (!value.typeCompatible(_value) || hasWrongSize || isReferenceArray(value))
+    if (!value.typeCompatible(_value) || hasWrongSize || isReferenceArray(value)) {
         throw TypeMismatchException();
+    }
     _value = value;
 }
 

@@ -33,10 +33,11 @@ public:
 private:
     /// Of two opposites exactly one is set; the first one has precedence.
     void imply(const CIMFlavor& negative, const CIMFlavor& positive) {
-        if (flavor.hasFlavor(negative))
+        if (flavor.hasFlavor(negative)) {
             flavor.removeFlavor(positive);
-        else
+        } else {
             flavor.addFlavor(positive);
+        }
     }
 };
 

@@ -22,13 +22,15 @@ RepPtr nullRep(CIMType type, bool isArray, Uint32 arraySize) {
     static const auto reps = [] {
         std::array<std::array<RepPtr, 2>, kTypeCount> result;
         for (std::size_t i = 0; i < kTypeCount; ++i) {
-            for (const bool ofArray : {false, true})
+            for (const bool ofArray : {false, true}) {
                 result[i][ofArray] = std::make_shared<const CIMValueRep>(static_cast<CIMType>(i), ofArray, 0);
+            }
         }
         return result;
     }();
-    if (isArray && arraySize != 0)
+    if (isArray && arraySize != 0) {
         return std::make_shared<const CIMValueRep>(type, isArray, arraySize);
+    }
     return reps.at(type)[isArray];
 }
 
@@ -51,8 +53,9 @@ template <class T>
 Array<T> detachedEach(const Array<T>& x) {
     Array<T> result;
     result.reserveCapacity(x.size());
-    for (Uint32 i = 0; i < x.size(); ++i)
+    for (Uint32 i = 0; i < x.size(); ++i) {
         result.append(x[i].clone());
+    }
     return result;
 }
 
@@ -71,10 +74,12 @@ RepPtr makeRep(const T& x) {
 
 template <class T>
 void read(const CIMValueRep& rep, T& x) {
-    if (rep.type != ValueType<T>::type || rep.isArray != ValueType<T>::isArray)
+    if (rep.type != ValueType<T>::type || rep.isArray != ValueType<T>::isArray) {
         throw TypeMismatchException();
-    if (const T* const content = std::get_if<T>(&rep.content))
+    }
+    if (const T* const content = std::get_if<T>(&rep.content)) {
         x = detached(*content);
+    }
 }
 
 template <class T>
@@ -125,10 +130,11 @@ struct TextAppender {
 
     template <class T>
     void operator()(const T& x) const {
-        if constexpr (std::is_integral_v<T>)
+        if constexpr (std::is_integral_v<T>) {
             out += std::to_string(x);
-        else
+        } else {
             appendUtf8(out, x.toString());
+        }
     }
 
     template <class T>
@@ -212,8 +218,9 @@ CIMType CIMValue::getType() const {
 Boolean CIMValue::equal(const CIMValue& x) const {
     const CIMValueRep& left = CIMValueRep::of(*this);
     const CIMValueRep& right = CIMValueRep::of(x);
-    if (!typeCompatible(x))
+    if (!typeCompatible(x)) {
         return false;
+    }
     const auto equalsRight = [&right](const auto& content) {
         using T = std::decay_t<decltype(content)>;
         const T* const other = std::get_if<T>(&right.content);

@@ -7,8 +7,9 @@ namespace Pegasus {
 namespace {
 
 char* duplicate(const char* text) {
-    if (!text)
+    if (!text) {
         return nullptr;
+    }
     const std::size_t bytes = std::strlen(text) + 1;
     return static_cast<char*>(std::memcpy(new char[bytes], text, bytes));
 }

@@ -41,15 +41,17 @@ public:
             _sawWildcard = true;
             return kWildcard;
         }
-        if (_sawWildcard)
+        if (_sawWildcard) {
             throw InvalidDateTimeFormatException();
+        }
         return digits(width);
     }
 
     Uint32 digits(Uint32 width) {
         Uint32 value = 0;
-        for (; width > 0; --width)
+        for (; width > 0; --width) {
             value = 10 * value + digit(*_next++);
+        }
         return value;
     }
 
@@ -59,17 +61,20 @@ public:
         const Char16* const firstAsterisk = _sawWildcard ? _next : std::find(_next, end, Char16('*'));
         significantDigits = static_cast<Uint32>(firstAsterisk - _next);
         Uint32 value = digits(significantDigits);
-        if (!std::all_of(_next, end, isAsterisk))
+        if (!std::all_of(_next, end, isAsterisk)) {
             throw InvalidDateTimeFormatException();
-        for (; _next != end; ++_next)
+        }
+        for (; _next != end; ++_next) {
             value *= 10;
+        }
         return value;
     }
 
     void expect(const char* text) {
         for (; *text; ++text) {
-            if (*_next++ != *text)
+            if (*_next++ != *text) {
                 throw InvalidDateTimeFormatException();
+            }
         }
     }
 
@@ -79,8 +84,9 @@ private:
     static bool isAsterisk(Char16 c) { return c == '*'; }
 
     static Uint32 digit(Char16 c) {
-        if (c < '0' || c > '9')
+        if (c < '0' || c > '9') {
             throw InvalidDateTimeFormatException();
+        }
         return c - Uint32{'0'};
     }
 
@@ -96,12 +102,14 @@ public:
     Uint32 check(Uint32 value, Uint32 first, Uint32 last, Uint32 substitute, Uint32 wildcards,
                  const char* complaint) {
         if (value == kWildcard) {
-            if (_wildcards == 0)
+            if (_wildcards == 0) {
                 _wildcards = wildcards;
+            }
             return substitute;
         }
-        if (value < first || value > last)
+        if (value < first || value > last) {
             throw DateTimeOutOfRangeException(complaint);
+        }
         return value;
     }
 
@@ -135,14 +143,16 @@ void readTimeOfDay(FieldReader& reader, Fields& fields) {
 
 /// Puts the digits of `value`, as many as fit, into the `width` characters before `end`.
 void putDigits(char* end, Uint32 width, Uint64 value) {
-    for (; width > 0; --width, value /= 10)
+    for (; width > 0; --width, value /= 10) {
         *--end = static_cast<char>('0' + value % 10);
+    }
 }
 
 void putWildcards(DateTimeText::Characters& text, Uint32 count) {
     for (Uint32 position = kLastDigitPosition; count > 0; --position) {
-        if (text[position] == '.')
+        if (text[position] == '.') {
             continue;
+        }
         text[position] = '*';
         --count;
     }
@@ -151,8 +161,9 @@ void putWildcards(DateTimeText::Characters& text, Uint32 count) {
 }  // namespace
 
 CIMDateTime DateTimeText::parse(const String& text) {
-    if (text.size() != kLength)
+    if (text.size() != kLength) {
         throw InvalidDateTimeFormatException();
+    }
     const Char16* const characters = text.getChar16Data();
     const Char16 sign = characters[kSignPosition];
     FieldReader reader(characters);

@@ -12,8 +12,9 @@ namespace Pegasus {
 inline String flagText(std::initializer_list<std::pair<bool, const char*>> flags) {
     std::string text;
     for (const auto& [isSet, keyword] : flags) {
-        if (isSet)
+        if (isSet) {
             text += (text.empty() ? "" : " ") + std::string(keyword);
+        }
     }
     return String(text.c_str());
 }

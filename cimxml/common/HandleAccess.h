@@ -29,8 +29,9 @@ struct HandleAccess {
 
     template <class Rep>
     static Rep& deref(const std::shared_ptr<Rep>& rep) {
-        if (!rep)
+        if (!rep) {
             throw UninitializedObjectException();
+        }
         return *rep;
     }
 };

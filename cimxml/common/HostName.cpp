@@ -44,8 +44,9 @@ bool isIpv4(std::string_view text) {
     int octets = 0;
     for (; more; ++octets) {
         const std::string_view octet = takeUntil(text, ".", more);
-        if (octet.size() > 3 || !isNumber(octet, 255))
+        if (octet.size() > 3 || !isNumber(octet, 255)) {
             return false;
+        }
     }
     return octets == 4;
 }
@@ -59,8 +60,9 @@ bool isDnsName(std::string_view text) {
     std::string_view label;
     for (bool more = true; more;) {
         label = takeUntil(text, ".", more);
-        if (!isLabel(label))
+        if (!isLabel(label)) {
             return false;
+        }
     }
     return !std::all_of(label.begin(), label.end(), isDigit);  // else it looks like an address
 }
@@ -108,16 +110,19 @@ bool isValidHost(const std::string& text) {
         rest.remove_prefix(1);
         bool isClosed = false;
         const std::string_view address = takeUntil(rest, "]", isClosed);
-        if (!isClosed || !isIpv6WithZone(address))
+        if (!isClosed || !isIpv6WithZone(address)) {
             return false;
+        }
     } else {
         const std::string_view name = rest.substr(0, rest.find(':'));
-        if (!isIpv4(name) && !isDnsName(name))
+        if (!isIpv4(name) && !isDnsName(name)) {
             return false;
+        }
         rest.remove_prefix(name.size());
     }
-    if (rest.empty() || rest == ":")
+    if (rest.empty() || rest == ":") {
         return true;
+    }
     return rest[0] == ':' && isDigit(rest[1]) && isNumber(rest.substr(1), kMaxPort);
 }
 

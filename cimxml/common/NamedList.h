@@ -18,21 +18,24 @@ public:
     /// Clones the elements.
     NamedList(const NamedList& other) {
         _handles.reserve(other._handles.size());
-        for (const Handle& handle : other._handles)
+        for (const Handle& handle : other._handles) {
             append(handle.clone());
+        }
     }
     NamedList& operator=(const NamedList&) = delete;
     ~NamedList() {
-        for (const Handle& handle : _handles)
+        for (const Handle& handle : _handles) {
             HandleAccess::rep(handle).leaveList();
+        }
     }
 
     /// A null handle throws UninitializedObjectException; a name that is
     /// already there throws AlreadyExistsException, which names the `kind`.
     void add(const Handle& handle, const char* kind) {
         const CIMName& name = HandleAccess::rep(handle).name();
-        if (find(name) != PEG_NOT_FOUND)
+        if (find(name) != PEG_NOT_FOUND) {
             throw AlreadyExistsException(String(kind) + " \"" + name.getString() + "\"");
+        }
         append(handle);
     }
 
@@ -48,8 +51,9 @@ public:
 
     /// An index beyond the end throws IndexOutOfBoundsException.
     const Handle& at(Uint32 index) const {
-        if (index >= _handles.size())
+        if (index >= _handles.size()) {
             detail::throwIndexOutOfBounds();
+        }
         return _handles[index];
     }
 
@@ -59,8 +63,9 @@ public:
     }
 
     void clear() {
-        while (!_handles.empty())
+        while (!_handles.empty()) {
             remove(size() - 1);
+        }
     }
 
     Uint32 size() const noexcept { return static_cast<Uint32>(_handles.size()); }

@@ -7,8 +7,9 @@ namespace Pegasus {
 namespace {
 
 const CIMName& checked(const CIMName& name) {
-    if (name.isNull())
+    if (name.isNull()) {
         throw UninitializedObjectException();
+    }
     return name;
 }
 

@@ -15,8 +15,9 @@ char toUpperAscii(char c) {
 }
 
 bool isReference(const std::string& text) {
-    if (text.find('=') == std::string::npos)
+    if (text.find('=') == std::string::npos) {
         return false;
+    }
     try {
         return CIMObjectPath(fromUtf8(text)).getKeyBindings().size() > 0;
     } catch (const Exception&) {
@@ -32,26 +33,31 @@ ObjectPathParser::ObjectPathParser(const String& objectName)
 
 CIMObjectPathRep ObjectPathParser::parse() {
     const bool hasHost = takeHost();
-    if (!takeNameSpace() && hasHost)
+    if (!takeNameSpace() && hasHost) {
         fail("host specified, missing namespace");
+    }
     takeClassName();
     while (!atEnd()) {
         _result.keyBindings.append(takeKeyBinding());
-        if (!atEnd() && _text[_position++] != ',')
+        if (!atEnd() && _text[_position++] != ',') {
             fail("invalid key-value pair, next key-value pair has to start with comma");
+        }
     }
     return std::move(_result);
 }
 
 bool ObjectPathParser::takeHost() {
-    if (_text.compare(0, 2, "//") != 0)
+    if (_text.compare(0, 2, "//") != 0) {
         return false;
+    }
     _position = 2;
     const std::string host = takeUntil('/');
-    if (atEnd())
+    if (atEnd()) {
         fail("missing slash after hostname");
-    if (!isValidHost(host))
+    }
+    if (!isValidHost(host)) {
         fail("invalid hostname");
+    }
     _result.host = fromUtf8(host);
     return true;  // the slash is left to the namespace
 }
@@ -59,11 +65,13 @@ bool ObjectPathParser::takeHost() {
 bool ObjectPathParser::takeNameSpace() {
     // A colon behind the first dot belongs to a key's value.
     const std::size_t end = _text.find_first_of(":.", _position);
-    if (end == std::string::npos || _text[end] == '.')
+    if (end == std::string::npos || _text[end] == '.') {
         return false;
+    }
     const String nameSpace = fromUtf8(takeUntil(':'));
-    if (!CIMNamespaceName::legal(nameSpace))
+    if (!CIMNamespaceName::legal(nameSpace)) {
         fail("invalid namespace name");
+    }
     _result.nameSpace = nameSpace;
     ++_position;
     return true;
@@ -72,11 +80,13 @@ bool ObjectPathParser::takeNameSpace() {
 void ObjectPathParser::takeClassName() {
     const std::string name = takeUntil('.');
     const String className = fromUtf8(name);
-    if (!CIMName::legal(className))
+    if (!CIMName::legal(className)) {
         fail("class name " + name + " not a legal CIM name");
+    }
     _result.className = className;
-    if (!atEnd())
+    if (!atEnd()) {
         ++_position;
+    }
 }
 
 CIMKeyBinding ObjectPathParser::takeKeyBinding() {
@@ -94,12 +104,14 @@ CIMKeyBinding ObjectPathParser::takeKeyBinding() {
 
 CIMName ObjectPathParser::takeKeyName() {
     const std::string text = takeUntil('=');
-    if (atEnd())
+    if (atEnd()) {
         fail("invalid key-value pair, missing equal sign");
+    }
     ++_position;
     const String name = fromUtf8(text);
-    if (!CIMName::legal(name))
+    if (!CIMName::legal(name)) {
         fail("invalid key-value pair, invalid key name:" + text);
+    }
     return CIMName(name);
 }
 
@@ -108,13 +120,15 @@ CIMKeyBinding ObjectPathParser::takeQuotedValue(const CIMName& name) {
     for (++_position; !atEnd() && peek() != '"'; ++_position) {
         if (peek() == '\\') {
             ++_position;
-            if (peek() != '\\' && peek() != '"')
+            if (peek() != '\\' && peek() != '"') {
                 fail("invalid key-value pair, malformed value");
+            }
         }
         value.push_back(peek());
     }
-    if (atEnd())
+    if (atEnd()) {
         fail("invalid key-value pair, missing quote in key value");
+    }
     ++_position;
     return {name, fromUtf8(value), isReference(value) ? CIMKeyBinding::REFERENCE : CIMKeyBinding::STRING};
 }
@@ -122,16 +136,18 @@ CIMKeyBinding ObjectPathParser::takeQuotedValue(const CIMName& name) {
 CIMKeyBinding ObjectPathParser::takeBooleanValue(const CIMName& name) {
     std::string value = takeUntil(',');
     std::transform(value.begin(), value.end(), value.begin(), toUpperAscii);
-    if (value != "TRUE" && value != "FALSE")
+    if (value != "TRUE" && value != "FALSE") {
         fail("invalid key-value pair, value should be TRUE or FALSE");
+    }
     return {name, fromUtf8(value), CIMKeyBinding::BOOLEAN};
 }
 
 CIMKeyBinding ObjectPathParser::takeNumericValue(const CIMName& name) {
     const std::string value = takeUntil(',');
     if (value[0] == '-') {
-        if (!parseSigned(value))
+        if (!parseSigned(value)) {
             fail("invalid key-value pair, invalid negative number value " + value);
+        }
     } else if (!parseUnsigned(value)) {
         fail("invalid key-value pair, invalid number value " + value);
     }

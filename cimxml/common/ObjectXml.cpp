@@ -25,10 +25,11 @@ void appendCharacter(std::string& out, char c) {
             out += "&apos;";
             break;
         default:
-            if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F)
+            if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) {
                 out += "&#" + std::to_string(int{c}) + ";";
-            else
+            } else {
                 out.push_back(c);
+            }
     }
 }
 
@@ -46,31 +47,38 @@ void appendTypeAttribute(std::string& out, CIMType type) {
 }
 
 void appendArraySize(std::string& out, Uint32 size) {
-    if (size != 0)
+    if (size != 0) {
         out += " ARRAYSIZE=\"" + std::to_string(size) + "\"";
+    }
 }
 
 /// CLASSORIGIN and PROPAGATED of a property or method.
 template <class Element>
 void appendOrigin(std::string& out, const Element& element) {
-    if (!element.getClassOrigin().isNull())
+    if (!element.getClassOrigin().isNull()) {
         appendAttribute(out, " CLASSORIGIN", element.getClassOrigin().getString());
-    if (element.getPropagated())
+    }
+    if (element.getPropagated()) {
         out += " PROPAGATED=\"true\"";
+    }
 }
 
 void appendQualifierElement(std::string& out, const CIMConstQualifier& qualifier) {
     appendAttribute(out, "<QUALIFIER NAME", qualifier.getName().getString());
     out += ' ';
     appendTypeAttribute(out, qualifier.getType());
-    if (qualifier.getPropagated())
+    if (qualifier.getPropagated()) {
         out += " PROPAGATED=\"true\"";
-    if (!qualifier.getFlavor().hasFlavor(CIMFlavor::OVERRIDABLE))
+    }
+    if (!qualifier.getFlavor().hasFlavor(CIMFlavor::OVERRIDABLE)) {
         out += " OVERRIDABLE=\"false\"";
-    if (!qualifier.getFlavor().hasFlavor(CIMFlavor::TOSUBCLASS))
+    }
+    if (!qualifier.getFlavor().hasFlavor(CIMFlavor::TOSUBCLASS)) {
         out += " TOSUBCLASS=\"false\"";
-    if (qualifier.getFlavor().hasFlavor(CIMFlavor::TRANSLATABLE))
+    }
+    if (qualifier.getFlavor().hasFlavor(CIMFlavor::TRANSLATABLE)) {
         out += " TRANSLATABLE=\"true\"";
+    }
     out += ">\n";
     appendValueElement(out, qualifier.getValue());
     out += "</QUALIFIER>\n";
@@ -78,8 +86,9 @@ void appendQualifierElement(std::string& out, const CIMConstQualifier& qualifier
 
 template <class Element>
 void appendQualifiers(std::string& out, const Element& element) {
-    for (Uint32 i = 0; i < element.getQualifierCount(); ++i)
+    for (Uint32 i = 0; i < element.getQualifierCount(); ++i) {
         appendQualifierElement(out, element.getQualifier(i));
+    }
 }
 
 /// Appends one value, without its element.
@@ -92,8 +101,9 @@ struct ItemAppender {
     void operator()(const Char16& x) const {
         std::string character;
         appendUtf8(character, x);
-        for (const char c : character)
+        for (const char c : character) {
             appendCharacter(out, c);
+        }
     }
     void operator()(const String& x) const { appendEscapedXml(out, x); }
     void operator()(const CIMDateTime& x) const { appendUtf8(out, x.toString()); }
@@ -161,12 +171,14 @@ bool holdsInstance(const CIMValue& value) {
 void appendPropertyType(std::string& out, const CIMValue& value) {
     if (value.getType() == CIMTYPE_OBJECT) {
         out += " TYPE=\"string\"";
-        if (holdsInstance(value))
+        if (holdsInstance(value)) {
             out += " EmbeddedObject=\"object\" EMBEDDEDOBJECT=\"object\"";
+        }
     } else if (value.getType() == CIMTYPE_INSTANCE) {
         out += " TYPE=\"string\"";
-        if (!value.isArray() || value.getArraySize() > 0)
+        if (!value.isArray() || value.getArraySize() > 0) {
             out += " EmbeddedObject=\"instance\" EMBEDDEDOBJECT=\"instance\"";
+        }
     } else {
         out += ' ';
         appendTypeAttribute(out, value.getType());
@@ -186,8 +198,9 @@ bool needsObjectQualifier(const CIMConstProperty& property) {
 void appendPropertyContent(std::string& out, const CIMConstProperty& property) {
     out += ">\n";
     appendQualifiers(out, property);
-    if (needsObjectQualifier(property))
+    if (needsObjectQualifier(property)) {
         appendQualifierElement(out, CIMConstQualifier(embeddedObjectName(), CIMValue(true)));
+    }
     appendValueElement(out, property.getValue());
 }
 
@@ -205,8 +218,9 @@ void appendPropertyElement(std::string& out, const CIMConstProperty& property) {
     } else if (value.getType() == CIMTYPE_REFERENCE) {
         appendAttribute(out, "<PROPERTY.REFERENCE NAME", name);
         out += ' ';
-        if (!property.getReferenceClassName().isNull())
+        if (!property.getReferenceClassName().isNull()) {
             appendAttribute(out, " REFERENCECLASS", property.getReferenceClassName().getString());
+        }
         appendOrigin(out, property);
         appendPropertyContent(out, property);
         out += "</PROPERTY.REFERENCE>\n";
@@ -222,8 +236,9 @@ void appendPropertyElement(std::string& out, const CIMConstProperty& property) {
 
 template <class Element>
 void appendProperties(std::string& out, const Element& element) {
-    for (Uint32 i = 0; i < element.getPropertyCount(); ++i)
+    for (Uint32 i = 0; i < element.getPropertyCount(); ++i) {
         appendPropertyElement(out, element.getProperty(i));
+    }
 }
 
 void appendParameterElement(std::string& out, const CIMConstParameter& parameter) {
@@ -251,8 +266,9 @@ void appendMethodElement(std::string& out, const CIMConstMethod& method) {
     appendOrigin(out, method);
     out += ">\n";
     appendQualifiers(out, method);
-    for (Uint32 i = 0; i < method.getParameterCount(); ++i)
+    for (Uint32 i = 0; i < method.getParameterCount(); ++i) {
         appendParameterElement(out, method.getParameter(i));
+    }
     out += "</METHOD>\n";
 }
 
@@ -266,8 +282,9 @@ void appendClassElement(std::string& out, const CIMConstClass& cimClass) {
     out += ">\n";
     appendQualifiers(out, cimClass);
     appendProperties(out, cimClass);
-    for (Uint32 i = 0; i < cimClass.getMethodCount(); ++i)
+    for (Uint32 i = 0; i < cimClass.getMethodCount(); ++i) {
         appendMethodElement(out, cimClass.getMethod(i));
+    }
     out += "</CLASS>\n";
 }
 
@@ -343,8 +360,9 @@ void appendEscapedXml(std::string& out, const String& text) {
 }
 
 void appendValueElement(std::string& out, const CIMValue& value) {
-    if (value.isNull())
+    if (value.isNull()) {
         return;
+    }
     switch (value.getType()) {
         case CIMTYPE_BOOLEAN:
             return appendTyped<Boolean>(out, value);
@@ -387,8 +405,9 @@ void appendInstanceNameElement(std::string& out, const CIMObjectPath& instanceNa
     appendAttribute(out, "<INSTANCENAME CLASSNAME", instanceName.getClassName().getString());
     out += ">\n";
     const Array<CIMKeyBinding>& keys = instanceName.getKeyBindings();
-    for (Uint32 i = 0; i < keys.size(); ++i)
+    for (Uint32 i = 0; i < keys.size(); ++i) {
         appendKeyBindingElement(out, keys[i]);
+    }
     out += "</INSTANCENAME>\n";
 }
 
@@ -411,10 +430,11 @@ void appendValueReferenceElement(std::string& out, const CIMObjectPath& referenc
 }
 
 void appendObjectElement(std::string& out, const CIMConstObject& object) {
-    if (object.isClass())
+    if (object.isClass()) {
         appendClassElement(out, CIMConstClass(object));
-    else if (object.isInstance())
+    } else if (object.isInstance()) {
         appendInstanceElement(out, object);
+    }
 }
 
 }  // namespace Pegasus

@@ -37,53 +37,62 @@ bool isFilledFile(const String& path) {
 }
 
 void loadTrustStore(SSL_CTX& context, const String& trustStore) {
-    if (trustStore.size() == 0)
+    if (trustStore.size() == 0) {
         return;
+    }
     const std::string path = toUtf8(trustStore);
     const bool failed =
         isDirectory(trustStore)
             ? SSL_CTX_load_verify_locations(&context, nullptr, path.c_str()) != 1
             : isFilledFile(trustStore) && SSL_CTX_load_verify_locations(&context, path.c_str(), nullptr) != 1;
-    if (failed)
+    if (failed) {
         throw SSLException("Could not load certificates in to trust store.");
+    }
 }
 
 void loadCertificate(SSL_CTX& context, const String& certPath, const String& keyPath) {
     if (certPath.size() > 0 &&
-        SSL_CTX_use_certificate_file(&context, toUtf8(certPath).c_str(), SSL_FILETYPE_PEM) != 1)
+        SSL_CTX_use_certificate_file(&context, toUtf8(certPath).c_str(), SSL_FILETYPE_PEM) != 1) {
         throw SSLException("Could not access server certificate in " + certPath + ".");
+    }
     const String& keyFile = keyPath.size() > 0 ? keyPath : certPath;
-    if (keyFile.size() == 0)
+    if (keyFile.size() == 0) {
         return;
+    }
     if (SSL_CTX_use_PrivateKey_file(&context, toUtf8(keyFile).c_str(), SSL_FILETYPE_PEM) != 1 ||
-        SSL_CTX_check_private_key(&context) != 1)
+        SSL_CTX_check_private_key(&context) != 1) {
         throw SSLException("Could not get private key.");
+    }
 }
 
 /// Reads the files once, so that a wrong one is reported where it is named and
 /// not at the first connection.
 void checkFiles(const SSLContextRep& rep) {
     const ContextPtr context(SSL_CTX_new(TLS_client_method()));
-    if (!context)
+    if (!context) {
         throw SSLException("Could not get SSL CTX");
+    }
     loadTrustStore(*context, rep.trustStore);
     loadCertificate(*context, rep.certPath, rep.keyPath);
 }
 
 StorePtr loadCrlStore(const String& crlPath) {
-    if (crlPath.size() == 0)
+    if (crlPath.size() == 0) {
         return nullptr;
+    }
     StorePtr store(X509_STORE_new());
     const bool isDir = isDirectory(crlPath);
     X509_LOOKUP* const lookup =
         store ? X509_STORE_add_lookup(store.get(), isDir ? X509_LOOKUP_hash_dir() : X509_LOOKUP_file())
               : nullptr;
-    if (!lookup)
+    if (!lookup) {
         throw SSLException("Could not load certificate revocation list.");
-    if (isDir)
+    }
+    if (isDir) {
         X509_LOOKUP_add_dir(lookup, toUtf8(crlPath).c_str(), X509_FILETYPE_PEM);
-    else
+    } else {
         X509_load_crl_file(lookup, toUtf8(crlPath).c_str(), X509_FILETYPE_PEM);
+    }
     return store;
 }
 

@@ -36,8 +36,9 @@ struct StringRep {
     }
 
     static StringRep* copy(const Char16* str, Uint32 n) {
-        if (n == 0)
+        if (n == 0) {
             return nullptr;
+        }
         StringRep* const rep = allocate(n);
         std::copy_n(str, n, rep->data());
         rep->resize(n);
@@ -65,8 +66,9 @@ namespace {
 constexpr Char16 kNul;
 
 void requireText(const void* str) {
-    if (!str)
+    if (!str) {
         throw Exception("null pointer");
+    }
 }
 
 Uint32 checkedLength(const char* str) {
@@ -77,8 +79,9 @@ Uint32 checkedLength(const char* str) {
 Uint32 checkedLength(const Char16* str) {
     requireText(str);
     const Char16* end = str;
-    while (*end != kNul)
+    while (*end != kNul) {
         ++end;
+    }
     return static_cast<Uint32>(end - str);
 }
 
@@ -95,13 +98,16 @@ bool isTrail(unsigned char byte) {
 /// through: decode() replaces them.
 Uint32 sequenceLength(const unsigned char* p, Uint32 n) {
     const unsigned char lead = p[0];
-    if (lead < 0x80)
+    if (lead < 0x80) {
         return 1;
-    if (lead < 0xC2 || lead > 0xF4)
+    }
+    if (lead < 0xC2 || lead > 0xF4) {
         return 0;
+    }
     const Uint32 length = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-    if (n < length || !std::all_of(p + 1, p + length, isTrail))
+    if (n < length || !std::all_of(p + 1, p + length, isTrail)) {
         return 0;
+    }
     const bool isOverlong = (lead == 0xE0 && p[1] < 0xA0) || (lead == 0xF0 && p[1] < 0x90);
     const bool isBeyondUnicode = lead == 0xF4 && p[1] > 0x8F;
     return isOverlong || isBeyondUnicode ? 0 : length;
@@ -110,8 +116,9 @@ Uint32 sequenceLength(const unsigned char* p, Uint32 n) {
 char32_t decode(const unsigned char* p, Uint32 length) {
     static constexpr unsigned char kLeadMask[] = {0, 0x7F, 0x1F, 0x0F, 0x07};
     char32_t c = p[0] & kLeadMask[length];
-    for (Uint32 i = 1; i < length; ++i)
+    for (Uint32 i = 1; i < length; ++i) {
         c = c << 6 | (p[i] & 0x3F);
+    }
     const bool isSurrogate = c >= 0xD800 && c <= 0xDFFF;
     return isSurrogate ? 0xFFFD : c;
 }
@@ -120,8 +127,9 @@ char32_t decode(const unsigned char* p, Uint32 length) {
     constexpr Uint32 kContext = 40;
     constexpr Uint32 kShownBytes = 11;
     Uint32 first = index > kContext ? index - kContext : 0;
-    while (first < index && isTrail(static_cast<unsigned char>(str[first])))
+    while (first < index && isTrail(static_cast<unsigned char>(str[first]))) {
         ++first;  // start with a whole character
+    }
     std::string shown(str + first, index - first);
     for (Uint32 i = index; i < n && i < index + kShownBytes; ++i) {
         char hex[8];
@@ -138,11 +146,13 @@ Uint32 countAscii(const char* str, Uint32 n) {
     Uint32 i = 0;
     for (std::uint64_t block = 0; i + sizeof block <= n; i += sizeof block) {
         std::memcpy(&block, str + i, sizeof block);
-        if ((block & kHighBits) != 0)
+        if ((block & kHighBits) != 0) {
             break;
+        }
     }
-    while (i < n && static_cast<unsigned char>(str[i]) < 0x80)
+    while (i < n && static_cast<unsigned char>(str[i]) < 0x80) {
         ++i;
+    }
     return i;
 }
 
@@ -158,8 +168,9 @@ Uint32 decodeUtf8(Char16* out, const char* str, Uint32 n) {
             continue;
         }
         const Uint32 length = sequenceLength(bytes + i, n - i);
-        if (length == 0)
+        if (length == 0) {
             throwMalformedUtf8(str, n, i);
+        }
         const char32_t c = decode(bytes + i, length);
         if (c < 0x10000) {
             *p++ = static_cast<Uint16>(c);
@@ -174,8 +185,9 @@ Uint32 decodeUtf8(Char16* out, const char* str, Uint32 n) {
 
 StringRep* repFromUtf8(const char* str, Uint32 n) {
     requireText(str);
-    if (n == 0)
+    if (n == 0) {
         return nullptr;
+    }
     StringRep* const rep = StringRep::allocate(n);
     try {
         rep->resize(decodeUtf8(rep->data(), str, n));
@@ -187,8 +199,9 @@ StringRep* repFromUtf8(const char* str, Uint32 n) {
 }
 
 Uint32 sum(Uint32 a, Uint32 b) {
-    if (b >= std::numeric_limits<Uint32>::max() - a)
+    if (b >= std::numeric_limits<Uint32>::max() - a) {
         throw std::bad_alloc();
+    }
     return a + b;
 }
 
@@ -196,8 +209,9 @@ template <class Fold>
 int compareFolded(const Char16* p, const Char16* q, Uint32 n, Fold fold) {
     for (; n > 0; ++p, ++q, --n) {
         const int difference = int{fold(*p)} - int{fold(*q)};
-        if (difference != 0 || *p == kNul)
+        if (difference != 0 || *p == kNul) {
             return difference;
+        }
     }
     return 0;
 }
@@ -219,13 +233,15 @@ int compareFolded(const String& s1, const String& s2, Fold fold) {
 const String String::EMPTY;
 
 String::String(const String& other) noexcept : _rep(other._rep) {
-    if (_rep)
+    if (_rep) {
         _rep->retain();
+    }
 }
 
 String::String(const String& other, Uint32 n) {
-    if (n > other.size())
+    if (n > other.size()) {
         detail::throwIndexOutOfBounds();
+    }
     _rep = StringRep::copy(other.getChar16Data(), n);
 }
 
@@ -274,8 +290,9 @@ void String::clear() noexcept {
 
 void String::reserveCapacity(Uint32 capacity) {
     const Uint32 needed = std::max(capacity, size());
-    if (_rep && !_rep->isShared() && _rep->capacity >= needed)
+    if (_rep && !_rep->isShared() && _rep->capacity >= needed) {
         return;
+    }
     StringRep* const rep = StringRep::allocate(needed);
     std::copy_n(getChar16Data(), size(), rep->data());
     rep->resize(size());
@@ -298,15 +315,17 @@ CString String::getCString() const {
 }
 
 Char16& String::operator[](Uint32 index) {
-    if (index > size())
+    if (index > size()) {
         detail::throwIndexOutOfBounds();
+    }
     reserveCapacity(size());
     return _rep->data()[index];
 }
 
 const Char16 String::operator[](Uint32 index) const {
-    if (index > size())
+    if (index > size()) {
         detail::throwIndexOutOfBounds();
+    }
     return getChar16Data()[index];
 }
 
@@ -317,8 +336,9 @@ String& String::append(const Char16& c) {
 
 String& String::append(const Char16* str, Uint32 n) {
     requireText(str);
-    if (n == 0)
+    if (n == 0) {
         return *this;
+    }
     const Uint32 newSize = sum(size(), n);
     if (_rep && !_rep->isShared() && _rep->capacity >= newSize) {
         std::copy_n(str, n, _rep->data() + _rep->size);
@@ -339,14 +359,18 @@ String& String::append(const String& str) {
 }
 
 void String::remove(Uint32 index, Uint32 n) {
-    if (index > size())
+    if (index > size()) {
         detail::throwIndexOutOfBounds();
-    if (n == PEG_NOT_FOUND)
+    }
+    if (n == PEG_NOT_FOUND) {
         n = size() - index;
-    if (n > size() - index)
+    }
+    if (n > size() - index) {
         detail::throwIndexOutOfBounds();
-    if (n == 0)
+    }
+    if (n == 0) {
         return;
+    }
     reserveCapacity(size());
     Char16* const data = _rep->data();
     std::copy(data + index + n, data + _rep->size, data + index);
@@ -354,8 +378,9 @@ void String::remove(Uint32 index, Uint32 n) {
 }
 
 String String::subString(Uint32 index, Uint32 n) const {
-    if (index >= size())
+    if (index >= size()) {
         return String();
+    }
     return String(getChar16Data() + index, std::min(n, size() - index));
 }
 
@@ -364,8 +389,9 @@ Uint32 String::find(Char16 c) const {
 }
 
 Uint32 String::find(Uint32 index, Char16 c) const {
-    if (index > size())
+    if (index > size()) {
         detail::throwIndexOutOfBounds();
+    }
     const Char16* const first = getChar16Data();
     const Char16* const last = first + size();
     const Char16* const found = std::find(first + index, last, c);
@@ -373,8 +399,9 @@ Uint32 String::find(Uint32 index, Char16 c) const {
 }
 
 Uint32 String::find(const String& s) const {
-    if (s.size() == 0)
+    if (s.size() == 0) {
         return PEG_NOT_FOUND;
+    }
     const Char16* const first = getChar16Data();
     const Char16* const last = first + size();
     const Char16* const found = std::search(first, last, s.getChar16Data(), s.getChar16Data() + s.size());
@@ -384,15 +411,17 @@ Uint32 String::find(const String& s) const {
 Uint32 String::reverseFind(Char16 c) const {
     const Char16* const first = getChar16Data();
     for (Uint32 i = size(); i > 0; --i) {
-        if (first[i - 1] == c)
+        if (first[i - 1] == c) {
             return i - 1;
+        }
     }
     return PEG_NOT_FOUND;
 }
 
 void String::toLower() {
-    if (size() == 0)
+    if (size() == 0) {
         return;
+    }
     reserveCapacity(size());
     Char16* const data = _rep->data();
     std::transform(data, data + _rep->size, data, toLowerAscii);
@@ -426,15 +455,17 @@ int String::compareNoCase(const String& s1, const String& s2) {
 }
 
 Boolean String::equal(const String& s1, const String& s2) {
-    if (s1._rep == s2._rep)
+    if (s1._rep == s2._rep) {
         return true;
+    }
     return s1.size() == s2.size() &&
            std::memcmp(s1.getChar16Data(), s2.getChar16Data(), s1.size() * sizeof(Char16)) == 0;
 }
 
 Boolean String::equalNoCase(const String& s1, const String& s2) {
-    if (s1._rep == s2._rep)
+    if (s1._rep == s2._rep) {
         return true;
+    }
     const Char16* const p = s1.getChar16Data();
     const auto equalChars = [](Char16 x, Char16 y) { return x == y || toLowerAscii(x) == toLowerAscii(y); };
     return s1.size() == s2.size() && std::equal(p, p + s1.size(), s2.getChar16Data(), equalChars);

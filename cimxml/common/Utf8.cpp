@@ -40,10 +40,11 @@ void appendUtf8(std::string& out, const String& text) {
     const Char16* const end = p + text.size();
     while (p != end) {
         const char32_t c = *p++;
-        if (isHighSurrogate(c) && p != end && isLowSurrogate(*p))
+        if (isHighSurrogate(c) && p != end && isLowSurrogate(*p)) {
             appendCodePoint(out, 0x10000 + ((c - 0xD800) << 10) + (*p++ - 0xDC00u));
-        else
+        } else {
             appendCodePoint(out, isHighSurrogate(c) || isLowSurrogate(c) ? kReplacement : c);
+        }
     }
 }
 

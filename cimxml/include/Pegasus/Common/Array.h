@@ -31,14 +31,16 @@ public:
     Array(Uint32 size) : Array() {
         _block = allocate(size);
         Filler filler{_block};
-        for (Uint32 i = 0; i < size; ++i)
+        for (Uint32 i = 0; i < size; ++i) {
             filler.add();
+        }
     }
     Array(Uint32 size, const T& x) : Array() {
         _block = allocate(size);
         Filler filler{_block};
-        for (Uint32 i = 0; i < size; ++i)
+        for (Uint32 i = 0; i < size; ++i) {
             filler.add(x);
+        }
     }
     Array(const T* items, Uint32 size) : Array() {
         _block = allocate(size);
@@ -60,8 +62,9 @@ public:
     /// Makes room for `capacity` elements, so that appending up to that number
     /// moves none.
     void reserveCapacity(Uint32 capacity) {
-        if (capacity > getCapacity() || (_block && !isUnique()))
+        if (capacity > getCapacity() || (_block && !isUnique())) {
             reallocate(std::max(capacity, size()));
+        }
     }
 
     /// Appends `count` copies of `x`.
@@ -69,8 +72,9 @@ public:
         const T copy(x);
         reserveFor(count);
         Filler filler{_block};
-        while (count-- > 0)
+        while (count-- > 0) {
             filler.add(copy);
+        }
     }
 
     void swap(Array& other) noexcept { std::swap(_block, other._block); }
@@ -82,15 +86,18 @@ public:
     const T* getData() const noexcept { return _block ? items(_block) : nullptr; }
 
     T& operator[](Uint32 index) {
-        if (index >= size())
+        if (index >= size()) {
             detail::throwIndexOutOfBounds();
-        if (!isUnique())
+        }
+        if (!isUnique()) {
             reallocate(size());
+        }
         return items(_block)[index];
     }
     const T& operator[](Uint32 index) const {
-        if (index >= size())
+        if (index >= size()) {
             detail::throwIndexOutOfBounds();
+        }
         return items(_block)[index];
     }
 
@@ -107,10 +114,12 @@ public:
 
     void insert(Uint32 index, const T& x) { insert(index, &x, 1); }
     void insert(Uint32 index, const T* x, Uint32 count) {
-        if (index > size())
+        if (index > size()) {
             detail::throwIndexOutOfBounds();
-        if (count == 0)
+        }
+        if (count == 0) {
             return;
+        }
         // The new items may lie within this array, so that the old block has
         // to stay until they are copied.
         Array result;
@@ -124,16 +133,21 @@ public:
 
     void remove(Uint32 index) { remove(index, 1); }
     void remove(Uint32 index, Uint32 count) {
-        if (count == 0)
+        if (count == 0) {
             return;
-        if (index >= size())
+        }
+        if (index >= size()) {
             detail::throwIndexOutOfBounds();
-        if (index + 1 == size())
+        }
+        if (index + 1 == size()) {
             count = 1;  // at the last element the count has never mattered
-        if (count > size() - index)
+        }
+        if (count > size() - index) {
             detail::throwIndexOutOfBounds();
-        if (!isUnique())
+        }
+        if (!isUnique()) {
             reallocate(size());
+        }
         T* const first = items(_block);
         std::move(first + index + count, first + _block->size, first + index);
         std::destroy(first + _block->size - count, first + _block->size);
@@ -162,8 +176,9 @@ private:
             ++block->size;
         }
         void addCopies(const T* x, Uint32 count) {
-            for (Uint32 i = 0; i < count; ++i)
+            for (Uint32 i = 0; i < count; ++i) {
                 add(x[i]);
+            }
         }
     };
 
@@ -172,8 +187,9 @@ private:
     }
 
     static Block* allocate(Uint32 capacity) {
-        if (capacity == 0)
+        if (capacity == 0) {
             return nullptr;
+        }
         const std::size_t bytes = kOffset + std::size_t{capacity} * sizeof(T);
         auto* const block = ::new (::operator new (bytes, std::align_val_t{kAlignment})) Block;
         block->capacity = capacity;
@@ -181,16 +197,18 @@ private:
     }
 
     static void release(Block* block) noexcept {
-        if (!block || block->references.fetch_sub(1, std::memory_order_acq_rel) != 1)
+        if (!block || block->references.fetch_sub(1, std::memory_order_acq_rel) != 1) {
             return;
+        }
         std::destroy_n(items(block), block->size);
         block->~Block();
         ::operator delete (static_cast<void*>(block), std::align_val_t{kAlignment});
     }
 
     void retain() const noexcept {
-        if (_block)
+        if (_block) {
             _block->references.fetch_add(1, std::memory_order_relaxed);
+        }
     }
 
     bool isUnique() const noexcept {
@@ -200,8 +218,9 @@ private:
     Uint32 grownCapacity(Uint32 extra) const {
         constexpr Uint32 kMinimum = 4;
         constexpr Uint32 kMaximum = std::numeric_limits<Uint32>::max();
-        if (extra > kMaximum - size())
+        if (extra > kMaximum - size()) {
             throw std::bad_alloc();
+        }
         const Uint32 doubled = size() > kMaximum / 2 ? kMaximum : 2 * size();
         return std::max({size() + extra, doubled, kMinimum});
     }
@@ -214,15 +233,17 @@ private:
             Filler filler{result._block};
             const bool canMove = isUnique();
             T* const old = items(_block);
-            for (Uint32 i = 0, n = size(); i < n; ++i)
+            for (Uint32 i = 0, n = size(); i < n; ++i) {
                 canMove ? filler.add(std::move(old[i])) : filler.add(std::as_const(old[i]));
+            }
         }
         swap(result);
     }
 
     void reserveFor(Uint32 extra) {
-        if (!isUnique() || extra > _block->capacity - _block->size)
+        if (!isUnique() || extra > _block->capacity - _block->size) {
             reallocate(grownCapacity(extra));
+        }
     }
 
     template <class X>
