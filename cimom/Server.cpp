@@ -18,7 +18,7 @@ namespace net = boost::asio;
 
 class Server::Impl {
 public:
-    ~Impl() { stop(); }
+    ~Impl() { stop(); }  // NOLINT(bugprone-exception-escape): a thread that cannot be joined is fatal
 
     std::uint16_t listen(const Endpoint& endpoint) {
         auto listener = std::make_shared<Listener>(io_, endpoint, faults, log);

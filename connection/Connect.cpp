@@ -118,9 +118,9 @@ void TCimHTTPNamespace::ConnectViaHttps(int nodeIndex, std::string host, std::st
 
 void TCimHTTPNamespace::SaveConnectAuthInfo(std::string host, std::string user, std::string password,
                                             int port) {
-    hosts_.assign(1, std::move(host));
-    users_.assign(1, std::move(user));
-    passwords_.assign(1, std::move(password));
+    hosts_ = {std::move(host)};
+    users_ = {std::move(user)};
+    passwords_ = {std::move(password)};
     port_ = static_cast<unsigned int>(port);
 }
 

@@ -39,7 +39,7 @@ bool IsKey(const ICIMPropertyDecl& declaration) {
 // Calls back with every entry in key order until false. Walks a copy: the callback may change the class.
 template <class TMap, class TCallback>
 void EnumerateEntries(const TMap& map, const TCallback& callback) {
-    const TMap entries = map;
+    const TMap entries = map;  // NOLINT(performance-unnecessary-copy-initialization)
     for (const auto& entry : entries) {
         if (!callback(entry.second)) {
             return;

@@ -126,7 +126,7 @@ TCIMValue RemoteInstanceReader::ValueOf(const Pegasus::CIMConstProperty& propert
         referenced = ReferencedClass(remote, name);
     }
     TCIMValue value;
-    const Pegasus::CIMValue remoteValue = property.getValue();
+    const Pegasus::CIMValue& remoteValue = property.getValue();
     if (convertsNulls_ || !remoteValue.isNull()) {
         ConvertToCoreValue(name, remoteValue, property.getType(), property.isArray(), value, class_);
     }
@@ -143,7 +143,7 @@ TCIMValue RemoteInstanceReader::ValueOf(const Pegasus::CIMKeyBinding& key) const
             return TCIMValue(TCIMValue(text).operator bool());
         case Pegasus::CIMKeyBinding::NUMERIC:
             return text[0] == '-' ? TCIMValue(TCIMValue(text).operator long long())
-                                       : TCIMValue(TCIMValue(text).operator unsigned long long());
+                                  : TCIMValue(TCIMValue(text).operator unsigned long long());
         case Pegasus::CIMKeyBinding::REFERENCE: {
             TCIMReference reference(namespace_, TContext());
             reference.SetPath(text);

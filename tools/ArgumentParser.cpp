@@ -24,7 +24,7 @@ using TType = TCIMValue::TCIMType;
 /// One argument, for messages.
 struct Argument {
     const std::string& name;
-    TType type;
+    TType type = TType::eUnknown;
     const std::string& text;
 
     [[noreturn]] void refuse(const std::string& expected) const {

@@ -157,6 +157,7 @@ void CIMValue::setNullValue(CIMType type, Boolean isArray, Uint32 arraySize) {
 
 // Every type has its own constructor, setter and getter in the API; they all
 // do the same.
+// NOLINTBEGIN(bugprone-macro-parentheses): the arguments are types
 #define CIMXML_DEFINE_ACCESS(PARAMETER, TYPE)             \
     CIMValue::CIMValue(PARAMETER x) : _rep(makeRep(x)) {} \
     void CIMValue::set(PARAMETER x) {                     \
@@ -168,6 +169,7 @@ void CIMValue::setNullValue(CIMType type, Boolean isArray, Uint32 arraySize) {
 #define CIMXML_DEFINE_SCALAR(TYPE)   \
     CIMXML_DEFINE_ACCESS(TYPE, TYPE) \
     CIMXML_DEFINE_ACCESS(const Array<TYPE>&, Array<TYPE>)
+// NOLINTEND(bugprone-macro-parentheses)
 #define CIMXML_DEFINE_OBJECT(TYPE)          \
     CIMXML_DEFINE_ACCESS(const TYPE&, TYPE) \
     CIMXML_DEFINE_ACCESS(const Array<TYPE>&, Array<TYPE>)

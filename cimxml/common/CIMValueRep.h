@@ -28,8 +28,7 @@ public:
     explicit CIMValueRep(T x)
         : content(std::in_place_type<T>, std::move(x)),
           type(ValueType<T>::type),
-          isArray(ValueType<T>::isArray),
-          nullSize(0) {}
+          isArray(ValueType<T>::isArray) {}
 
     /// Null of the given type; an array declares its size all the same.
     CIMValueRep(CIMType nullType, bool isNullArray, Uint32 nullArraySize)
@@ -43,7 +42,7 @@ public:
     const Content content;
     const CIMType type;
     const bool isArray;
-    const Uint32 nullSize;
+    const Uint32 nullSize = 0;
 };
 
 }  // namespace Pegasus

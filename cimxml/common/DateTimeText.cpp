@@ -178,7 +178,7 @@ CIMDateTime DateTimeText::parse(const String& text) {
                                           "illegal days number (must be less than 100000000");
         checkTimeOfDay(fields, checker);
         result._usec = toMicros(days, fields);
-    } else if (sign == '+' || sign == '-') {
+    } else if (sign == '+' || sign == '-') {  // NOLINT(misc-redundant-expression): they differ
         fields.year = reader.number(4);
         fields.month = reader.number(2);
         fields.days = reader.number(2);

@@ -28,7 +28,7 @@ bool isReference(const std::string& text) {
 }  // namespace
 
 ObjectPathParser::ObjectPathParser(const String& objectName)
-    // A NUL has never been more than the end of the text.
+    // A NUL has never been more than the end of the text. NOLINTNEXTLINE(readability-redundant-string-cstr)
     : _objectName(objectName), _text(toUtf8(objectName).c_str()) {}
 
 CIMObjectPathRep ObjectPathParser::parse() {

@@ -89,7 +89,7 @@ void TInmemInstance::SetPropertyValue(const std::string& name, const TCIMValue& 
 
 void TInmemInstance::EnumerateProperties(const PropertyCallback& callback, TContext /*context*/) const {
     // By index and with a share in the property, since the callback may set properties.
-    for (std::size_t index = 0; index < properties_.size(); ++index) {
+    for (std::size_t index = 0; index < properties_.size(); ++index) {  // NOLINT(modernize-loop-convert)
         const boost::shared_ptr<TInmemProperty> property = properties_[index];
         if (!callback(property)) {
             return;

@@ -8,7 +8,7 @@
 
 #include <memory>
 
-typedef struct x509_store_st X509_STORE;
+using X509_STORE = struct x509_store_st;
 
 namespace Pegasus {
 
@@ -17,7 +17,7 @@ struct SSLContextRep;
 
 /// Decides whether to accept a certificate; called for each certificate of the
 /// server's chain, also for those that OpenSSL found to be good.
-typedef Boolean(SSLCertificateVerifyFunction)(SSLCertificateInfo& certInfo);
+using SSLCertificateVerifyFunction = Boolean(SSLCertificateInfo& certInfo);
 
 /// What a verify function learns about a certificate.
 class PEGASUS_COMMON_LINKAGE SSLCertificateInfo {
