@@ -53,7 +53,11 @@ void checkTrailer(const HttpResponse& answer) {
         throw CIMClientMalformedHTTPException(String("Bad CIMStatusCode HTTP header; ") + toApiText(*code));
     }
     if (*number != 0) {
-        throw CIMException(cimxml::toStatusCode(*number), decodedField(answer, "CIMStatusCodeDescription"));
+        const CIMStatusCode status = cimxml::toStatusCode(*number);
+        const String description = decodedField(answer, "CIMStatusCodeDescription");
+        // Many servers send the code alone; its name is then all there is to tell.
+        throw CIMException(status,
+                           description.size() != 0 ? description : String(cimStatusCodeToString(status)));
     }
 }
 
