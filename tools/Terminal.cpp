@@ -83,9 +83,10 @@ std::size_t width(bool error) {
 }
 
 std::string readSecret(const std::string& prompt) {
+    // Before the prompt: switching the echo off throws away what was typed until then.
+    const HiddenInput hidden;
     std::cerr << prompt << std::flush;
     std::string line;
-    const HiddenInput hidden;
     if (!std::getline(std::cin, line)) {
         throw Failure("no password was given");
     }
