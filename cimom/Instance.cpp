@@ -108,6 +108,10 @@ void Instance::takeKeys(pugi::xml_node element) {
         }
         path_.keys.push_back(makeKeyBinding(member.name, member.type(), value));
     }
+    // One order for all, by name, as OpenPegasus has it: clients that print keys as sent then agree with
+    // those that sort them.
+    std::sort(path_.keys.begin(), path_.keys.end(),
+              [](const KeyBinding& a, const KeyBinding& b) { return lowered(a.name) < lowered(b.name); });
 }
 
 PropertyText Instance::property(std::size_t n) const {

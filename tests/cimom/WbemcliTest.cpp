@@ -67,11 +67,10 @@ protected:
         for (const char* id :
              {"1.0.32.55", "2.0.32.3", "3.0.32.3", "4.0.32.7", "5.0.32.7", "6.0.32.7", "7.0.32.29",
               "8.0.32.29", "9.0.32.10", "10.0.32.10", "11.0.32.12", "12.0.32.7", "13.0.32.55"}) {
-            names.push_back(
-                prefix +
-                ":OMC_NumericSensor.SystemCreationClassName=\"OMC_UnitaryComputerSystem\",SystemName="
-                "\"node-0.machine.example\",CreationClassName=\"OMC_NumericSensor\",DeviceID=\"" +
-                id + "\"");
+            names.push_back(prefix +
+                            ":OMC_NumericSensor.CreationClassName=\"OMC_NumericSensor\",DeviceID=\"" + id +
+                            "\",SystemCreationClassName=\"OMC_UnitaryComputerSystem\",SystemName="
+                            "\"node-0.machine.example\"");
         }
         return names;
     }
@@ -83,7 +82,7 @@ protected:
 };
 
 const char* const kSlot =
-    ":OMC_ProcessorSlot.Tag=\"Processor Socket 3\",CreationClassName=\"OMC_ProcessorSlot\"";
+    ":OMC_ProcessorSlot.CreationClassName=\"OMC_ProcessorSlot\",Tag=\"Processor Socket 3\"";
 const char* const kEcho =
     ":OMC_EchoService.SystemCreationClassName=\"OMC_UnitaryComputerSystem\",SystemName=\"node-0.machine."
     "example\","
@@ -137,7 +136,7 @@ TEST_F(WbemcliTest, ListsInstancesOverHttpsWithAPassword) {
     ASSERT_EQ(lines.size(), 3U);
     EXPECT_EQ(lines[0],
               host(httpsPort_) +
-                  ":OMC_ProcessorSlot.Tag=\"Processor Socket 1\",CreationClassName=\"OMC_ProcessorSlot\" "
+                  ":OMC_ProcessorSlot.CreationClassName=\"OMC_ProcessorSlot\",Tag=\"Processor Socket 1\" "
                   "Number=1");
 }
 
