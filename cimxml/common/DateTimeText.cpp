@@ -165,37 +165,55 @@ CIMDateTime DateTimeText::parse(const String& text) {
         throw InvalidDateTimeFormatException();
     }
     const Char16* const characters = text.getChar16Data();
-    const Char16 sign = characters[kSignPosition];
-    FieldReader reader(characters);
-    FieldChecker checker;
-    Fields fields;
-    CIMDateTime result;
-    if (sign == ':') {
-        fields.days = reader.number(8);
-        readTimeOfDay(reader, fields);
-        reader.expect(":000");
-        const Uint32 days = checker.check(fields.days, 0, 99999999, 1, 20,
-                                          "illegal days number (must be less than 100000000");
-        checkTimeOfDay(fields, checker);
-        result._usec = toMicros(days, fields);
-    } else if (sign == '+' || sign == '-') {  // NOLINT(misc-redundant-expression): they differ
-        fields.year = reader.number(4);
-        fields.month = reader.number(2);
-        fields.days = reader.number(2);
-        readTimeOfDay(reader, fields);
-        reader.skip();
-        const Uint32 offset = reader.digits(3);
-        const Uint32 year = checker.check(fields.year, 0, 9999, 0, 20, "year is greater than 9999");
-        const Uint32 month = checker.check(fields.month, 1, 12, 1, 16, "illegal month number");
-        const Uint32 day =
-            checker.check(fields.days, 1, daysInMonth(year, month), 1, 14, "illegal day number");
-        checkTimeOfDay(fields, checker);
-        result._usec = toMicros(toDayNumber({year, month, day}), fields);
-        result._utcOffset = offset;
-        result._sign = sign == '-' && offset != 0 ? '-' : '+';
-    } else {
-        throw InvalidDateTimeFormatException();
+    switch (characters[kSignPosition]) {
+        case ':':
+            return parseInterval(characters);
+        case '+':
+        case '-':
+            return parseTimeStamp(characters);
+        default:
+            throw InvalidDateTimeFormatException();
     }
+}
+
+CIMDateTime DateTimeText::parseInterval(const Char16* text) {
+    FieldReader reader(text);
+    Fields fields;
+    fields.days = reader.number(8);
+    readTimeOfDay(reader, fields);
+    reader.expect(":000");
+
+    FieldChecker checker;
+    const Uint32 days =
+        checker.check(fields.days, 0, 99999999, 1, 20, "illegal days number (must be less than 100000000");
+    checkTimeOfDay(fields, checker);
+
+    CIMDateTime result;
+    result._usec = toMicros(days, fields);
+    result._wildcards = checker.wildcards(fields);
+    return result;
+}
+
+CIMDateTime DateTimeText::parseTimeStamp(const Char16* text) {
+    FieldReader reader(text);
+    Fields fields;
+    fields.year = reader.number(4);
+    fields.month = reader.number(2);
+    fields.days = reader.number(2);
+    readTimeOfDay(reader, fields);
+    reader.skip();
+    const Uint32 offset = reader.digits(3);
+
+    FieldChecker checker;
+    const Uint32 year = checker.check(fields.year, 0, 9999, 0, 20, "year is greater than 9999");
+    const Uint32 month = checker.check(fields.month, 1, 12, 1, 16, "illegal month number");
+    const Uint32 day = checker.check(fields.days, 1, daysInMonth(year, month), 1, 14, "illegal day number");
+    checkTimeOfDay(fields, checker);
+
+    CIMDateTime result;
+    result._usec = toMicros(toDayNumber({year, month, day}), fields);
+    result._utcOffset = offset;
+    result._sign = text[kSignPosition] == '-' && offset != 0 ? '-' : '+';
     result._wildcards = checker.wildcards(fields);
     return result;
 }

@@ -21,6 +21,10 @@ public:
     static CIMDateTime parse(const String& text);
 
     static Characters format(const CIMDateTime& value);
+
+private:
+    static CIMDateTime parseInterval(const Char16* text);
+    static CIMDateTime parseTimeStamp(const Char16* text);
 };
 
 }  // namespace Pegasus
