@@ -48,11 +48,8 @@ public:
     Scanner(std::string_view text, std::size_t maxNodes) : text_(text), maxNodes_(maxNodes) {}
 
     XmlScan run() {
-        while (position_ < text_.size()) {
-            const ByteClass found = classes[byte(position_)];
-            if (found != ByteClass::Plain) {
-                special(found);
-            }
+        for (skipPlain(); position_ < text_.size(); skipPlain()) {
+            special(classes[byte(position_)]);
             ++position_;
         }
         return scan_;
@@ -60,6 +57,16 @@ public:
 
 private:
     unsigned char byte(std::size_t at) const { return static_cast<unsigned char>(text_[at]); }
+
+    /// Most bytes mean nothing here: on to the next that does.
+    void skipPlain() {
+        const char* at = text_.data() + position_;
+        const char* end = text_.data() + text_.size();
+        while (at != end && classes[static_cast<unsigned char>(*at)] == ByteClass::Plain) {
+            ++at;
+        }
+        position_ = static_cast<std::size_t>(at - text_.data());
+    }
 
     void special(ByteClass found) {
         switch (found) {
