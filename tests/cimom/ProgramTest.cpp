@@ -7,18 +7,18 @@
 #include <cstdio>
 #include <fstream>
 
-#include "tests/cimom/support/Process.h"
 #include "tests/cimom/support/RawConnection.h"
 #include "tests/cimom/support/Requests.h"
 #include "tests/cimom/support/SmallNameSpace.h"
+#include "tests/support/Process.h"
 
 namespace cimom {
 namespace {
 
-using test::BackgroundProcess;
-using test::ProcessResult;
+using support::Process;
+using support::ProcessResult;
+using support::runProcess;
 using test::RawConnection;
-using test::runProcess;
 
 const char* const kProgram = CIMOM_PROGRAM;
 
@@ -64,8 +64,8 @@ std::string sensorNames() {
 }
 
 TEST(Program, ServesANodePerAddressOverHttpAndHttps) {
-    BackgroundProcess program({kProgram, "--address", "127.0.0.1", "--address", "127.0.0.2", "--http-port",
-                               "0", "--https-port", "0"});
+    Process program({kProgram, "--address", "127.0.0.1", "--address", "127.0.0.2", "--http-port", "0",
+                     "--https-port", "0"});
     const std::string lines[] = {program.readLine(), program.readLine(), program.readLine(),
                                  program.readLine()};
     EXPECT_EQ(lines[0].substr(0, 32), "Node 0 ready at http://127.0.0.1");
@@ -83,7 +83,7 @@ TEST(Program, ServesANodePerAddressOverHttpAndHttps) {
 }
 
 TEST(Program, EndsWellOnInterrupt) {
-    BackgroundProcess program({kProgram, "--http-port", "0", "--no-https"});
+    Process program({kProgram, "--http-port", "0", "--no-https"});
     EXPECT_EQ(program.readLine().substr(0, 16), "Node 0 ready at ");
     program.signal(SIGINT);
     const ProcessResult result = program.wait();
@@ -93,8 +93,8 @@ TEST(Program, EndsWellOnInterrupt) {
 
 TEST(Program, MultipliesInstancesAndLoadsDeclarations) {
     const TemporaryFile file(test::kSmallDeclarations);
-    BackgroundProcess program({kProgram, "--http-port", "0", "--no-https", "--instances",
-                               "OMC_NumericSensor=250", "--load", "root/small=" + file.name()});
+    Process program({kProgram, "--http-port", "0", "--no-https", "--instances", "OMC_NumericSensor=250",
+                     "--load", "root/small=" + file.name()});
     const std::uint16_t port = portOf(program.readLine());
     EXPECT_EQ(countOf(ask("127.0.0.1", port, sensorNames()).body, "<INSTANCENAME"), 250U);
     const std::string message = test::intrinsicMessage("EnumerateClassNames", {}, "root/small");
@@ -106,8 +106,8 @@ TEST(Program, MultipliesInstancesAndLoadsDeclarations) {
 
 TEST(Program, AsksForThePasswordInTheFile) {
     const TemporaryFile file("secret\nnot this\n");
-    BackgroundProcess program({kProgram, "--http-port", "0", "--no-https", "--user", "user",
-                               "--password-file", file.name(), "--log"});
+    Process program({kProgram, "--http-port", "0", "--no-https", "--user", "user", "--password-file",
+                     file.name(), "--log"});
     const std::uint16_t port = portOf(program.readLine());
     EXPECT_EQ(ask("127.0.0.1", port, sensorNames()).status, 401);
     EXPECT_EQ(program.readLine(), "127.0.0.1:" + std::to_string(port) + " EnumerateInstanceNames - 401");
@@ -120,7 +120,7 @@ TEST(Program, AsksForThePasswordInTheFile) {
 }
 
 TEST(Program, SaysInOneLineThatAPortIsInUse) {
-    BackgroundProcess first({kProgram, "--http-port", "0", "--no-https"});
+    Process first({kProgram, "--http-port", "0", "--no-https"});
     const std::string port = std::to_string(portOf(first.readLine()));
     const ProcessResult result = runProcess({kProgram, "--http-port", port, "--no-https"});
     EXPECT_EQ(result.status, 1);
@@ -178,7 +178,7 @@ TEST(Program, PrintsHelpAndVersion) {
 }
 
 TEST(Program, WarnsWhenOtherMachinesCanReachIt) {
-    BackgroundProcess program({kProgram, "--http-port", "0", "--no-https", "--address", "0.0.0.0"});
+    Process program({kProgram, "--http-port", "0", "--no-https", "--address", "0.0.0.0"});
     EXPECT_EQ(program.readLine().substr(0, 16), "Node 0 ready at ");
     program.signal(SIGTERM);
     EXPECT_EQ(program.wait().err, "cimom: warning: 0.0.0.0 can be reached from other machines\n");

@@ -8,13 +8,13 @@
 
 #include "cimom/RepositoryData.h"
 #include "cimom/Server.h"
-#include "tests/cimom/support/Process.h"
+#include "tests/support/Process.h"
 
 namespace cimom {
 namespace {
 
-using test::ProcessResult;
-using test::runProcess;
+using support::ProcessResult;
+using support::runProcess;
 using Lines = std::vector<std::string>;
 
 Lines linesOf(const std::string& text) {

@@ -1,23 +1,18 @@
 #pragma once
 
-#include <map>
 #include <string>
 #include <vector>
 
+#include "tests/support/Process.h"
+
 namespace tool {
 
-/// How a run of the program ended.
-struct Outcome {
-    int status = -1;  ///< Exit status; -1 when a signal ended it.
-    int signal = 0;   ///< That signal.
-    std::string out;
-    std::string err;
-};
+using Outcome = support::ProcessResult;
 
 /// One run of the built program cimhttp.
 class Program {
 public:
-    explicit Program(std::vector<std::string> arguments) : arguments_(std::move(arguments)) {}
+    explicit Program(std::vector<std::string> arguments);
 
     /// Sets a variable of the program's environment.
     Program& with(const std::string& variable, const std::string& value);
@@ -33,11 +28,8 @@ public:
     Outcome runOnTerminal(const std::string& prompt = {}, const std::string& typed = {}) const;
 
 private:
-    [[noreturn]] void execute() const;
-
-    std::vector<std::string> arguments_;
-    std::map<std::string, std::string> variables_;
-    std::size_t outputLimit_ = static_cast<std::size_t>(-1);
+    std::vector<std::string> command_;
+    support::ProcessOptions options_;
 };
 
 /// Shorthand for a run without further ado.
