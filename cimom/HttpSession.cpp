@@ -4,19 +4,16 @@
 #include <array>
 #include <boost/asio/buffer.hpp>
 #include <boost/asio/steady_timer.hpp>
-#include <boost/asio/write.hpp>
 #include <boost/beast/core/flat_buffer.hpp>
-#include <boost/beast/core/tcp_stream.hpp>
+#include <boost/beast/http/error.hpp>
 #include <boost/beast/http/parser.hpp>
-#include <boost/beast/http/read.hpp>
 #include <boost/beast/http/string_body.hpp>
-#include <boost/beast/ssl/ssl_stream.hpp>
 #include <chrono>
 #include <optional>
 #include <string_view>
-#include <type_traits>
-#include <vector>
+#include <utility>
 
+#include "cimom/ByteStream.h"
 #include "cimom/Delivery.h"
 #include "cimom/Text.h"
 
@@ -27,100 +24,82 @@ namespace net = boost::asio;
 namespace beast = boost::beast;
 namespace http = beast::http;
 using boost::system::error_code;
-using PlainStream = beast::tcp_stream;
-using TlsStream = beast::ssl_stream<beast::tcp_stream>;
 
 constexpr std::size_t kMaxHeadBytes = 64 * 1024;
 constexpr std::size_t kReadBytes = 8 * 1024;
 constexpr std::chrono::minutes kLongestWait{10};
 constexpr std::chrono::seconds kLongestFarewell{2};
 
-PlainStream makeStream(net::ip::tcp::socket socket, net::ssl::context*, PlainStream*) {
-    return PlainStream(std::move(socket));
-}
-
-TlsStream makeStream(net::ip::tcp::socket socket, net::ssl::context* tls, TlsStream*) {
-    return TlsStream(PlainStream(std::move(socket)), *tls);
-}
-
-/// Whether a body broke the rules of HTTP, rather than the connection broke.
-bool isSyntaxError(error_code error) {
-    static const auto& category = http::make_error_code(http::error::bad_chunk).category();
-    return error.category() == category && error != http::error::partial_message &&
-           error != http::error::end_of_stream;
-}
-
-template <typename Stream>
-class Session final : public HttpSession, public std::enable_shared_from_this<Session<Stream>> {
+class Session final : public HttpSession, public std::enable_shared_from_this<Session> {
 public:
-    Session(net::ip::tcp::socket socket, net::ssl::context* tls,
+    Session(const net::any_io_executor& executor, std::unique_ptr<ByteStream> stream,
             std::shared_ptr<const SessionContext> context)
-        : stream_(makeStream(std::move(socket), tls, static_cast<Stream*>(nullptr))),
-          timer_(stream_.get_executor()),
+        : stream_(std::move(stream)),
+          timer_(executor),
           buffer_(kMaxHeadBytes),
           context_(std::move(context)) {}
 
     void start() override {
-        if constexpr (std::is_same_v<Stream, TlsStream>) {
-            expectWithin(kLongestWait);
-            stream_.async_handshake(net::ssl::stream_base::server,
-                                    [self = this->shared_from_this()](error_code error) {
-                                        if (!error) {
-                                            self->readHead();
-                                        }
-                                    });
-        } else {
-            readHead();
-        }
+        stream_->expectWithin(kLongestWait);
+        stream_->handshake(then(&Session::readHead));
     }
 
     void close() override {
         timer_.cancel();
-        beast::get_lowest_layer(stream_).close();
+        stream_->close();
     }
 
 private:
-    template <typename Duration>
-    void expectWithin(Duration duration) {
-        beast::get_lowest_layer(stream_).expires_after(duration);
+    using Step = void (Session::*)();
+
+    /// Keeps the session alive meanwhile, and goes on with `next` unless there was an error.
+    ByteStream::Done then(Step next) {
+        return [self = shared_from_this(), next](error_code error, std::size_t) {
+            if (!error) {
+                (*self.*next)();
+            }
+        };
     }
 
     void readHead() {
         request_ = HttpRequest();
-        expectWithin(kLongestWait);
-        readMoreOfHead(0);
+        searched_ = 0;
+        stream_->expectWithin(kLongestWait);
+        takeHead();
     }
 
-    /// Goes on reading until the empty line is there that ends a head; it is not among the first
-    /// `searched` bytes. The next request's bytes may already be in the buffer.
-    void readMoreOfHead(std::size_t searched) {
+    /// Goes on reading until the empty line is there that ends a head; it is not among the first `searched_`
+    /// bytes. The next request's bytes may already be in the buffer.
+    void takeHead() {
         constexpr std::string_view kEnd = "\r\n\r\n";
         const auto data = buffer_.data();
         const std::string_view text(static_cast<const char*>(data.data()), data.size());
-        const auto end = text.find(kEnd, searched);
+        const auto end = text.find(kEnd, searched_);
         if (end != std::string_view::npos) {
             parseHead(end + kEnd.size());
         } else if (text.size() >= kMaxHeadBytes) {
             refuse(431, "Request Header Fields Too Large");
         } else {
-            readIntoBuffer(text.size() < kEnd.size() ? 0 : text.size() - kEnd.size() + 1);
+            searched_ = text.size() < kEnd.size() ? 0 : text.size() - kEnd.size() + 1;
+            readMore(&Session::takeHead);
         }
     }
 
-    void readIntoBuffer(std::size_t searched) {
-        stream_.async_read_some(
-            buffer_.prepare(std::min(kReadBytes, kMaxHeadBytes - buffer_.size())),
-            [self = this->shared_from_this(), searched](error_code error, std::size_t size) {
-                if (!error) {
-                    self->buffer_.commit(size);
-                    self->readMoreOfHead(searched);
-                }
-            });
+    /// Reads into the buffer, which must not be full.
+    void readMore(Step next) {
+        stream_->readSome(buffer_.prepare(std::min(kReadBytes, kMaxHeadBytes - buffer_.size())),
+                          [self = shared_from_this(), next](error_code error, std::size_t size) {
+                              if (!error) {
+                                  self->buffer_.commit(size);
+                                  (*self.*next)();
+                              }
+                          });
     }
 
     void parseHead(std::size_t size) {
         request_.head.assign(static_cast<const char*>(buffer_.data().data()), size - 2);
         parser_.emplace();
+        parser_->eager(true);
         parser_->header_limit(kMaxHeadBytes);
         parser_->body_limit(context_->endpoint.maxBodyBytes);
         error_code error;
@@ -132,34 +111,30 @@ private:
         } else if (sameName(parser_->get()[http::field::expect], "100-continue")) {
             sendContinue();
         } else {
-            readBody();
+            takeBody();
         }
     }
 
     void sendContinue() {
         static constexpr std::string_view kContinue = "HTTP/1.1 100 Continue\r\n\r\n";
-        net::async_write(stream_, net::buffer(kContinue.data(), kContinue.size()),
-                         [self = this->shared_from_this()](error_code error, std::size_t) {
-                             if (!error) {
-                                 self->readBody();
-                             }
-                         });
+        stream_->write(net::buffer(kContinue.data(), kContinue.size()), then(&Session::takeBody));
     }
 
-    void readBody() {
-        http::async_read(
-            stream_, buffer_, *parser_,
-            [self = this->shared_from_this()](error_code error, std::size_t) { self->onBody(error); });
-    }
-
-    void onBody(error_code error) {
+    /// Feeds the parser until it has the whole body.
+    void takeBody() {
+        error_code error;
+        while (!error && buffer_.size() > 0 && !parser_->is_done()) {
+            buffer_.consume(parser_->put(buffer_.data(), error));
+        }
         if (error == http::error::body_limit) {
             refuse(413, "Payload Too Large");
-        } else if (isSyntaxError(error)) {
-            refuse(400, "Bad Request");
-        } else if (!error) {
+        } else if (parser_->is_done()) {
             takeRequest();
             answer();
+        } else if ((error && error != http::error::need_more) || buffer_.size() >= kMaxHeadBytes) {
+            refuse(400, "Bad Request");  // broken, or a line between chunks that does not end
+        } else {
+            readMore(&Session::takeBody);
         }
     }
 
@@ -222,7 +197,7 @@ private:
             return;
         }
         timer_.expires_after(delivery_.delay);
-        timer_.async_wait([self = this->shared_from_this()](error_code error) {
+        timer_.async_wait([self = shared_from_this()](error_code error) {
             if (!error) {
                 self->send();
             }
@@ -230,19 +205,14 @@ private:
     }
 
     void send() {
-        expectWithin(kLongestWait);
-        // A vector, not an array: when an array of two has its first buffer sent, the next write starts with
-        // an empty buffer, which Beast's TLS stream takes for the end of a long body.
-        const std::vector<net::const_buffer> bytes{net::buffer(delivery_.head), net::buffer(delivery_.body)};
-        net::async_write(stream_, bytes, [self = this->shared_from_this()](error_code error, std::size_t) {
-            if (!error) {
-                self->onSent();
-            }
-        });
+        stream_->expectWithin(kLongestWait);
+        delivery_.head += delivery_.body;  // one write, so that they travel together
+        delivery_.body = std::string();
+        stream_->write(net::buffer(delivery_.head), then(&Session::onSent));
     }
 
     void onSent() {
-        delivery_.body = std::string();
+        delivery_.head = std::string();
         switch (delivery_.after) {
             case Delivery::After::Continue:
                 readHead();
@@ -260,41 +230,30 @@ private:
     }
 
     void sayGoodbye() {
-        if constexpr (std::is_same_v<Stream, TlsStream>) {
-            expectWithin(kLongestFarewell);
-            stream_.async_shutdown([self = this->shared_from_this()](error_code) { self->drain(); });
-        } else {
-            drain();
-        }
+        stream_->expectWithin(kLongestFarewell);
+        stream_->sayGoodbye([self = shared_from_this()](error_code, std::size_t) { self->drain(); });
     }
 
     /// Closes our side and reads what the client still sends: closing with bytes unread would reset the
     /// connection and could take away the answer before the client has read it.
     void drain() {
-        error_code ignored;
-        beast::get_lowest_layer(stream_).socket().shutdown(net::ip::tcp::socket::shutdown_send, ignored);
-        expectWithin(kLongestFarewell);
+        stream_->finishSending();
+        stream_->expectWithin(kLongestFarewell);
         discard();
     }
 
     void hold() {
-        beast::get_lowest_layer(stream_).expires_never();
+        stream_->expectNothing();
         discard();
     }
 
     /// Reads bytes away, below TLS, until the client closes or time is up.
-    void discard() {
-        beast::get_lowest_layer(stream_).async_read_some(
-            net::buffer(discarded_), [self = this->shared_from_this()](error_code error, std::size_t) {
-                if (!error) {
-                    self->discard();
-                }
-            });
-    }
+    void discard() { stream_->readRaw(net::buffer(discarded_), then(&Session::discard)); }
 
-    Stream stream_;
+    std::unique_ptr<ByteStream> stream_;
     net::steady_timer timer_;
     beast::flat_buffer buffer_;
+    std::size_t searched_ = 0;
     std::shared_ptr<const SessionContext> context_;
     std::optional<http::request_parser<http::string_body>> parser_;
     HttpRequest request_;
@@ -307,12 +266,8 @@ private:
 
 std::shared_ptr<HttpSession> makeHttpSession(net::ip::tcp::socket socket, net::ssl::context* tls,
                                              std::shared_ptr<const SessionContext> context) {
-    error_code ignored;
-    socket.set_option(net::ip::tcp::no_delay(true), ignored);
-    if (tls != nullptr) {
-        return std::make_shared<Session<TlsStream>>(std::move(socket), tls, std::move(context));
-    }
-    return std::make_shared<Session<PlainStream>>(std::move(socket), tls, std::move(context));
+    const net::any_io_executor executor = socket.get_executor();
+    return std::make_shared<Session>(executor, makeByteStream(std::move(socket), tls), std::move(context));
 }
 
 }  // namespace cimom

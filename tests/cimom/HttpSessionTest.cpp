@@ -165,6 +165,30 @@ TEST_P(HttpSessionTest, RefusesAHeadThatIsTooLarge) {
     EXPECT_EQ(askHere(port, std::string(70000, 'x')).status, 431);
 }
 
+TEST_P(HttpSessionTest, RefusesALineBetweenChunksThatDoesNotEnd) {
+    EXPECT_EQ(
+        askHere(listenHere(), "POST /cimom HTTP/1.1\r\nHost: h\r\nTransfer-Encoding: chunked\r\n\r\n5;" +
+                                  std::string(70000, 'x'))
+            .status,
+        400);
+}
+
+TEST_P(HttpSessionTest, ReadsAChunkedRequestThatComesByteByByte) {
+    const std::string body = test::intrinsicMessage("EnumerateClassNames", {});
+    char size[20];
+    std::snprintf(size, sizeof size, "%zx", body.size());
+    const std::string request =
+        "POST /cimom HTTP/1.1\r\nHost: h\r\nCIMOperation: MethodCall\r\nCIMMethod: EnumerateClassNames\r\n"
+        "CIMObject: root/cimv2\r\nTransfer-Encoding: chunked\r\n\r\n" +
+        (size + ("\r\n" + body)) + "\r\n0\r\nTrailer: x\r\n\r\n";
+    RawConnection connection = connectHere(listenHere());
+    for (const char byte : request) {
+        connection.send(std::string(1, byte));
+    }
+    EXPECT_EQ(connection.readAnswer().status, 200);
+    EXPECT_EQ(server_.requests().at(0).body, body);
+}
+
 TEST_P(HttpSessionTest, RefusesWhatIsNoHttp) {
     const std::uint16_t port = listenHere();
     for (const char* text :
