@@ -5,17 +5,11 @@
 #include "connection/Log.h"
 #include "connection/PegClient.h"
 #include "connection/PegText.h"
+#include "connection/Ports.h"
 #include "connection/Refuse.h"
 #include "connection/TCimHTTPNamespace.h"
 
 namespace NQELVSK20 {
-
-namespace {
-
-constexpr int kHttpPort = 5988;
-constexpr int kHttpsPort = 5989;
-
-}  // namespace
 
 void TCimHTTPNamespace::connect(std::string host, std::string user, std::string password) {
     LogTrace("Entering TCimHTTPNamespace::connect - Connect to single node cimom via http or https.");

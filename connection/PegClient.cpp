@@ -8,14 +8,13 @@
 
 #include "connection/Log.h"
 #include "connection/PegText.h"
+#include "connection/Ports.h"
 #include "connection/ReconnectPause.h"
 
 namespace NQELVSK20 {
 
 namespace {
 
-constexpr int kHttpsPort = 5989;
-constexpr int kHttpPort = 5988;
 constexpr Pegasus::Uint32 kConnectTimeoutMs = 65535000;  // about 18 hours: the host's network decides
 constexpr unsigned int kReconnectPauseMs = 5000;
 constexpr int kAttempts = 2;

@@ -72,7 +72,7 @@ void SetArray(const TCIMValue& value, Pegasus::CIMValue& out) {
 
 using Setter = void (*)(const TCIMValue& value, Pegasus::CIMValue& out);
 
-struct Conversion {
+struct Setters {
     Setter scalar;
     Setter array;
 };
@@ -80,28 +80,28 @@ struct Conversion {
 void LeaveUntouched(const TCIMValue&, Pegasus::CIMValue&) {}
 
 template <class T>
-constexpr Conversion kConversionOf = {SetScalar<T>, SetArray<T>};
+constexpr Setters kSettersOf = {SetScalar<T>, SetArray<T>};
 
 /// Indexed by the host's scalar type code.
-constexpr Conversion kConversions[] = {
+constexpr Setters kSetters[] = {
     {LeaveUntouched, LeaveUntouched},                     // eUnknown = 0
-    kConversionOf<Pegasus::Boolean>,                      // eBoolean
-    kConversionOf<Pegasus::Uint8>,                        // eUint8
-    kConversionOf<Pegasus::Sint8>,                        // eSint8
-    kConversionOf<Pegasus::Uint16>,                       // eUint16
-    kConversionOf<Pegasus::Sint16>,                       // eSint16
-    kConversionOf<Pegasus::Uint32>,                       // eUint32
-    kConversionOf<Pegasus::Sint32>,                       // eSint32
-    kConversionOf<Pegasus::Uint64>,                       // eUint64
-    kConversionOf<Pegasus::Sint64>,                       // eSint64
-    kConversionOf<Pegasus::Real32>,                       // eReal32
-    kConversionOf<Pegasus::Real64>,                       // eReal64
-    kConversionOf<Pegasus::Char16>,                       // eChar16
-    kConversionOf<Pegasus::String>,                       // eString
-    kConversionOf<Pegasus::CIMDateTime>,                  // eDateTime
+    kSettersOf<Pegasus::Boolean>,                         // eBoolean
+    kSettersOf<Pegasus::Uint8>,                           // eUint8
+    kSettersOf<Pegasus::Sint8>,                           // eSint8
+    kSettersOf<Pegasus::Uint16>,                          // eUint16
+    kSettersOf<Pegasus::Sint16>,                          // eSint16
+    kSettersOf<Pegasus::Uint32>,                          // eUint32
+    kSettersOf<Pegasus::Sint32>,                          // eSint32
+    kSettersOf<Pegasus::Uint64>,                          // eUint64
+    kSettersOf<Pegasus::Sint64>,                          // eSint64
+    kSettersOf<Pegasus::Real32>,                          // eReal32
+    kSettersOf<Pegasus::Real64>,                          // eReal64
+    kSettersOf<Pegasus::Char16>,                          // eChar16
+    kSettersOf<Pegasus::String>,                          // eString
+    kSettersOf<Pegasus::CIMDateTime>,                     // eDateTime
     {SetScalar<Pegasus::CIMObjectPath>, LeaveUntouched},  // eReference = 15
 };
-static_assert(std::size(kConversions) == TCIMValue::TCIMType::eReference + 1, "one row for each scalar code");
+static_assert(std::size(kSetters) == TCIMValue::TCIMType::eReference + 1, "one row for each scalar code");
 
 }  // namespace
 
@@ -110,8 +110,8 @@ void ConvertToRemoteValue(const TCIMValue& value, Pegasus::CIMValue& out) {
     if (code > TCIMValue::TCIMType::eReference) {
         return;
     }
-    const Conversion& conversion = kConversions[code];
-    (value.IsArray() ? conversion.array : conversion.scalar)(value, out);
+    const Setters& setters = kSetters[code];
+    (value.IsArray() ? setters.array : setters.scalar)(value, out);
 }
 
 }  // namespace NQELVSK20

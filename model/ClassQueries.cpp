@@ -11,6 +11,7 @@
 #include "connection/Precondition.h"
 #include "connection/Refuse.h"
 #include "connection/TCimHTTPNamespace.h"
+#include "model/DefinitionTimeout.h"
 #include "model/NameOrder.h"
 #include "model/TCimHTTPClass.h"
 #include "namespace/TNamespaceMembers.h"
@@ -20,8 +21,6 @@
 namespace NQELVSK20 {
 
 namespace {
-
-constexpr unsigned int kDefinitionTimeoutMs = 15000;
 
 bool IsTrue(const TCIMValue& value) {
     return !value.IsNull() && value.operator bool();

@@ -8,6 +8,7 @@
 #include "connection/PegText.h"
 #include "connection/Precondition.h"
 #include "connection/TCimHTTPNamespace.h"
+#include "model/DefinitionTimeout.h"
 #include "model/RemoteClassReader.h"
 #include "model/RemoteNode.h"
 #include "model/TCimHTTPClass.h"
@@ -16,12 +17,6 @@
 #include "union/TUnionNamespace.h"
 
 namespace NQELVSK20 {
-
-namespace {
-
-constexpr unsigned int kDefinitionTimeoutMs = 15000;
-
-}  // namespace
 
 void TCimHTTPClass::Initialize() {
     if (superclass_.lock()) {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "tools/Integer.h"
+
 namespace tool {
 
 namespace {
@@ -20,10 +22,6 @@ struct Field {
 constexpr std::array<Field, 4> kTimeOfDay = {
     Field{8, 2, 0, 23}, {10, 2, 0, 59}, {12, 2, 0, 59}, {15, 6, 0, 999999}};
 constexpr std::array<Field, 2> kDate = {Field{4, 2, 1, 12}, {6, 2, 1, 31}};
-
-bool isDigit(char letter) {
-    return letter >= '0' && letter <= '9';
-}
 
 bool isUnknown(const std::string& text) {
     return std::all_of(text.begin(), text.end(), [](char letter) { return letter == '*'; });

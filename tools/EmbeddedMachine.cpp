@@ -4,14 +4,16 @@
 
 #include <stdexcept>
 
+#include "connection/Ports.h"
 #include "tools/Failure.h"
 
 namespace tool {
 
 namespace {
 
-constexpr std::uint16_t kHttpsPort = 5989;
-constexpr std::uint16_t kHttpPort = 5988;
+using NQELVSK20::kHttpPort;
+using NQELVSK20::kHttpsPort;
+
 constexpr int kTries = 64;  // addresses to try for one node
 
 // The lower half of 127.0.0.0/8 without its first 65536 addresses, which people use by hand.

@@ -5,6 +5,11 @@
 
 namespace tool {
 
+/// Whether a character is an ASCII digit.
+constexpr bool isDigit(char letter) {
+    return letter >= '0' && letter <= '9';
+}
+
 /// An integer of any CIM type: its sign apart from its size, since no C++ type holds both ends.
 struct Integer {
     bool negative = false;  ///< False for zero.

@@ -1,13 +1,8 @@
 #include "tools/Machine.h"
 
+#include "connection/Ports.h"
+
 namespace tool {
-
-namespace {
-
-constexpr int kHttpsPort = 5989;
-constexpr int kHttpPort = 5988;
-
-}  // namespace
 
 std::string Machine::where(std::optional<std::size_t> node) const {
     if (!node || *node >= nodes_.size()) {
@@ -16,7 +11,7 @@ std::string Machine::where(std::optional<std::size_t> node) const {
     const std::string& host = nodes_[*node].host;
     std::string text = host;
     if (*node < outcomes_.size() && outcomes_[*node].reached) {
-        text = hostAndPort(host, outcomes_[*node].overHttps ? kHttpsPort : kHttpPort);
+        text = hostAndPort(host, outcomes_[*node].overHttps ? NQELVSK20::kHttpsPort : NQELVSK20::kHttpPort);
     }
     return nodes_.size() == 1 ? text : "node " + std::to_string(*node + 1) + " (" + text + ")";
 }

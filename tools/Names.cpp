@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "tools/Integer.h"
 #include "tools/UsageError.h"
 
 namespace tool {
@@ -10,10 +11,6 @@ namespace {
 
 char lower(char letter) {
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
-bool isDigit(char letter) {
-    return letter >= '0' && letter <= '9';
 }
 
 bool isLetter(char letter) {

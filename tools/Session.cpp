@@ -7,6 +7,7 @@
 #include <boost/pointer_cast.hpp>
 #include <cstdlib>
 
+#include "connection/Ports.h"
 #include "connection/TCimHTTPNamespace.h"
 #include "provider/TCimHTTPNamespaceProvider.h"
 #include "qelc/TQELCNamespace.h"
@@ -29,8 +30,6 @@ using namespace NQELVSK20;
 
 constexpr std::size_t kEmbeddedNodes = 3;
 constexpr const char* kProviderName = "cimhttp";
-constexpr int kHttpsPort = 5989;
-constexpr int kHttpPort = 5988;
 
 PasswordSources passwordSources(const Options& options) {
     PasswordSources sources;

@@ -16,7 +16,7 @@ std::string stateAfter(const std::string& requested) {
     return requested == "3" ? "3" : "";
 }
 
-MethodResult answer(const char* code) {
+MethodResult answerWithJob(const char* code) {
     MethodResult result;
     result.returnXml = valueElement(code);
     result.out.push_back({"Job", ""});
@@ -29,15 +29,15 @@ MethodResult requestStateChange(const MethodCall& call) {
     Instance& instance = call.requireInstance();
     const std::string requested = call.text("RequestedState");
     if (requested.empty()) {
-        return answer(kInvalidParameter);
+        return answerWithJob(kInvalidParameter);
     }
     const std::string state = stateAfter(requested);
     if (state.empty()) {
-        return answer(kInvalidTransition);
+        return answerWithJob(kInvalidTransition);
     }
     instance.setValue("RequestedState", requested);
     instance.setValue("EnabledState", state);
-    return answer(kCompleted);
+    return answerWithJob(kCompleted);
 }
 
 }  // namespace cimom

@@ -9,7 +9,7 @@ namespace Pegasus {
 
 namespace {
 
-const CIMConstObject& checked(const CIMConstObject& x) {
+const CIMConstObject& checkedClass(const CIMConstObject& x) {
     if (!x.isClass()) {
         throw DynamicCastFailedException();
     }
@@ -28,7 +28,7 @@ CIMProperty withoutQualifiers(const CIMProperty& x) {
 
 }  // namespace
 
-CIMConstClass::CIMConstClass(const CIMConstObject& x) : CIMConstObject(checked(x)) {}
+CIMConstClass::CIMConstClass(const CIMConstObject& x) : CIMConstObject(checkedClass(x)) {}
 
 CIMConstClass::CIMConstClass(const CIMName& className, const CIMName& superClassName)
     : CIMConstObject(std::make_shared<CIMClassRep>(className, superClassName)) {}

@@ -8,7 +8,7 @@ namespace Pegasus {
 
 namespace {
 
-const CIMConstObject& checked(const CIMConstObject& x) {
+const CIMConstObject& checkedInstance(const CIMConstObject& x) {
     if (!x.isInstance()) {
         throw DynamicCastFailedException();
     }
@@ -17,7 +17,7 @@ const CIMConstObject& checked(const CIMConstObject& x) {
 
 }  // namespace
 
-CIMConstInstance::CIMConstInstance(const CIMConstObject& x) : CIMConstObject(checked(x)) {}
+CIMConstInstance::CIMConstInstance(const CIMConstObject& x) : CIMConstObject(checkedInstance(x)) {}
 
 CIMConstInstance::CIMConstInstance(const CIMName& className)
     : CIMConstObject(std::make_shared<CIMObjectRep>(className)) {}

@@ -20,7 +20,7 @@ using boost::system::error_code;
 
 namespace {
 
-constexpr std::size_t pieceSize = 64U * 1024U;
+constexpr std::size_t readPieceSize = 64U * 1024U;
 
 /// A body collected in a string. A length that the server announces is believed only so far: memory for more
 /// is taken when more arrives.
@@ -96,7 +96,10 @@ HttpResponse take(Parser& parser, std::string_view statusLine, bool nothingLeft)
 class HttpConnection::Receiver {
 public:
     Receiver(ByteStream& stream, const Limits& limits, Deadline deadline)
-        : stream_(stream), limits_(limits), deadline_(deadline), buffer_(limits.headerBytes + pieceSize) {}
+        : stream_(stream),
+          limits_(limits),
+          deadline_(deadline),
+          buffer_(limits.headerBytes + readPieceSize) {}
 
     HttpResponse receive() {
         for (;;) {
@@ -165,7 +168,7 @@ private:
         if (room == 0) {
             throw WireError(WireError::Kind::BadHttp, describe(http::error::header_limit, limits_));
         }
-        const auto space = buffer_.prepare(std::min(room, pieceSize));
+        const auto space = buffer_.prepare(std::min(room, readPieceSize));
         const std::size_t received = stream_.read(static_cast<char*>(space.data()), space.size(), deadline_);
         buffer_.commit(received);
         received_ += received;

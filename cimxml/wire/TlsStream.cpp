@@ -14,7 +14,7 @@ namespace cimxml {
 
 namespace {
 
-constexpr std::size_t pieceSize = 64U * 1024U;
+constexpr std::size_t tlsPieceSize = 64U * 1024U;
 
 bool looksLikeAddress(const std::string& host) {
     return host.find(':') != std::string::npos || host.find_first_not_of("0123456789.") == std::string::npos;
@@ -137,7 +137,7 @@ std::optional<std::size_t> TlsStream::readAvailable(char* buffer, std::size_t si
             return received;
         }
         // Session tickets arrive unasked after the handshake; only what is left after them is data.
-        piece_.resize(pieceSize);
+        piece_.resize(tlsPieceSize);
         const auto raw = below_->readAvailable(piece_.data(), piece_.size());
         if (!raw || *raw == 0) {
             return raw;
@@ -161,7 +161,7 @@ void TlsStream::flush(Deadline deadline) {
 }
 
 bool TlsStream::fill(Deadline deadline) {
-    piece_.resize(pieceSize);
+    piece_.resize(tlsPieceSize);
     const std::size_t received = below_->read(piece_.data(), piece_.size(), deadline);
     hand({piece_.data(), received});
     return received > 0;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/cimom/support/SmallNameSpace.h"
+#include "tests/cimom/support/StatusCodes.h"
 
 namespace cimom {
 namespace {
@@ -10,9 +11,8 @@ namespace {
 using test::arrayXml;
 using test::classNameXml;
 using test::errorOf;
+using test::kInvalidParameter;
 using test::valueXml;
-
-constexpr int kInvalidParameter = 4;
 
 class IntrinsicArgumentsTest : public testing::Test {
 protected:

@@ -4,6 +4,7 @@
 
 #include "cimom/Xml.h"
 #include "tests/cimom/support/SmallNameSpace.h"
+#include "tests/cimom/support/StatusCodes.h"
 
 namespace cimom {
 namespace {
@@ -12,16 +13,15 @@ using test::arrayXml;
 using test::attributesOf;
 using test::classNameXml;
 using test::errorOf;
+using test::kInvalidClass;
+using test::kInvalidParameter;
+using test::kNoSuchProperty;
+using test::kNotFound;
+using test::kNotSupported;
 using test::named;
 using test::smallPath;
 using test::valueXml;
 using test::xmlOf;
-
-constexpr int kInvalidParameter = 4;
-constexpr int kInvalidClass = 5;
-constexpr int kNotFound = 6;
-constexpr int kNotSupported = 7;
-constexpr int kNoSuchProperty = 12;
 
 class IntrinsicOperationsTest : public testing::Test {
 protected:

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/cimom/support/SmallNameSpace.h"
+#include "tests/cimom/support/StatusCodes.h"
 
 namespace cimom {
 namespace {
@@ -10,12 +11,11 @@ namespace {
 using test::arrayXml;
 using test::classNameXml;
 using test::errorOf;
+using test::kInvalidParameter;
+using test::kMethodNotFound;
+using test::kNotFound;
 using test::smallPath;
 using test::valueXml;
-
-constexpr int kInvalidParameter = 4;
-constexpr int kNotFound = 6;
-constexpr int kMethodNotFound = 17;
 
 class MethodCallTest : public testing::Test {
 protected:

@@ -3,15 +3,15 @@
 #include <gtest/gtest.h>
 
 #include "tests/cimom/support/SmallNameSpace.h"
+#include "tests/cimom/support/StatusCodes.h"
 
 namespace cimom {
 namespace {
 
 using test::errorOf;
+using test::kMethodNotAvailable;
+using test::kMethodNotFound;
 using test::smallPath;
-
-constexpr int kMethodNotAvailable = 16;
-constexpr int kMethodNotFound = 17;
 
 TEST(MethodTable, TellsADeclaredMethodWithoutImplementationFromAnUndeclaredOne) {
     test::SmallNameSpace space;

@@ -28,3 +28,18 @@ std::string messageThrownBy(Action action) {
     ADD_FAILURE() << "threw nothing";
     return "no exception";
 }
+
+template <class Action>
+void expectUninitialized(Action action) {
+    EXPECT_EQ(messageThrownBy<Pegasus::UninitializedObjectException>(action), "uninitialized object");
+}
+
+template <class Action>
+void expectTypeMismatch(Action action) {
+    EXPECT_EQ(messageThrownBy<Pegasus::TypeMismatchException>(action), "type mismatch");
+}
+
+template <class Action>
+void expectOutOfBounds(Action action) {
+    EXPECT_EQ(messageThrownBy<Pegasus::IndexOutOfBoundsException>(action), "index out of bounds");
+}

@@ -30,11 +30,6 @@ std::string join(const Array<String>& array) {
     return text;
 }
 
-template <class Action>
-void expectOutOfBounds(Action action) {
-    EXPECT_EQ(messageThrownBy<IndexOutOfBoundsException>(action), "index out of bounds");
-}
-
 }  // namespace
 
 TEST(Array, IsEmptyByDefault) {

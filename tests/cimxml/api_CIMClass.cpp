@@ -6,7 +6,7 @@ using namespace Pegasus;
 
 namespace {
 
-CIMClass fan() {
+CIMClass fanClass() {
     CIMClass result(CIMName("CIM_Fan"), CIMName("CIM_CoolingDevice"));
     result.addQualifier(CIMQualifier(CIMName("Description"), CIMValue(String("text"))));
     CIMProperty id(CIMName("DeviceID"), CIMValue(CIMTYPE_STRING, false), 0, CIMName(), CIMName("Origin"));
@@ -23,15 +23,10 @@ CIMClass withQualifier(const char* name, const CIMValue& value) {
     return result;
 }
 
-template <class Action>
-void expectUninitialized(Action action) {
-    EXPECT_EQ(messageThrownBy<UninitializedObjectException>(action), "uninitialized object");
-}
-
 }  // namespace
 
 TEST(CIMClass, HoldsWhatItIsMadeOf) {
-    const CIMClass c = fan();
+    const CIMClass c = fanClass();
     EXPECT_FALSE(c.isUninitialized());
     EXPECT_EQ(utf8(c.getClassName().getString()), "CIM_Fan");
     EXPECT_EQ(utf8(c.getSuperClassName().getString()), "CIM_CoolingDevice");
@@ -76,8 +71,8 @@ TEST(CIMClass, NullHandleThrowsWhenRead) {
     expectUninitialized([&] { null.removeMethod(0); });
     expectUninitialized([&] { null.getKeyNames(names); });
     expectUninitialized([&] { null.hasKeys(); });
-    expectUninitialized([&] { null.identical(fan()); });
-    expectUninitialized([&] { fan().identical(null); });
+    expectUninitialized([&] { null.identical(fanClass()); });
+    expectUninitialized([&] { fanClass().identical(null); });
     expectUninitialized([&] { null.buildInstance(true, true, CIMPropertyList()); });
     const CIMConstClass constNull;
     expectUninitialized([&] { constNull.getClassName(); });
@@ -88,15 +83,15 @@ TEST(CIMClass, IsAssociationOrAbstractByTrueQualifiers) {
     EXPECT_TRUE(withQualifier("ASSOCIATION", CIMValue(true)).isAssociation());
     EXPECT_FALSE(withQualifier("Association", CIMValue(false)).isAssociation());
     EXPECT_FALSE(withQualifier("Association", CIMValue(String("TRUE"))).isAssociation());
-    EXPECT_FALSE(fan().isAssociation());
+    EXPECT_FALSE(fanClass().isAssociation());
     EXPECT_TRUE(withQualifier("abstract", CIMValue(true)).isAbstract());
     EXPECT_FALSE(withQualifier("Abstract", CIMValue(false)).isAbstract());
-    EXPECT_FALSE(fan().isAbstract());
+    EXPECT_FALSE(fanClass().isAbstract());
     EXPECT_TRUE(CIMConstClass(withQualifier("Abstract", CIMValue(true))).isAbstract());
 }
 
 TEST(CIMClass, ChangesItsSuperClassAndPath) {
-    CIMClass c = fan();
+    CIMClass c = fanClass();
     c.setSuperClassName(CIMName());
     EXPECT_TRUE(c.getSuperClassName().isNull());
     c.setPath(CIMObjectPath(String("//h1/root:cim_fan")));
@@ -107,7 +102,7 @@ TEST(CIMClass, ChangesItsSuperClassAndPath) {
 }
 
 TEST(CIMClass, FindsElementsWithoutRegardToCase) {
-    const CIMClass c = fan();
+    const CIMClass c = fanClass();
     EXPECT_EQ(c.findProperty(CIMName("SPEED")), 1u);
     EXPECT_EQ(c.findMethod(CIMName("RESET")), 0u);
     EXPECT_EQ(c.findQualifier(CIMName("description")), 0u);
@@ -118,7 +113,7 @@ TEST(CIMClass, FindsElementsWithoutRegardToCase) {
 }
 
 TEST(CIMClass, RemovesElements) {
-    CIMClass c = fan();
+    CIMClass c = fanClass();
     c.removeMethod(0);
     c.removeProperty(0);
     c.removeQualifier(0);
@@ -132,7 +127,7 @@ TEST(CIMClass, RemovesElements) {
 }
 
 TEST(CIMClass, RejectsSecondAndNullElements) {
-    CIMClass c = fan();
+    CIMClass c = fanClass();
     EXPECT_EQ(messageThrownBy<AlreadyExistsException>(
                   [&] { c.addProperty(CIMProperty(CIMName("speed"), CIMValue())); }),
               "already exists: property \"speed\"");
@@ -148,7 +143,7 @@ TEST(CIMClass, RejectsSecondAndNullElements) {
 }
 
 TEST(CIMClass, ReferencePropertiesNeedAReferenceClass) {
-    CIMClass c = fan();
+    CIMClass c = fanClass();
     const CIMValue null(CIMTYPE_REFERENCE, false);
     EXPECT_EQ(messageThrownBy<TypeMismatchException>([&] { c.addProperty(CIMProperty(CIMName("r"), null)); }),
               "type mismatch");
@@ -157,7 +152,7 @@ TEST(CIMClass, ReferencePropertiesNeedAReferenceClass) {
 }
 
 TEST(CIMClass, KnowsItsOwnKeys) {
-    CIMClass c = fan();
+    CIMClass c = fanClass();
     CIMProperty no(CIMName("No"), CIMValue(true));
     no.addQualifier(CIMQualifier(CIMName("Key"), CIMValue(false)));
     CIMProperty null(CIMName("Null"), CIMValue(true));
@@ -176,7 +171,7 @@ TEST(CIMClass, KnowsItsOwnKeys) {
 }
 
 TEST(CIMClass, CopiesShareTheClass) {
-    CIMClass original = fan();
+    CIMClass original = fanClass();
     const CIMClass copy(original);
     const CIMConstClass constCopy(original);
     CIMConstClass assigned;
@@ -188,7 +183,7 @@ TEST(CIMClass, CopiesShareTheClass) {
 }
 
 TEST(CIMClass, ClonesAreIndependentDownToTheirElements) {
-    const CIMClass original = fan();
+    const CIMClass original = fanClass();
     CIMClass clone = original.clone();
     EXPECT_TRUE(clone.identical(original));
     clone.getMethod(0).setType(CIMTYPE_STRING);
@@ -200,30 +195,30 @@ TEST(CIMClass, ClonesAreIndependentDownToTheirElements) {
 }
 
 TEST(CIMClass, IsIdenticalToOneThatAgreesInAll) {
-    const CIMClass c = fan();
+    const CIMClass c = fanClass();
     EXPECT_TRUE(c.identical(c));
-    EXPECT_TRUE(c.identical(fan()));
-    CIMClass other = fan();
+    EXPECT_TRUE(c.identical(fanClass()));
+    CIMClass other = fanClass();
     other.setSuperClassName(CIMName("cim_coolingdevice"));
     EXPECT_TRUE(c.identical(other));
     other.setSuperClassName(CIMName("A"));
     EXPECT_FALSE(c.identical(other));
-    other = fan();
+    other = fanClass();
     other.removeMethod(0);
     EXPECT_FALSE(c.identical(other));
-    other = fan();
+    other = fanClass();
     other.getMethod(0).setPropagated(true);
     EXPECT_FALSE(c.identical(other));
-    other = fan();
+    other = fanClass();
     other.getMethod(0).setClassOrigin(CIMName("A"));
     EXPECT_FALSE(c.identical(other));
-    other = fan();
+    other = fanClass();
     other.removeProperty(1);
     EXPECT_FALSE(c.identical(other));
 }
 
 TEST(CIMClass, BuildsInstancesOfItself) {
-    const CIMClass c = fan();
+    const CIMClass c = fanClass();
     const CIMInstance bare = c.buildInstance(false, false, CIMPropertyList());
     EXPECT_EQ(utf8(bare.getPath().toString()), "CIM_Fan");
     EXPECT_EQ(bare.getQualifierCount(), 0u);
@@ -244,7 +239,7 @@ TEST(CIMClass, BuildsInstancesOfItself) {
 }
 
 TEST(CIMClass, InstancesItBuildsAreIndependent) {
-    const CIMClass c = fan();
+    const CIMClass c = fanClass();
     CIMInstance instance = c.buildInstance(true, true, CIMPropertyList());
     instance.getProperty(1).setValue(CIMValue(Uint64(8)));
     instance.getQualifier(0).setValue(CIMValue(true));

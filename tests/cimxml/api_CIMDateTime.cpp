@@ -23,11 +23,6 @@ std::string outOfRange(const char* text) {
     return messageThrownBy<DateTimeOutOfRangeException>([&] { datetime(text); });
 }
 
-template <class Action>
-void expectTypeMismatch(Action action) {
-    EXPECT_EQ(messageThrownBy<TypeMismatchException>(action), "type mismatch");
-}
-
 }  // namespace
 
 TEST(CIMDateTime, IsTheIntervalZeroByDefault) {

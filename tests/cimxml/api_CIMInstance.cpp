@@ -20,11 +20,6 @@ CIMProperty keyProperty(const char* name, const CIMValue& value) {
     return result;
 }
 
-template <class Action>
-void expectUninitialized(Action action) {
-    EXPECT_EQ(messageThrownBy<UninitializedObjectException>(action), "uninitialized object");
-}
-
 }  // namespace
 
 TEST(CIMInstance, HasClassNameAndPathOfItsClass) {

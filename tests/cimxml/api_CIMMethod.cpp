@@ -14,11 +14,6 @@ CIMMethod method() {
     return result;
 }
 
-template <class Action>
-void expectUninitialized(Action action) {
-    EXPECT_EQ(messageThrownBy<UninitializedObjectException>(action), "uninitialized object");
-}
-
 }  // namespace
 
 TEST(CIMMethod, HoldsWhatItIsMadeOf) {

@@ -8,7 +8,7 @@ using namespace Pegasus;
 
 namespace {
 
-CIMInstance instance() {
+CIMInstance someInstance() {
     CIMInstance result{CIMName("A")};
     result.addProperty(CIMProperty(CIMName("p"), CIMValue(Uint32(1))));
     result.addQualifier(CIMQualifier(CIMName("q"), CIMValue(true)));
@@ -31,21 +31,16 @@ std::string valueXml(const CIMValue& value) {
     return xml.substr(begin, xml.rfind("</PROPERTY") - begin);
 }
 
-template <class Action>
-void expectUninitialized(Action action) {
-    EXPECT_EQ(messageThrownBy<UninitializedObjectException>(action), "uninitialized object");
-}
-
 }  // namespace
 
 TEST(CIMObject, IsAnInstanceOrAClass) {
-    const CIMObject ofInstance(instance());
+    const CIMObject ofInstance(someInstance());
     const CIMObject ofClass{CIMClass(CIMName("A"))};
     EXPECT_TRUE(ofInstance.isInstance());
     EXPECT_FALSE(ofInstance.isClass());
     EXPECT_TRUE(ofClass.isClass());
     EXPECT_FALSE(ofClass.isInstance());
-    const CIMConstObject constOfInstance{CIMConstInstance(instance())};
+    const CIMConstObject constOfInstance{CIMConstInstance(someInstance())};
     EXPECT_TRUE(constOfInstance.isInstance());
     const CIMConstObject constOfClass{CIMConstClass(CIMName("A"))};
     EXPECT_TRUE(constOfClass.isClass());
@@ -71,8 +66,8 @@ TEST(CIMObject, NullHandleThrowsWhenRead) {
     expectUninitialized([&] { null.removeQualifier(0); });
     expectUninitialized([&] { null.toString(); });
     expectUninitialized([&] { null.clone(); });
-    expectUninitialized([&] { null.identical(CIMObject(instance())); });
-    expectUninitialized([&] { CIMObject(instance()).identical(null); });
+    expectUninitialized([&] { null.identical(CIMObject(someInstance())); });
+    expectUninitialized([&] { CIMObject(someInstance()).identical(null); });
     expectUninitialized([&] { null.instanceFilter(true, true, CIMPropertyList()); });
     EXPECT_TRUE(CIMConstObject().isUninitialized());
     expectUninitialized([] { CIMConstObject().getClassName(); });
@@ -85,7 +80,7 @@ TEST(CIMObject, CanBeMadeOfNullHandles) {
 }
 
 TEST(CIMObject, SharesTheObjectItIsMadeOf) {
-    CIMInstance i = instance();
+    CIMInstance i = someInstance();
     CIMObject object(i);
     object.removeProperty(0);
     EXPECT_EQ(i.getPropertyCount(), 0u);
@@ -95,7 +90,7 @@ TEST(CIMObject, SharesTheObjectItIsMadeOf) {
 }
 
 TEST(CIMObject, CannotBeCastToWhatItIsNot) {
-    const CIMObject ofInstance(instance());
+    const CIMObject ofInstance(someInstance());
     const CIMObject ofClass{CIMClass(CIMName("A"))};
     const std::string message = "dynamic cast failed";
     EXPECT_EQ(messageThrownBy<DynamicCastFailedException>([&] { (void)CIMClass(ofInstance); }), message);
@@ -107,7 +102,7 @@ TEST(CIMObject, CannotBeCastToWhatItIsNot) {
 }
 
 TEST(CIMObject, ReadsAndChangesElements) {
-    CIMObject object(instance());
+    CIMObject object(someInstance());
     object.addProperty(CIMProperty(CIMName("r"), CIMValue(true)))
         .addQualifier(CIMQualifier(CIMName("s"), CIMValue(true)));
     EXPECT_EQ(object.findProperty(CIMName("R")), 1u);
@@ -123,7 +118,7 @@ TEST(CIMObject, ReadsAndChangesElements) {
 }
 
 TEST(CIMObject, ClonesAreIndependent) {
-    const CIMObject original(instance());
+    const CIMObject original(someInstance());
     CIMObject clone = original.clone();
     EXPECT_TRUE(clone.identical(original));
     EXPECT_TRUE(clone.isInstance());
@@ -134,7 +129,7 @@ TEST(CIMObject, ClonesAreIndependent) {
 }
 
 TEST(CIMObject, FiltersPropertiesQualifiersAndOrigins) {
-    CIMInstance i = instance();
+    CIMInstance i = someInstance();
     CIMProperty p(CIMName("r"), CIMValue(true), 0, CIMName(), CIMName("Origin"));
     p.addQualifier(CIMQualifier(CIMName("q"), CIMValue(true)));
     i.addProperty(p);
@@ -155,7 +150,7 @@ TEST(CIMObject, FiltersPropertiesQualifiersAndOrigins) {
 }
 
 TEST(CIMObjectXml, OfAnInstance) {
-    EXPECT_EQ(utf8(CIMObject(instance()).toString()),
+    EXPECT_EQ(utf8(CIMObject(someInstance()).toString()),
               "<INSTANCE CLASSNAME=\"A\" >\n"
               "<QUALIFIER NAME=\"q\" TYPE=\"boolean\" OVERRIDABLE=\"false\" TOSUBCLASS=\"false\">\n"
               "<VALUE>TRUE</VALUE>\n</QUALIFIER>\n"

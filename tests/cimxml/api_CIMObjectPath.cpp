@@ -11,7 +11,7 @@ CIMObjectPath path(const std::string& text) {
     return CIMObjectPath(String(text.c_str()));
 }
 
-std::string roundTrip(const std::string& text) {
+std::string readAndWritten(const std::string& text) {
     return utf8(path(text).toString());
 }
 
@@ -59,24 +59,24 @@ TEST(CIMObjectPath, TextsComeBackAsTheyWere) {
           "root:A.a=\"x\",b=2,C=TRUE", "A.k=\"\"", "A.k=-5", "A.k=0xFF", "A.k=18446744073709551615",
           "A.k=-9223372036854775808", "A.k=\"a,b=c.d:e/f\"", "A.k=\"\\\"\"", "A.k=\"\\\\\"",
           "A.k=\"\xC3\xA4\xE2\x82\xAC\"", "\xC3\x84pfel.K\xC3\xB6rnung=1"})
-        EXPECT_EQ(roundTrip(text), text);
+        EXPECT_EQ(readAndWritten(text), text);
 }
 
 TEST(CIMObjectPath, SortsKeysWithoutRegardToCaseAndKeepsTheirSpelling) {
-    EXPECT_EQ(roundTrip("A.b=1,C=2,a=3"), "A.a=3,b=1,C=2");
+    EXPECT_EQ(readAndWritten("A.b=1,C=2,a=3"), "A.a=3,b=1,C=2");
 }
 
 TEST(CIMObjectPath, ReadsBooleansInAnyCase) {
-    EXPECT_EQ(roundTrip("A.k=true,l=False"), "A.k=TRUE,l=FALSE");
+    EXPECT_EQ(readAndWritten("A.k=true,l=False"), "A.k=TRUE,l=FALSE");
 }
 
 TEST(CIMObjectPath, DropsOneSlashBeforeTheNameSpace) {
-    EXPECT_EQ(roundTrip("/root/cimv2:A"), "root/cimv2:A");
+    EXPECT_EQ(readAndWritten("/root/cimv2:A"), "root/cimv2:A");
 }
 
 TEST(CIMObjectPath, AcceptsADotOrCommaWithoutKeyBehind) {
-    EXPECT_EQ(roundTrip("A."), "A");
-    EXPECT_EQ(roundTrip("A.k=1,"), "A.k=1");
+    EXPECT_EQ(readAndWritten("A."), "A");
+    EXPECT_EQ(readAndWritten("A.k=1,"), "A.k=1");
 }
 
 TEST(CIMObjectPath, UnescapesQuotedValues) {
@@ -115,7 +115,7 @@ TEST(CIMObjectPath, ReferencesNest) {
 }
 
 TEST(CIMObjectPath, SortsKeysWithinReferences) {
-    EXPECT_EQ(roundTrip("A.r=\"B.z=1,y=2\""), "A.r=\"B.y=2,z=1\"");
+    EXPECT_EQ(readAndWritten("A.r=\"B.z=1,y=2\""), "A.r=\"B.y=2,z=1\"");
 }
 
 TEST(CIMObjectPath, ReferenceKeysMustBePaths) {

@@ -4,15 +4,6 @@
 
 using namespace Pegasus;
 
-namespace {
-
-template <class Action>
-void expectUninitialized(Action action) {
-    EXPECT_EQ(messageThrownBy<UninitializedObjectException>(action), "uninitialized object");
-}
-
-}  // namespace
-
 TEST(CIMParamValue, HoldsWhatItIsMadeOf) {
     const CIMParamValue p(String("Speed"), CIMValue(Uint32(7)), false);
     EXPECT_EQ(utf8(p.getParameterName()), "Speed");

@@ -13,16 +13,6 @@ CIMParameter parameter() {
     return result;
 }
 
-template <class Action>
-void expectUninitialized(Action action) {
-    EXPECT_EQ(messageThrownBy<UninitializedObjectException>(action), "uninitialized object");
-}
-
-template <class Action>
-void expectTypeMismatch(Action action) {
-    EXPECT_EQ(messageThrownBy<TypeMismatchException>(action), "type mismatch");
-}
-
 }  // namespace
 
 TEST(CIMParameter, HoldsWhatItIsMadeOf) {

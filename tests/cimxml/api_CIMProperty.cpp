@@ -17,21 +17,6 @@ CIMValue twoNumbers() {
     return CIMValue(Array<Uint8>(2, Uint8(1)));
 }
 
-template <class Action>
-void expectUninitialized(Action action) {
-    EXPECT_EQ(messageThrownBy<UninitializedObjectException>(action), "uninitialized object");
-}
-
-template <class Action>
-void expectTypeMismatch(Action action) {
-    EXPECT_EQ(messageThrownBy<TypeMismatchException>(action), "type mismatch");
-}
-
-template <class Action>
-void expectOutOfBounds(Action action) {
-    EXPECT_EQ(messageThrownBy<IndexOutOfBoundsException>(action), "index out of bounds");
-}
-
 }  // namespace
 
 TEST(CIMProperty, HoldsWhatItIsMadeOf) {

@@ -11,11 +11,6 @@ CIMQualifier qualifier() {
     return CIMQualifier(CIMName("Description"), CIMValue(String("text")), CIMFlavor::TRANSLATABLE, true);
 }
 
-template <class Action>
-void expectUninitialized(Action action) {
-    EXPECT_EQ(messageThrownBy<UninitializedObjectException>(action), "uninitialized object");
-}
-
 }  // namespace
 
 TEST(CIMQualifier, HoldsWhatItIsMadeOf) {

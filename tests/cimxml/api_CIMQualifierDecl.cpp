@@ -15,11 +15,6 @@ std::string flavorOf(const CIMFlavor& flavor) {
     return utf8(declaration(flavor).getFlavor().toString());
 }
 
-template <class Action>
-void expectUninitialized(Action action) {
-    EXPECT_EQ(messageThrownBy<UninitializedObjectException>(action), "uninitialized object");
-}
-
 }  // namespace
 
 TEST(CIMQualifierDecl, HoldsWhatItIsMadeOf) {

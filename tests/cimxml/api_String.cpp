@@ -20,11 +20,6 @@ String repeated(const char* text, int count) {
     return result;
 }
 
-template <class Action>
-void expectOutOfBounds(Action action) {
-    EXPECT_EQ(messageThrownBy<IndexOutOfBoundsException>(action), "index out of bounds");
-}
-
 }  // namespace
 
 TEST(String, IsEmptyByDefault) {

@@ -19,14 +19,14 @@ TARGET As(const TCIMValue& value) {
     return value;
 }
 
-TCIMReference Reference(const std::string& path) {
+TCIMReference ReferenceTo(const std::string& path) {
     TCIMReference reference(nullptr, {});
     reference.SetPath(path);
     return reference;
 }
 
 TCIMValue ReferenceValue(const std::string& path) {
-    TCIMReference reference = Reference(path);
+    TCIMReference reference = ReferenceTo(path);
     return TCIMValue(reference);
 }
 
@@ -329,7 +329,7 @@ TEST(TCIMValue, IsIndependentOfItsCopies) {
     static_cast<TValues&>(array)[0] = TCIMValue(9);
     EXPECT_EQ(copy.ToString(10), "1");
 
-    TCIMReference reference = Reference("A.k=1");
+    TCIMReference reference = ReferenceTo("A.k=1");
     const TCIMValue value(reference);
     reference.SetPath("B.k=1");
     EXPECT_EQ(value.ToString(10), "A.k=1");

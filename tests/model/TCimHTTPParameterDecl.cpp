@@ -5,6 +5,8 @@
 namespace NQELVSK20 {
 namespace {
 
+using Type = TCIMValue::TCIMType;
+
 class ParameterDeclTest : public ElementTest {};
 
 TEST_F(ParameterDeclTest, BelongsToItsMethod) {
@@ -12,7 +14,6 @@ TEST_F(ParameterDeclTest, BelongsToItsMethod) {
 }
 
 TEST_F(ParameterDeclTest, IsAnArrayWhenItsTypeIsAnArrayCode) {
-    using Type = TCIMValue::TCIMType;
     for (int code = Type::eUnknown; code <= Type::eReferenceArray; ++code) {
         const auto parameter = MakeParameter("Mode", static_cast<Type::ECIMType>(code));
         EXPECT_EQ(static_cast<int>(parameter->GetType(TContext())), code);

@@ -14,47 +14,49 @@ using TType = TCIMValue::TCIMType;
 
 namespace {
 
-std::string json(const TCIMValue& value) {
+std::string compactJson(const TCIMValue& value) {
     return jsonText(jsonValue(value), -1, false);
 }
 
 }  // namespace
 
 TEST(JsonValue, WritesIntegersExactly) {
-    EXPECT_EQ(json(TCIMValue(18446744073709551615ULL)), "18446744073709551615");
-    EXPECT_EQ(json(TCIMValue(std::numeric_limits<long long>::min())), "-9223372036854775808");
-    EXPECT_EQ(json(TCIMValue(static_cast<unsigned char>(65))), "65");
-    EXPECT_EQ(json(TCIMValue(static_cast<signed char>(-65))), "-65");
+    EXPECT_EQ(compactJson(TCIMValue(18446744073709551615ULL)), "18446744073709551615");
+    EXPECT_EQ(compactJson(TCIMValue(std::numeric_limits<long long>::min())), "-9223372036854775808");
+    EXPECT_EQ(compactJson(TCIMValue(static_cast<unsigned char>(65))), "65");
+    EXPECT_EQ(compactJson(TCIMValue(static_cast<signed char>(-65))), "-65");
 }
 
 TEST(JsonValue, WritesRealsInTheirShortestForm) {
-    EXPECT_EQ(json(TCIMValue(0.1F)), "0.1");
-    EXPECT_EQ(json(TCIMValue(0.1)), "0.1");
-    EXPECT_EQ(json(TCIMValue(2.0)), "2.0");
+    EXPECT_EQ(compactJson(TCIMValue(0.1F)), "0.1");
+    EXPECT_EQ(compactJson(TCIMValue(0.1)), "0.1");
+    EXPECT_EQ(compactJson(TCIMValue(2.0)), "2.0");
 }
 
 TEST(JsonValue, WritesRealsThatJsonHasNoNumberForAsText) {
-    EXPECT_EQ(json(TCIMValue(std::numeric_limits<double>::quiet_NaN())), "\"NaN\"");
-    EXPECT_EQ(json(TCIMValue(std::numeric_limits<float>::infinity())), "\"INF\"");
-    EXPECT_EQ(json(TCIMValue(-std::numeric_limits<double>::infinity())), "\"-INF\"");
+    EXPECT_EQ(compactJson(TCIMValue(std::numeric_limits<double>::quiet_NaN())), "\"NaN\"");
+    EXPECT_EQ(compactJson(TCIMValue(std::numeric_limits<float>::infinity())), "\"INF\"");
+    EXPECT_EQ(compactJson(TCIMValue(-std::numeric_limits<double>::infinity())), "\"-INF\"");
 }
 
 TEST(JsonValue, KeepsBooleansArraysAndNullApartFromText) {
-    EXPECT_EQ(json(TCIMValue(true)), "true");
-    EXPECT_EQ(json(TCIMValue()), "null");
-    EXPECT_EQ(json(TCIMValue(TType(TType::eUint16Array), 0)), "null");
-    EXPECT_EQ(json(TCIMValue(TType::eUint16, 0, {TCIMValue(static_cast<unsigned short>(1)), TCIMValue()})),
-              "[1,null]");
-    EXPECT_EQ(json(TCIMValue("true")), "\"true\"");
+    EXPECT_EQ(compactJson(TCIMValue(true)), "true");
+    EXPECT_EQ(compactJson(TCIMValue()), "null");
+    EXPECT_EQ(compactJson(TCIMValue(TType(TType::eUint16Array), 0)), "null");
+    EXPECT_EQ(
+        compactJson(TCIMValue(TType::eUint16, 0, {TCIMValue(static_cast<unsigned short>(1)), TCIMValue()})),
+        "[1,null]");
+    EXPECT_EQ(compactJson(TCIMValue("true")), "\"true\"");
 }
 
 TEST(JsonValue, WritesTheRestAsText) {
-    EXPECT_EQ(json(TCIMValue(TCIMChar16("65"))), "\"A\"");
-    EXPECT_EQ(json(TCIMValue(TCIMDateTime("20240901090000.000000+060"))), "\"20240901090000.000000+060\"");
+    EXPECT_EQ(compactJson(TCIMValue(TCIMChar16("65"))), "\"A\"");
+    EXPECT_EQ(compactJson(TCIMValue(TCIMDateTime("20240901090000.000000+060"))),
+              "\"20240901090000.000000+060\"");
 }
 
 TEST(JsonValue, StaysValidWhateverTheServerSent) {
-    EXPECT_EQ(json(TCIMValue("a\xff\x1b")), "\"a\xEF\xBF\xBD\\u001b\"");
+    EXPECT_EQ(compactJson(TCIMValue("a\xff\x1b")), "\"a\xEF\xBF\xBD\\u001b\"");
     EXPECT_EQ(jsonText(jsonValue(TCIMValue("é\x7f")), -1, true), "\"\\u00e9\\u007f\"");
 }
 
