@@ -47,3 +47,8 @@ if(CIMHTTP_COVERAGE)
   add_compile_options(--coverage)
   add_link_options(--coverage)
 endif()
+
+# A command line is read once in a program's run; what reads it is templates whose optimisation takes long.
+function(cimhttp_compile_quickly)
+  set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS -O0)
+endfunction()
