@@ -17,6 +17,10 @@ struct Range {
     const char* above;
 };
 
+void PrintTo(const Range& range, std::ostream* out) {
+    *out << range.type;
+}
+
 class IntegerRange : public testing::TestWithParam<Range> {};
 
 TEST_P(IntegerRange, EndsWhereTheTypeEnds) {

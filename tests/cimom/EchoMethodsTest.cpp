@@ -22,6 +22,10 @@ struct Echo {
     std::vector<std::string> values;
 };
 
+void PrintTo(const Echo& echo, std::ostream* out) {
+    *out << echo.type;
+}
+
 class EchoMethodsTest : public testing::TestWithParam<Echo> {
 protected:
     static std::string methodOf(std::string type) {

@@ -22,6 +22,10 @@ struct Request {
     std::function<bool(PegClient&, unsigned int timeout)> send;
 };
 
+void PrintTo(const Request& request, std::ostream* out) {
+    *out << request.name;
+}
+
 bool SendGetClass(PegClient& client, unsigned int timeout) {
     return !client
                 .GetClass("root/cimv2", "OMC_NumericSensor", timeout, true, true, false,

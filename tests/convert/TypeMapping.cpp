@@ -15,6 +15,10 @@ struct Row {
     Type::ECIMType array;
 };
 
+void PrintTo(const Row& row, std::ostream* out) {
+    *out << Pegasus::cimTypeToString(row.remote);
+}
+
 class TypeMappingTest : public ::testing::TestWithParam<Row> {};
 
 TEST_P(TypeMappingTest, GivesTheScalarAndTheArrayCode) {
