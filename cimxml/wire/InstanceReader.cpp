@@ -1,5 +1,7 @@
 #include "cimxml/wire/InstanceReader.h"
 
+#include <Pegasus/Common/Exception.h>
+
 #include "cimxml/wire/PathReader.h"
 #include "cimxml/wire/PropertyReader.h"
 #include "cimxml/wire/QualifierReader.h"
@@ -31,7 +33,11 @@ CIMInstance InstanceReader::readNamed(pugi::xml_node node) {
         failAt(node, "an instance path");
     }
     CIMInstance instance = read(requireElement(node, "INSTANCE"));
-    instance.setPath(PathReader(context_).read(path));
+    try {
+        instance.setPath(PathReader(context_).read(path));
+    } catch (const TypeMismatchException&) {
+        failAt(path, "a path of the instance's own class");
+    }
     return instance;
 }
 

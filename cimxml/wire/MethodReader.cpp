@@ -28,6 +28,8 @@ CIMMethod MethodReader::read(pugi::xml_node node) {
             method.addParameter(readParameter(child));
         } catch (const AlreadyExistsException&) {
             failAt(child, "each parameter once");
+        } catch (const TypeMismatchException&) {
+            failAt(child, "a reference's class in attribute REFERENCECLASS");
         }
     }
     return method;

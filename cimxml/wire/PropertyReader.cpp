@@ -102,6 +102,8 @@ void PropertyReader::addTo(Owner& owner, pugi::xml_node node) {
             owner.addProperty(read(child));
         } catch (const AlreadyExistsException&) {
             failAt(child, "each property once");
+        } catch (const TypeMismatchException&) {
+            failAt(child, "a reference's class in attribute REFERENCECLASS");
         }
     }
 }
