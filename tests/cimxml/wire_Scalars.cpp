@@ -16,7 +16,7 @@ template <class Number>
 class Integers : public testing::Test {};
 
 using IntegerTypes = testing::Types<Uint8, Sint8, Uint16, Sint16, Uint32, Sint32, Uint64, Sint64>;
-TYPED_TEST_SUITE(Integers, IntegerTypes);
+TYPED_TEST_SUITE(Integers, IntegerTypes, );
 
 TYPED_TEST(Integers, ReachTheirLimits) {
     using Limits = std::numeric_limits<TypeParam>;

@@ -10,9 +10,10 @@ namespace tool {
 using NQELVSK20::TCIMChar16;
 using NQELVSK20::TCIMDateTime;
 using NQELVSK20::TCIMValue;
-using TType = TCIMValue::TCIMType;
 
 namespace {
+
+using TType = TCIMValue::TCIMType;
 
 std::string compactJson(const TCIMValue& value) {
     return jsonText(jsonValue(value), -1, false);

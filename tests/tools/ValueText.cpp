@@ -6,9 +6,10 @@ namespace tool {
 
 using NQELVSK20::TCIMChar16;
 using NQELVSK20::TCIMValue;
-using TType = TCIMValue::TCIMType;
 
 namespace {
+
+using TType = TCIMValue::TCIMType;
 
 TCIMValue arrayOf(TType type, const std::vector<TCIMValue>& elements) {
     return TCIMValue(type, 0, elements);
