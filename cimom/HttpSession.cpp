@@ -99,7 +99,6 @@ private:
     void parseHead(std::size_t size) {
         request_.head.assign(static_cast<const char*>(buffer_.data().data()), size - 2);
         parser_.emplace();
-        parser_->eager(true);
         parser_->header_limit(kMaxHeadBytes);
         parser_->body_limit(context_->endpoint.maxBodyBytes);
         error_code error;

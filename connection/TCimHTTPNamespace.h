@@ -182,7 +182,7 @@ private:
     /// One hypervisor detection a process, for the first namespace that gets there.
     static bool detectionDone_;
 
-    /// Time-out of a class's fetch in milliseconds: 15000, but in tests.
+    /// Time-out of a class's fetch in milliseconds: kDefinitionTimeoutMs, but in tests.
     static unsigned int fetchTimeout_;
 };
 

@@ -8,6 +8,7 @@
 #include "connection/PegClient.h"
 #include "connection/PegText.h"
 #include "connection/TCimHTTPNamespace.h"
+#include "model/DefinitionTimeout.h"
 #include "model/TCimHTTPClass.h"
 #include "namespace/PendingClass.h"
 #include "namespace/RaisedTimeout.h"
@@ -40,7 +41,7 @@ void DeclareNodeId(TCimHTTPClass& cimClass) {
 
 }  // namespace
 
-unsigned int TCimHTTPNamespace::fetchTimeout_ = 15000;
+unsigned int TCimHTTPNamespace::fetchTimeout_ = kDefinitionTimeoutMs;
 
 boost::shared_ptr<ICIMClass> TCimHTTPNamespace::GetClass(const std::string& name, TContext context) {
     if (!connected_) {

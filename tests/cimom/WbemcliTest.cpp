@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <sstream>
 #include <vector>
 
 #include "cimom/RepositoryData.h"
@@ -13,18 +12,10 @@
 namespace cimom {
 namespace {
 
+using support::linesOf;
 using support::ProcessResult;
 using support::runProcess;
 using Lines = std::vector<std::string>;
-
-Lines linesOf(const std::string& text) {
-    Lines lines;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);) {
-        lines.push_back(line);
-    }
-    return lines;
-}
 
 class WbemcliTest : public testing::Test {
 protected:

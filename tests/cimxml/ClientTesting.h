@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "cimom/Server.h"
+#include "tests/cimxml/ApiTesting.h"
 
 /// A client, and an embedded server with the sample machine's first node to talk to.
 class ClientTest : public testing::Test {
@@ -58,22 +59,18 @@ protected:
     Pegasus::CIMClient client;
 };
 
-/// Message of the exception that `action` throws, which has to be an Expected.
+/// Message of the Expected that `action` throws, or of what is derived from it: the client's exceptions may
+/// hold their cause.
 template <class Expected, class Action>
-std::string messageOf(Action action) {
+std::string clientErrorOf(Action action) {
     try {
         action();
     } catch (const Expected& exception) {
-        return static_cast<const char*>(exception.getMessage().getCString());
+        return utf8(exception.getMessage());
     } catch (const Pegasus::Exception& exception) {
-        ADD_FAILURE() << "another exception: "
-                      << static_cast<const char*>(exception.getMessage().getCString());
+        ADD_FAILURE() << "another exception: " << utf8(exception.getMessage());
         return {};
     }
     ADD_FAILURE() << "threw nothing";
     return {};
-}
-
-inline std::string textOf(const Pegasus::String& text) {
-    return static_cast<const char*>(text.getCString());
 }

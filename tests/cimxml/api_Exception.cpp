@@ -8,7 +8,7 @@ using namespace Pegasus;
 namespace {
 
 template <class E>
-std::string ownMessageOf(const E& exception) {
+std::string messageOf(const E& exception) {
     try {
         throw exception;
     } catch (const Exception& caught) {
@@ -19,35 +19,35 @@ std::string ownMessageOf(const E& exception) {
 }  // namespace
 
 TEST(Exception, HasItsMessage) {
-    EXPECT_EQ(ownMessageOf(Exception(String("text"))), "text");
+    EXPECT_EQ(messageOf(Exception(String("text"))), "text");
 }
 
 TEST(Exception, MessagesWithoutArgument) {
-    EXPECT_EQ(ownMessageOf(IndexOutOfBoundsException()), "index out of bounds");
-    EXPECT_EQ(ownMessageOf(UninitializedObjectException()), "uninitialized object");
-    EXPECT_EQ(ownMessageOf(TypeMismatchException()), "type mismatch");
-    EXPECT_EQ(ownMessageOf(DynamicCastFailedException()), "dynamic cast failed");
-    EXPECT_EQ(ownMessageOf(InvalidDateTimeFormatException()), "invalid datetime format");
-    EXPECT_EQ(ownMessageOf(CannotCreateSocketException()), "Cannot create socket");
-    EXPECT_EQ(ownMessageOf(AlreadyConnectedException()), "already connected");
-    EXPECT_EQ(ownMessageOf(NotConnectedException()), "not connected");
-    EXPECT_EQ(ownMessageOf(ConnectionTimeoutException()), "connection timed out");
-    EXPECT_EQ(ownMessageOf(InvalidEnumerationContextException()),
+    EXPECT_EQ(messageOf(IndexOutOfBoundsException()), "index out of bounds");
+    EXPECT_EQ(messageOf(UninitializedObjectException()), "uninitialized object");
+    EXPECT_EQ(messageOf(TypeMismatchException()), "type mismatch");
+    EXPECT_EQ(messageOf(DynamicCastFailedException()), "dynamic cast failed");
+    EXPECT_EQ(messageOf(InvalidDateTimeFormatException()), "invalid datetime format");
+    EXPECT_EQ(messageOf(CannotCreateSocketException()), "Cannot create socket");
+    EXPECT_EQ(messageOf(AlreadyConnectedException()), "already connected");
+    EXPECT_EQ(messageOf(NotConnectedException()), "not connected");
+    EXPECT_EQ(messageOf(ConnectionTimeoutException()), "connection timed out");
+    EXPECT_EQ(messageOf(InvalidEnumerationContextException()),
               "Invalid Enumeration Context, uninitilialized");
 }
 
 TEST(Exception, MessagesWithArgument) {
     const String x("X");
-    EXPECT_EQ(ownMessageOf(AlreadyExistsException(x)), "already exists: X");
-    EXPECT_EQ(ownMessageOf(InvalidNameException(x)), "The CIM name is not valid: X");
-    EXPECT_EQ(ownMessageOf(InvalidNamespaceNameException(x)), "invalid CIM namespace name: X");
-    EXPECT_EQ(ownMessageOf(TypeMismatchException(x)), "type mismatch: X");
-    EXPECT_EQ(ownMessageOf(DateTimeOutOfRangeException(x)), "DateTime is out of range : X");
-    EXPECT_EQ(ownMessageOf(MalformedObjectNameException(x)), "malformed object name: X");
-    EXPECT_EQ(ownMessageOf(BindFailedException(x)), "Bind failed: X");
-    EXPECT_EQ(ownMessageOf(InvalidLocatorException(x)), "Invalid locator: X");
-    EXPECT_EQ(ownMessageOf(CannotConnectException(x)), "X");
-    EXPECT_EQ(ownMessageOf(SSLException(x)), "SSL Exception: X");
+    EXPECT_EQ(messageOf(AlreadyExistsException(x)), "already exists: X");
+    EXPECT_EQ(messageOf(InvalidNameException(x)), "The CIM name is not valid: X");
+    EXPECT_EQ(messageOf(InvalidNamespaceNameException(x)), "invalid CIM namespace name: X");
+    EXPECT_EQ(messageOf(TypeMismatchException(x)), "type mismatch: X");
+    EXPECT_EQ(messageOf(DateTimeOutOfRangeException(x)), "DateTime is out of range : X");
+    EXPECT_EQ(messageOf(MalformedObjectNameException(x)), "malformed object name: X");
+    EXPECT_EQ(messageOf(BindFailedException(x)), "Bind failed: X");
+    EXPECT_EQ(messageOf(InvalidLocatorException(x)), "Invalid locator: X");
+    EXPECT_EQ(messageOf(CannotConnectException(x)), "X");
+    EXPECT_EQ(messageOf(SSLException(x)), "SSL Exception: X");
 }
 
 TEST(Exception, CopiesKeepTheMessage) {
@@ -64,20 +64,20 @@ TEST(Exception, CopiesKeepTheMessage) {
 TEST(CIMException, HasCodeAndMessage) {
     const CIMException exception(CIM_ERR_NOT_FOUND, String("no such thing"));
     EXPECT_EQ(exception.getCode(), CIM_ERR_NOT_FOUND);
-    EXPECT_EQ(ownMessageOf(exception), "no such thing");
+    EXPECT_EQ(messageOf(exception), "no such thing");
 }
 
 TEST(CIMException, IsSuccessWithoutTextByDefault) {
     const CIMException exception;
     EXPECT_EQ(exception.getCode(), CIM_ERR_SUCCESS);
-    EXPECT_EQ(ownMessageOf(exception), "");
+    EXPECT_EQ(messageOf(exception), "");
 }
 
 TEST(CIMException, TakesErrorInstances) {
     const CIMInstance instance(CIMName("CIM_Error"));
     EXPECT_EQ(CIMException(CIM_ERR_FAILED, String("x"), instance).getCode(), CIM_ERR_FAILED);
     const Array<CIMInstance> instances(2, instance);
-    EXPECT_EQ(ownMessageOf(CIMException(CIM_ERR_FAILED, String("x"), instances)), "x");
+    EXPECT_EQ(messageOf(CIMException(CIM_ERR_FAILED, String("x"), instances)), "x");
 }
 
 TEST(CIMException, CopiesKeepCodeAndMessage) {

@@ -39,7 +39,7 @@ TEST_F(Authentication, WrongCredentialsThrow) {
         FAIL() << "threw nothing";
     } catch (const CIMClientHTTPErrorException& exception) {
         EXPECT_EQ(exception.getCode(), 401U);
-        EXPECT_EQ(textOf(exception.getMessage()).substr(0, 16), "HTTP Error (401 ");
+        EXPECT_EQ(utf8(exception.getMessage()).substr(0, 16), "HTTP Error (401 ");
     }
     EXPECT_EQ(server.requests().size(), 2U);
 }

@@ -12,13 +12,13 @@ using Kind = cimom::Fault::Kind;
 using Connection = ClientTest;
 
 TEST_F(Connection, ARequestWithoutOneThrows) {
-    EXPECT_EQ(messageOf<NotConnectedException>([&] { anyRequest(); }), "not connected");
+    EXPECT_EQ(clientErrorOf<NotConnectedException>([&] { anyRequest(); }), "not connected");
 }
 
 TEST_F(Connection, ARequestAfterDisconnectThrows) {
     serveAndConnect();
     client.disconnect();
-    EXPECT_EQ(messageOf<NotConnectedException>([&] { anyRequest(); }), "not connected");
+    EXPECT_EQ(clientErrorOf<NotConnectedException>([&] { anyRequest(); }), "not connected");
 }
 
 TEST_F(Connection, DisconnectingWithoutOneIsHarmless) {
@@ -29,7 +29,7 @@ TEST_F(Connection, DisconnectingWithoutOneIsHarmless) {
 
 TEST_F(Connection, ConnectingTwiceThrows) {
     serveAndConnect();
-    EXPECT_EQ(messageOf<AlreadyConnectedException>([&] { connect(); }), "already connected");
+    EXPECT_EQ(clientErrorOf<AlreadyConnectedException>([&] { connect(); }), "already connected");
     EXPECT_GT(anyRequest().size(), 0U);
 }
 
@@ -43,13 +43,13 @@ TEST_F(Connection, ConnectingAfterDisconnectWorks) {
 TEST_F(Connection, NobodyListeningThrows) {
     serve();
     server.stop();
-    EXPECT_EQ(messageOf<CannotConnectException>([&] { connect(); }),
+    EXPECT_EQ(clientErrorOf<CannotConnectException>([&] { connect(); }),
               "Cannot connect to " + locator() + ". Connection failed.");
     EXPECT_THROW(anyRequest(), NotConnectedException);
 }
 
 TEST_F(Connection, AnUnknownHostThrows) {
-    EXPECT_EQ(messageOf<InvalidLocatorException>(
+    EXPECT_EQ(clientErrorOf<InvalidLocatorException>(
                   [&] { client.connect(String("no.such.host.invalid"), 5988, String(), String()); }),
               "Invalid locator: no.such.host.invalid:5988");
 }
@@ -58,9 +58,9 @@ TEST_F(Connection, TlsAgainstAServerWithoutItThrows) {
     serve();
     const SSLContext context(String(), nullptr, String());
     client.setTimeout(2000);
-    EXPECT_EQ(
-        messageOf<CannotConnectException>([&] { client.connect(host, port, context, String(), String()); }),
-        "Cannot connect to " + locator() + ". Connection failed.");
+    EXPECT_EQ(clientErrorOf<CannotConnectException>(
+                  [&] { client.connect(host, port, context, String(), String()); }),
+              "Cannot connect to " + locator() + ". Connection failed.");
 }
 
 TEST_F(Connection, TlsWithAnUncheckedCertificateWorks) {
@@ -92,7 +92,7 @@ TEST_F(Connection, NoAnswerInTimeThrowsAndTheNextRequestReconnects) {
     serveAndConnect();
     inject(Kind::NoAnswer);
     client.setTimeout(200);
-    EXPECT_EQ(messageOf<ConnectionTimeoutException>([&] { anyRequest(); }), "connection timed out");
+    EXPECT_EQ(clientErrorOf<ConnectionTimeoutException>([&] { anyRequest(); }), "connection timed out");
     client.setTimeout(20000);
     EXPECT_GT(anyRequest().size(), 0U);
     EXPECT_EQ(server.connectionsAccepted(), 2U);
@@ -112,7 +112,7 @@ TEST_F(Connection, AfterATimeOutTheClientMayBeConnectedElsewhere) {
 TEST_F(Connection, ClosedInPlaceOfAnAnswerThrowsAndTheNextRequestReconnects) {
     serveAndConnect();
     inject(Kind::CloseBeforeAnswer);
-    EXPECT_EQ(messageOf<CIMClientMalformedHTTPException>([&] { anyRequest(); }),
+    EXPECT_EQ(clientErrorOf<CIMClientMalformedHTTPException>([&] { anyRequest(); }),
               "Connection closed by CIM Server.");
     EXPECT_EQ(server.requests().size(), 1U) << "the lost request was sent again";
     EXPECT_GT(anyRequest().size(), 0U);
@@ -135,7 +135,7 @@ TEST_F(Connection, AServerThatStaysAwayThrowsOnEveryRequest) {
     anyRequest();
     server.stop();
     for (int i = 0; i < 2; ++i) {
-        EXPECT_EQ(messageOf<CannotConnectException>([&] { anyRequest(); }),
+        EXPECT_EQ(clientErrorOf<CannotConnectException>([&] { anyRequest(); }),
                   "Cannot connect to " + locator() + ". Connection failed.");
     }
 }

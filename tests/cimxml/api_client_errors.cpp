@@ -21,7 +21,7 @@ TEST_F(Errors, ACimErrorKeepsCodeAndDescription) {
         FAIL() << "threw nothing";
     } catch (const CIMException& exception) {
         EXPECT_EQ(exception.getCode(), CIM_ERR_INVALID_CLASS);
-        EXPECT_EQ(textOf(exception.getMessage()), "no such class <here>");
+        EXPECT_EQ(utf8(exception.getMessage()), "no such class <here>");
     }
 }
 
@@ -59,7 +59,7 @@ TEST_F(Errors, AnErrorInTheTrailerWins) {
         FAIL() << "threw nothing";
     } catch (const CIMException& exception) {
         EXPECT_EQ(exception.getCode(), CIM_ERR_FAILED);
-        EXPECT_EQ(textOf(exception.getMessage()), "provider died");
+        EXPECT_EQ(utf8(exception.getMessage()), "provider died");
     }
 }
 
@@ -71,7 +71,7 @@ TEST_F(Errors, AnHttpStatusSaysWhich) {
         FAIL() << "threw nothing";
     } catch (const CIMClientHTTPErrorException& exception) {
         EXPECT_EQ(exception.getCode(), 500U);
-        EXPECT_EQ(textOf(exception.getMessage()), "HTTP Error (500 Out Of Order).");
+        EXPECT_EQ(utf8(exception.getMessage()), "HTTP Error (500 Out Of Order).");
     }
 }
 
@@ -84,10 +84,10 @@ TEST_F(Errors, AnHttpStatusMayHaveReasons) {
         anyRequest();
         FAIL() << "threw nothing";
     } catch (const CIMClientHTTPErrorException& exception) {
-        EXPECT_EQ(textOf(exception.getCIMError()), "request-not-valid");
-        EXPECT_EQ(textOf(exception.getCIMErrorDetail()), "missing name");
+        EXPECT_EQ(utf8(exception.getCIMError()), "request-not-valid");
+        EXPECT_EQ(utf8(exception.getCIMErrorDetail()), "missing name");
         EXPECT_EQ(
-            textOf(exception.getMessage()),
+            utf8(exception.getMessage()),
             "HTTP Error (400 Bad Request): CIMError = \"request-not-valid\" Detail = \"missing name\".");
     }
 }
@@ -107,7 +107,7 @@ std::string answer(const std::string& fields, const std::string& body) {
 TEST_F(Errors, AnAnswerWithoutCimOperationThrows) {
     serveAndConnect();
     answerWith(answer("", "<CIM/>"));
-    EXPECT_EQ(messageOf<CIMClientMalformedHTTPException>([&] { anyRequest(); }),
+    EXPECT_EQ(clientErrorOf<CIMClientMalformedHTTPException>([&] { anyRequest(); }),
               "Missing CIMOperation HTTP header");
 }
 
@@ -118,19 +118,19 @@ TEST_F(Errors, AnAnswerToAnotherRequestThrows) {
                       "<MESSAGE ID=\"another\" PROTOCOLVERSION=\"1.0\"><SIMPLERSP>"
                       "<IMETHODRESPONSE NAME=\"EnumerateClassNames\"><IRETURNVALUE></IRETURNVALUE>"
                       "</IMETHODRESPONSE></SIMPLERSP></MESSAGE></CIM>"));
-    const std::string message = messageOf<CIMClientResponseException>([&] { anyRequest(); });
+    const std::string message = clientErrorOf<CIMClientResponseException>([&] { anyRequest(); });
     EXPECT_EQ(message.rfind("Mismatched response message ID:  Got \"another\", expected ", 0), 0U) << message;
 }
 
 TEST_F(Errors, ExceptionsAreExceptions) {
-    EXPECT_STREQ(textOf(CIMClientXmlException(String("x")).getMessage()).c_str(), "x");
-    EXPECT_STREQ(textOf(CIMClientResponseException(String("y")).getMessage()).c_str(), "y");
-    EXPECT_STREQ(textOf(CIMClientMalformedHTTPException(String("z")).getMessage()).c_str(), "z");
+    EXPECT_STREQ(utf8(CIMClientXmlException(String("x")).getMessage()).c_str(), "x");
+    EXPECT_STREQ(utf8(CIMClientResponseException(String("y")).getMessage()).c_str(), "y");
+    EXPECT_STREQ(utf8(CIMClientMalformedHTTPException(String("z")).getMessage()).c_str(), "z");
     const CIMClientHTTPErrorException error(404, String("Not Found"), String(), String());
     const CIMClientHTTPErrorException copy(error);
     EXPECT_EQ(copy.getCode(), 404U);
-    EXPECT_EQ(textOf(copy.getMessage()), "HTTP Error (404 Not Found).");
-    EXPECT_EQ(textOf(CIMClientHTTPErrorException(500, String("e"), String("d")).getMessage()),
+    EXPECT_EQ(utf8(copy.getMessage()), "HTTP Error (404 Not Found).");
+    EXPECT_EQ(utf8(CIMClientHTTPErrorException(500, String("e"), String("d")).getMessage()),
               "HTTP Error (500): CIMError = \"e\" Detail = \"d\".");
 }
 

@@ -27,13 +27,12 @@ protected:
         const CIMValue returned =
             client.invokeMethod(nameSpace, pathOf("OMC_EchoService"), CIMName(method), in, out);
         if (value.getType() != CIMTYPE_REFERENCE) {
-            EXPECT_TRUE(returned.equal(value)) << method << ": " << textOf(returned.toString());
+            EXPECT_TRUE(returned.equal(value)) << method << ": " << utf8(returned.toString());
         }
         ASSERT_EQ(out.size(), 2U) << method;
-        EXPECT_EQ(textOf(out[0].getParameterName()), "ValueEcho");
-        EXPECT_TRUE(out[0].getValue().equal(value)) << method << ": " << textOf(out[0].getValue().toString());
-        EXPECT_TRUE(out[1].getValue().equal(values))
-            << method << ": " << textOf(out[1].getValue().toString());
+        EXPECT_EQ(utf8(out[0].getParameterName()), "ValueEcho");
+        EXPECT_TRUE(out[0].getValue().equal(value)) << method << ": " << utf8(out[0].getValue().toString());
+        EXPECT_TRUE(out[1].getValue().equal(values)) << method << ": " << utf8(out[1].getValue().toString());
     }
 
     template <class T>
@@ -97,7 +96,7 @@ TEST_F(Operations, InstanceNamesHaveNeitherHostNorNamespace) {
         EXPECT_TRUE(names[i].getNameSpace().isNull());
         EXPECT_EQ(names[i].getKeyBindings().size(), 4U);
     }
-    EXPECT_EQ(textOf(names[0].toString()),
+    EXPECT_EQ(utf8(names[0].toString()),
               "OMC_NumericSensor.CreationClassName=\"OMC_NumericSensor\",DeviceID=\"1.0.32.55\","
               "SystemCreationClassName=\"OMC_UnitaryComputerSystem\",SystemName=\"node-0.machine.example\"");
 }
@@ -108,7 +107,7 @@ TEST_F(Operations, InstancesHaveTheirPathsWithoutHostAndNamespace) {
     const Array<CIMObjectPath> names = client.enumerateInstanceNames(nameSpace, CIMName("CIM_Sensor"));
     ASSERT_EQ(instances.size(), names.size());
     for (Uint32 i = 0; i < instances.size(); ++i) {
-        EXPECT_EQ(textOf(instances[i].getPath().toString()), textOf(names[i].toString()));
+        EXPECT_EQ(utf8(instances[i].getPath().toString()), utf8(names[i].toString()));
         EXPECT_NE(instances[i].findProperty(CIMName("DeviceID")), PEG_NOT_FOUND);
     }
 }
@@ -132,8 +131,8 @@ TEST_F(Operations, AnInstanceByItsPath) {
     const CIMInstance instance = client.getInstance(nameSpace, path, false);
     const Uint32 name = instance.findProperty(CIMName("ElementName"));
     ASSERT_NE(name, PEG_NOT_FOUND);
-    EXPECT_EQ(textOf(instance.getProperty(name).getValue().toString()), "Ambient Temp");
-    EXPECT_EQ(textOf(instance.getPath().toString()), "OMC_NumericSensor")
+    EXPECT_EQ(utf8(instance.getProperty(name).getValue().toString()), "Ambient Temp");
+    EXPECT_EQ(utf8(instance.getPath().toString()), "OMC_NumericSensor")
         << "of an instance asked for by its path, the path is the class name";
 }
 

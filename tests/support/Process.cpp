@@ -16,14 +16,12 @@
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
+#include <thread>
 #include <utility>
 
 namespace support {
 
 namespace {
-
-// Well below the time that a test has, also on a slow machine with a sanitizer.
-constexpr std::chrono::seconds kLongestRun{60};
 
 [[noreturn]] void fail(const std::string& what, int error) {
     throw std::runtime_error(what + ": " + std::strerror(error));
@@ -122,7 +120,9 @@ std::string contentOf(const std::string& path) {
 }  // namespace
 
 Process::Process(const std::vector<std::string>& command, const ProcessOptions& options)
-    : end_(std::chrono::steady_clock::now() + kLongestRun), closeOutputAfter_(options.closeOutputAfter) {
+    : longestRun_(options.longestRun),
+      end_(std::chrono::steady_clock::now() + longestRun_),
+      closeOutputAfter_(options.closeOutputAfter) {
     options.terminal ? startOnTerminal(command, options) : startOnPipes(command, options);
 }
 
@@ -195,9 +195,7 @@ void Process::signal(int number) const {
 ProcessResult Process::wait() {
     while (readMore()) {
     }
-    int status = 0;
-    while (waitpid(process_, &status, 0) < 0 && errno == EINTR) {
-    }
+    const int status = waitForEnd();
     process_ = -1;
     ProcessResult result;
     result.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
@@ -205,6 +203,19 @@ ProcessResult Process::wait() {
     result.out = out_.text.substr(consumed_);
     result.err = err_.text;
     return result;
+}
+
+/// Its status as waitpid gives it. A program may go on after it has closed its outputs.
+int Process::waitForEnd() {
+    int status = 0;
+    while (waitpid(process_, &status, killed_ ? 0 : WNOHANG) == 0) {
+        if (timeLeft().count() == 0) {
+            giveUp();
+        } else {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+    }
+    return status;
 }
 
 /// Reads what comes next on either stream; false when both are closed.
@@ -254,12 +265,22 @@ std::chrono::milliseconds Process::timeLeft() const {
 
 void Process::giveUp() {
     const std::string folder = "/proc/" + std::to_string(process_) + '/';
-    err_.text += "[killed after " + std::to_string(kLongestRun.count()) + " seconds, in " +
+    err_.text += "[killed after " + std::to_string(longestRun_.count()) + " ms, in " +
                  contentOf(folder + "wchan") + ", system call " + contentOf(folder + "syscall") + ", " +
                  contentOf(folder + "stat") + "]\n";
     close(out_);
     close(err_);
     kill(process_, SIGKILL);
+    killed_ = true;
+}
+
+std::vector<std::string> linesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream input(text);
+    for (std::string line; std::getline(input, line);) {
+        lines.push_back(line);
+    }
+    return lines;
 }
 
 ProcessResult runProcess(const std::vector<std::string>& command, const ProcessOptions& options) {

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <limits>
 #include <map>
 #include <optional>
 #include <string>
@@ -27,7 +28,10 @@ struct ProcessOptions {
     /// there is nothing to read, and each output is a pipe.
     bool terminal = false;
     /// Its output is closed after so many bytes were read, as `head` does.
-    std::size_t closeOutputAfter = static_cast<std::size_t>(-1);
+    std::size_t closeOutputAfter = std::numeric_limits<std::size_t>::max();
+    /// Then it is killed. The default is well below the time that a test has, also on a slow machine with a
+    /// sanitizer.
+    std::chrono::milliseconds longestRun{60000};
 };
 
 /// A program that runs beside the test, found along PATH, started without a shell; killed at the latest with
@@ -67,15 +71,21 @@ private:
     static void readSome(Stream& stream);
     static void close(Stream& stream);
     std::chrono::milliseconds timeLeft() const;
+    int waitForEnd();
     void giveUp();
 
+    std::chrono::milliseconds longestRun_;
     std::chrono::steady_clock::time_point end_;
     std::size_t closeOutputAfter_;
     std::size_t consumed_ = 0;
     pid_t process_ = -1;
+    bool killed_ = false;
     Stream out_;
     Stream err_;
 };
+
+/// The lines of an output, without their ends.
+std::vector<std::string> linesOf(const std::string& text);
 
 /// Runs a program to its end.
 ProcessResult runProcess(const std::vector<std::string>& command, const ProcessOptions& options = {});

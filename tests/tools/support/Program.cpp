@@ -1,6 +1,5 @@
 #include "tests/tools/support/Program.h"
 
-#include <sstream>
 #include <utility>
 
 namespace tool {
@@ -36,15 +35,6 @@ Outcome Program::runOnTerminal(const std::string& prompt, const std::string& typ
 
 Outcome run(std::vector<std::string> arguments) {
     return Program(std::move(arguments)).run();
-}
-
-std::vector<std::string> linesOf(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream input(text);
-    for (std::string line; std::getline(input, line);) {
-        lines.push_back(line);
-    }
-    return lines;
 }
 
 }  // namespace tool

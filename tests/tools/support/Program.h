@@ -8,6 +8,7 @@
 namespace tool {
 
 using Outcome = support::ProcessResult;
+using support::linesOf;
 
 /// One run of the built program cimhttp.
 class Program {
@@ -34,8 +35,5 @@ private:
 
 /// Shorthand for a run without further ado.
 Outcome run(std::vector<std::string> arguments);
-
-/// The lines of a text, without their newlines.
-std::vector<std::string> linesOf(const std::string& text);
 
 }  // namespace tool
