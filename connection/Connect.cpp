@@ -1,5 +1,6 @@
 // How a namespace connects to its nodes, and lets go of them.
 
+#include <algorithm>
 #include <utility>
 
 #include "connection/Log.h"
@@ -145,6 +146,18 @@ void TCimHTTPNamespace::disconnect() {
     ownedClients_.clear();
     if (nodes_.size() > 1) {
         nodes_.resize(1);
+    }
+    ForgetInstances();
+}
+
+void TCimHTTPNamespace::DisconnectAllBut(const NodeClients& kept) {
+    for (const auto& node : nodes_) {
+        PegClient* const client = node.begin()->second;
+        const bool isKept = std::any_of(kept.begin(), kept.end(),
+                                        [&](const auto& other) { return other.begin()->second == client; });
+        if (!isKept) {
+            client->Disconnect();
+        }
     }
 }
 

@@ -4,6 +4,7 @@
 #include <Pegasus/Common/CIMProperty.h>
 #include <Pegasus/Common/CIMPropertyList.h>
 
+#include <locale>
 #include <sstream>
 
 #include "connection/Log.h"
@@ -21,8 +22,10 @@ constexpr unsigned int kDetectionTimeoutMs = 10000;
 int MajorVersion(const Pegasus::CIMInstance& identity) {
     const Pegasus::CIMConstProperty property =
         identity.getProperty(identity.findProperty(Pegasus::CIMName("VersionString")));
+    std::istringstream text(ToText(property.getValue().toString()));
+    text.imbue(std::locale::classic());  // the host's own may read "4.1.0" as one grouped number
     int major = 0;
-    std::istringstream(ToText(property.getValue().toString())) >> major;
+    text >> major;
     return major;
 }
 

@@ -5,11 +5,12 @@
 
 #include <array>
 #include <cstdio>
+#include <limits>
 
 #include "connection/Log.h"
 #include "connection/PegText.h"
 #include "connection/Ports.h"
-#include "connection/ReconnectPause.h"
+#include "connection/Waiting.h"
 
 namespace NQELVSK20 {
 
@@ -26,6 +27,12 @@ void LogFailure(const char* kind, const char* operation, const Pegasus::Exceptio
     std::snprintf(buffer.data(), buffer.size(), "%s in PegClient::%s(): %s", kind, operation,
                   ToText(error).c_str());
     LogTrace(buffer.data());
+}
+
+// Twice a time-out; one too long to be doubled stays as long as can be.
+unsigned int Doubled(unsigned int timeout) {
+    constexpr unsigned int kLongest = std::numeric_limits<unsigned int>::max();
+    return timeout > kLongest / 2 ? kLongest : 2 * timeout;
 }
 
 }  // namespace
@@ -76,9 +83,13 @@ void PegClient::Remember(const std::string& host, const std::string& user, const
     password_ = password;
 }
 
+void PegClient::LimitWaiting(unsigned int timeout) {
+    client_->setTimeout(ClientTimeout(timeout));
+}
+
 bool PegClient::Open(const char* operation, State newState, const boost::function<void()>& connect) {
     try {
-        client_->setTimeout(kConnectTimeoutMs);
+        LimitWaiting(kConnectTimeoutMs);
         connect();
         state_ = newState;
         return true;
@@ -117,7 +128,7 @@ void PegClient::Request(const char* operation, unsigned int timeout, const boost
     if (state_ == kDisconnected) {
         return;
     }
-    client_->setTimeout(timeout);
+    LimitWaiting(timeout);
     for (int attempt = 0; attempt < kAttempts; ++attempt) {
         const Outcome outcome = Attempt(operation, send);
         timedOut_ = outcome == Outcome::kTimedOut;
@@ -125,9 +136,10 @@ void PegClient::Request(const char* operation, unsigned int timeout, const boost
             return;
         }
         if (outcome == Outcome::kTimedOut) {
-            client_->setTimeout(2 * timeout);
+            LimitWaiting(Doubled(timeout));
         } else {
             Reconnect();
+            LimitWaiting(timeout);  // connecting set its own
         }
     }
 }

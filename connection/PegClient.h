@@ -16,7 +16,8 @@ namespace NQELVSK20 {
 /// No exception of the remote library leaves it: a failure is logged at level 3 and shows as false or as an
 /// empty result. A request on a client that is not connected gives an empty result at once. A request that
 /// times out is tried once more with twice the time; one whose connection breaks is tried once more after
-/// `Reconnect`; one that the server answers with a CIM error is not repeated.
+/// `Reconnect`, with the time that the caller gave; one that the server answers with a CIM error is not
+/// repeated.
 ///
 /// Not thread-safe. Starts no thread; a reconnection blocks the caller for 5000 ms.
 class CIMHTTP_EXPORT PegClient {
@@ -37,7 +38,8 @@ public:
 
     void Disconnect();
 
-    /// Disconnects, waits 5000 ms and connects as `Connect` with the host and credentials used last.
+    /// Disconnects, waits 5000 ms and connects as `Connect` with the host and credentials used last: also
+    /// over plain HTTP when HTTPS fails, whichever of the two the connection was opened with before.
     void Reconnect();
 
     /// The remote library's client; owned by this object and valid as long as it.
@@ -77,6 +79,8 @@ private:
     bool Open(const char* operation, State newState, const boost::function<void()>& connect);
     void Remember(const std::string& host, const std::string& user, const std::string& password);
 
+    /// How long the client library waits from now on, in milliseconds.
+    void LimitWaiting(unsigned int timeout);
     void Request(const char* operation, unsigned int timeout, const boost::function<void()>& send);
     Outcome Attempt(const char* operation, const boost::function<void()>& send);
 

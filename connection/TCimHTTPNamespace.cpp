@@ -31,11 +31,25 @@ TCimHTTPNamespace::TCimHTTPNamespace(bool replaceDuplicates, std::string name) {
 }
 
 TCimHTTPNamespace::TCimHTTPNamespace(const TCimHTTPNamespace& other)
-    : ICIMNamespace(), boost::enable_shared_from_this<TCimHTTPNamespace>(other), TNamespaceState(other) {}
+    : ICIMNamespace(), boost::enable_shared_from_this<TCimHTTPNamespace>(other), TNamespaceState(other) {
+    DisownClasses();
+}
 
 TCimHTTPNamespace& TCimHTTPNamespace::operator=(const TCimHTTPNamespace& other) {
-    static_cast<TNamespaceState&>(*this) = other;
+    if (this != &other) {
+        DisconnectAllBut(other.nodes_);
+        ForgetClasses();
+        static_cast<TNamespaceState&>(*this) = other;
+        DisownClasses();
+    }
     return *this;
+}
+
+// The classes are the original's, which decides when they let go of what they hold.
+void TCimHTTPNamespace::DisownClasses() {
+    ownClasses_.clear();
+    pending_.clear();
+    failedCopies_.clear();
 }
 
 ICIMNamespace& TCimHTTPNamespace::operator=(ICIMNamespace& other) {

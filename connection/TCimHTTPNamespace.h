@@ -37,9 +37,14 @@ public:
 
     /// Copies share the remote objects with the original; the last one frees them.
     TCimHTTPNamespace(const TCimHTTPNamespace& other);
+
+    /// Disconnects the nodes that the other does not share and lets go of the classes, as DeInit does.
     TCimHTTPNamespace& operator=(const TCimHTTPNamespace& other);
 
     /// Disconnects when connected. The client of node 0 stays allocated until the process ends.
+    ///
+    /// A host whose TCIMReference owns its namespace keeps the namespace alive through the instances that
+    /// classes collected: such a host calls `disconnect` or `DeInit` before it lets go of the namespace.
     ~TCimHTTPNamespace() override;
 
     /// Reads the context and creates the root class and the declarations of the plug-in's own qualifiers.
@@ -47,11 +52,13 @@ public:
     void Initialize(TContext context);
 
     /// Creates the remote namespace name and node 0's client; the name is the namespace's own, or the one
-    /// given. Throws status 42 when the remote library refuses.
+    /// given. Throws status 42 when the remote library refuses. A second call, also after DeInit, appends one
+    /// more node with node 0's client.
     void Init();
     void Init(std::string remoteName);
 
-    /// Forgets the remote namespace name and every cached class.
+    /// Forgets the remote namespace name, every cached class and the class tree. The classes let go of the
+    /// instances that they collected; one that the host still holds keeps none from then on.
     void DeInit();
 
     /// Connects one server: HTTPS on port 5989, else HTTP on port 5988. Does nothing when connected. A server
@@ -63,10 +70,15 @@ public:
                  std::vector<std::string> passwords);
 
     /// Connect over HTTP or HTTPS alone. `port` is kept, but the connection goes to the protocol's own port.
+    ///
+    /// That holds for this connection, not for those that follow it: a request whose connection breaks is
+    /// repeated after PegClient::Reconnect, which falls back to plain HTTP when HTTPS fails. User and
+    /// password then go over the network unencrypted although HTTPS was asked for.
     void ConnectViaHttp(std::string host, std::string user, std::string password, int port);
     void ConnectViaHttps(std::string host, std::string user, std::string password, int port);
 
-    /// Disconnects every node and frees the clients of all but node 0.
+    /// Disconnects every node, frees the clients of all but node 0, and lets go of the instances that the
+    /// classes collected. Does nothing when not connected.
     void disconnect();
 
     /// Sets the time-out of every node's client, in milliseconds. Connecting sets its own.
@@ -140,6 +152,7 @@ private:
     friend class TCimHTTPNamespaceTestAccess;  // tests look at saved credentials and node-wise connects
 
     // connection/TCimHTTPNamespace.cpp
+    void DisownClasses();
     void CreateRemoteName(const std::string& remoteName);
     void CreateFirstNode();
     void AppendNode(int nodeIndex, PegClient* client);
@@ -152,6 +165,7 @@ private:
     void SaveConnectAuthInfo(std::vector<std::string> hosts, std::vector<std::string> users,
                              std::vector<std::string> passwords);
     void CreateNodeIfMissing(int nodeIndex);
+    void DisconnectAllBut(const NodeClients& kept);
     bool HasNode(int nodeIndex) const;
     PegClient& NodeClient(int nodeIndex) const;
 
@@ -162,12 +176,15 @@ private:
     void AddClass(boost::shared_ptr<TCimHTTPClass> cimClass);
     void RemoveClass(boost::shared_ptr<TCimHTTPClass> cimClass);
     boost::shared_ptr<TCimHTTPClass> CachedClass(const std::string& key) const;
+    void RememberClass(const boost::shared_ptr<TCimHTTPClass>& cimClass);
+    void ForgetInstances();
     void ForgetClasses();
     boost::shared_ptr<ICIMClass> LookUpClass(const std::string& name, const TContext& context);
     boost::shared_ptr<ICIMClass> TakeFromUnion(const std::string& name, const std::string& key,
                                                const TContext& context);
     boost::shared_ptr<TCimHTTPClass> CopyFromUnion(const std::string& name, const std::string& key,
                                                    const TContext& context);
+    void GiveUpCopy(const std::string& key);
     boost::shared_ptr<ICIMClass> FetchClass(const std::string& name, const std::string& key,
                                             const TContext& context);
     Pegasus::CIMClass FetchDefinition(const std::string& name, const TContext& context);
@@ -181,9 +198,6 @@ private:
 
     /// One hypervisor detection a process, for the first namespace that gets there.
     static bool detectionDone_;
-
-    /// Time-out of a class's fetch in milliseconds: kDefinitionTimeoutMs, but in tests.
-    static unsigned int fetchTimeout_;
 };
 
 }  // namespace NQELVSK20

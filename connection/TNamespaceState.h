@@ -1,6 +1,7 @@
 #pragma once
 
 #include <boost/shared_ptr.hpp>
+#include <boost/weak_ptr.hpp>
 #include <map>
 #include <set>
 #include <string>
@@ -29,6 +30,7 @@ struct TNamespaceState {
     std::vector<boost::shared_ptr<PegClient>> ownedClients_;  // those of nodes 1 and up, in node order
     std::map<std::string, boost::shared_ptr<TCimHTTPQualifierDecl>> qualifierDecls_;
     std::map<std::string, boost::shared_ptr<TCimHTTPClass>> classes_;
+    std::vector<boost::weak_ptr<TCimHTTPClass>> ownClasses_;  // every one allocated that may be alive still
     boost::shared_ptr<ICIMClass> rootClass_;
     bool replaceDuplicates_ = false;
     boost::shared_ptr<ICIMNamespace> upcall_;
@@ -36,6 +38,8 @@ struct TNamespaceState {
     std::string pluginName_;
     std::string name_;
     std::set<std::string> pending_;  // keys of the classes being fetched: a class and its descendants
+    std::set<std::string>
+        failedCopies_;  // keys of the classes whose copy from the union namespace failed just now
     bool multiNode_ = false;
     std::vector<std::string> hosts_;
     std::vector<std::string> users_;

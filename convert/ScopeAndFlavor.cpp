@@ -52,4 +52,10 @@ unsigned int ToCoreFlavor(const Pegasus::CIMFlavor& flavor) {
     return ValueOf(ToText(flavor.toString()), kFlavors);
 }
 
+unsigned int ToCoreQualifierFlavor(const Pegasus::CIMFlavor& flavor) {
+    return flavor.hasFlavor(Pegasus::CIMFlavor::OVERRIDABLE)
+               ? static_cast<unsigned int>(ICIMQualifierDecl::eFlavorEnableOverride)
+               : ToCoreFlavor(flavor);
+}
+
 }  // namespace NQELVSK20

@@ -1,5 +1,6 @@
 // The rules for what may become a member or subclass of a class.
 
+#include <algorithm>
 #include <boost/pointer_cast.hpp>
 #include <utility>
 
@@ -102,6 +103,10 @@ void TCimHTTPClass::AddSubclass(boost::shared_ptr<ICIMClass> subclass, TContext)
         Refuse(eVSKNotSupported);
     }
     if (const auto remote = boost::dynamic_pointer_cast<TCimHTTPClass>(subclass)) {
+        const auto former = remote->KnownSuperclass();
+        if (former && former.get() != this) {
+            former->DropSubclass(*remote);
+        }
         remote->superclass_ = shared_from_this();
     }
     for (auto& known : subclasses_) {
@@ -124,8 +129,30 @@ bool TCimHTTPClass::DerivesFrom(const ICIMClass& other) const {
     return current == &other;
 }
 
-void TCimHTTPClass::TakeOverSubclasses(const TCimHTTPClass& old) {
-    for (const auto& subclass : old.subclasses_) {
+boost::shared_ptr<TCimHTTPClass> TCimHTTPClass::KnownSuperclass() const {
+    return boost::dynamic_pointer_cast<TCimHTTPClass>(superclass_.lock());
+}
+
+void TCimHTTPClass::SuggestSuperclass(const boost::shared_ptr<TCimHTTPClass>& superclass) {
+    if (superclass && !superclass->DerivesFrom(*this)) {
+        superclass_ = superclass;
+    }
+}
+
+void TCimHTTPClass::DropSubclass(const ICIMClass& subclass) {
+    const auto isSame = [&](const boost::shared_ptr<ICIMClass>& known) { return known.get() == &subclass; };
+    subclasses_.erase(std::remove_if(subclasses_.begin(), subclasses_.end(), isSame), subclasses_.end());
+}
+
+void TCimHTTPClass::LeaveTree() {
+    if (const auto superclass = KnownSuperclass()) {
+        superclass->DropSubclass(*this);
+    }
+}
+
+void TCimHTTPClass::TakeOverSubclasses(TCimHTTPClass& old) {
+    const auto subclasses = old.subclasses_;  // each leaves it when it is attached here
+    for (const auto& subclass : subclasses) {
         AddSubclass(subclass, TContext());
     }
 }

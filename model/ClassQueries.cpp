@@ -183,6 +183,16 @@ boost::shared_ptr<ICIMPropertyDecl> TCimHTTPClass::GetPropertyDecl(const std::st
     Refuse(eVSKNotFound);
 }
 
+TCIMValue::TCIMType TCimHTTPClass::DeclaredType(const std::string& property) const {
+    const auto entry = properties_.find(TCimHTTPNamespace::NormalizeName(property));
+    if (entry != properties_.end()) {
+        return entry->second->GetType(TContext());
+    }
+    const auto superclass = KnownSuperclass();
+    return superclass ? superclass->DeclaredType(property)
+                      : TCIMValue::TCIMType(TCIMValue::TCIMType::eUnknown);
+}
+
 void TCimHTTPClass::EnumeratePropertyDecls(const PropertyDeclCallback& callback, TContext) const {
     EnumerateEntries(properties_, callback);
 }

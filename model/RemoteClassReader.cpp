@@ -5,6 +5,7 @@
 #include <Pegasus/Common/CIMProperty.h>
 #include <Pegasus/Common/CIMQualifier.h>
 
+#include <boost/pointer_cast.hpp>
 #include <utility>
 
 #include "connection/Log.h"
@@ -14,6 +15,7 @@
 #include "convert/ToCore.h"
 #include "convert/TypeMapping.h"
 #include "model/TCimHTTPClass.h"
+#include "model/TCimHTTPQualifier.h"
 #include "model/TCimHTTPQualifierDecl.h"
 #include "namespace/TNamespaceMembers.h"
 #include "vskcore/ICIMParameterDecl.h"
@@ -48,7 +50,7 @@ void RemoteClassReader::ReadQualifier(const Pegasus::CIMConstQualifier& remote,
     const std::string name = ToText(remote.getName());
     try {
         AddQualifier(name, remote, scope, element);
-    } catch (const Pegasus::Exception&) {
+    } catch (const Pegasus::CIMException&) {
         LogTrace("TCimHTTPClass::Initialize - Unable to retrieve qualifier: " + name);
     }
 }
@@ -58,7 +60,11 @@ void RemoteClassReader::AddQualifier(const std::string& name, const Pegasus::CIM
     const auto declaration = DeclarationOf(name, remote, scope);
     TCIMValue value;
     ConvertToCoreValue(name, remote.getValue(), remote.getType(), remote.isArray(), value, target_);
-    element.AddQualifier(element.AllocateQualifier(declaration, value, TContext()), TContext());
+    const auto qualifier = element.AllocateQualifier(declaration, value, TContext());
+    // The declaration is what some element was first seen to use; this one's own flavor may be another.
+    boost::static_pointer_cast<TCimHTTPQualifier>(qualifier)->SetInitialFlavor(
+        ToCoreQualifierFlavor(remote.getFlavor()));
+    element.AddQualifier(qualifier, TContext());
 }
 
 boost::shared_ptr<ICIMQualifierDecl> RemoteClassReader::DeclarationOf(

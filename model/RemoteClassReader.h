@@ -17,8 +17,9 @@ class TCimHTTPNamespace;
 /// Reads nodes' definitions of one class into the class object, and the declarations of the qualifiers that
 /// they use into the namespace. Members that are there stay: of several definitions the first wins.
 ///
-/// A qualifier that the remote library cannot read is logged and left out. Throws status 28 for a class
-/// qualifier that contradicts the one that is there, and status 25 for a malformed name of a member.
+/// A qualifier that the remote library cannot read is logged and left out. A class qualifier that may be
+/// overridden gives way to a later node's. Throws status 28 for one that may not and contradicts the one that
+/// is there, and status 25 for a malformed name of a member.
 class RemoteClassReader {
 public:
     RemoteClassReader(boost::shared_ptr<TCimHTTPNamespace> nameSpace,

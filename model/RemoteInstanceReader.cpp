@@ -7,6 +7,7 @@
 #include "connection/Log.h"
 #include "connection/PegText.h"
 #include "connection/TCimHTTPNamespace.h"
+#include "convert/KeyToCore.h"
 #include "convert/ToCore.h"
 #include "model/RemoteNode.h"
 #include "model/TCimHTTPClass.h"
@@ -25,15 +26,12 @@ void LogUnreadable(const std::string& property) {
     LogTrace("4TCimHTTPClass::EnumerateInstances - Unable to retrieve property: " + property);
 }
 
-// Takes a property over. What is wrong with it, the host's refusal or a server's mistake in the value, costs
-// that property only.
+// Takes a property over. The host's refusal costs that property only.
 template <class TTakeOver>
 void Guarded(const std::string& property, const TTakeOver& takeOver) {
     try {
         takeOver();
     } catch (const TVSKException&) {
-        LogUnreadable(property);
-    } catch (const Pegasus::Exception&) {
         LogUnreadable(property);
     }
 }
@@ -70,7 +68,7 @@ boost::shared_ptr<ICIMInstance> RemoteInstanceReader::Read(const Pegasus::CIMIns
     auto instance = class_->AllocateInstance(TContext());
     ReadProperties(remote, *instance);
     ReadMissingKeys(remote, *instance);
-    instance->SetPropertyValue("nodeid", nodeNumber_, TContext());
+    Guarded("nodeid", [&] { instance->SetPropertyValue("nodeid", nodeNumber_, TContext()); });
     if (dropsRemoteEvents_ && IsForAnotherNode(*instance)) {
         return {};
     }
@@ -93,7 +91,7 @@ void RemoteInstanceReader::ReadMissingKeys(const Pegasus::CIMInstance& remote, I
     for (Pegasus::Uint32 i = 0; i < keys.size(); ++i) {
         if (remote.findProperty(keys[i].getName()) == Pegasus::PEG_NOT_FOUND) {
             PropertyName name = NameOf(keys[i].getName().getString());
-            Guarded(name.text, [&] { Store(name, ValueOf(keys[i]), instance); });
+            Guarded(name.text, [&] { Store(name, ValueOf(keys[i], name.text), instance); });
         }
     }
 }
@@ -136,22 +134,16 @@ TCIMValue RemoteInstanceReader::ValueOf(const Pegasus::CIMConstProperty& propert
     return value;
 }
 
-TCIMValue RemoteInstanceReader::ValueOf(const Pegasus::CIMKeyBinding& key) const {
-    const std::string text = ToText(key.getValue());
-    switch (key.getType()) {
-        case Pegasus::CIMKeyBinding::BOOLEAN:
-            return TCIMValue(TCIMValue(text).operator bool());
-        case Pegasus::CIMKeyBinding::NUMERIC:
-            return text[0] == '-' ? TCIMValue(TCIMValue(text).operator long long())
-                                  : TCIMValue(TCIMValue(text).operator unsigned long long());
-        case Pegasus::CIMKeyBinding::REFERENCE: {
-            TCIMReference reference(namespace_, TContext());
-            reference.SetPath(text);
-            return TCIMValue(reference);
-        }
-        default:
-            return TCIMValue(text);
+TCIMValue RemoteInstanceReader::ValueOf(const Pegasus::CIMKeyBinding& key, const std::string& name) {
+    auto declared = keyTypes_.find(name);
+    if (declared == keyTypes_.end()) {
+        declared = keyTypes_.emplace(name, class_->DeclaredType(name)).first;
     }
+    TCIMValue value;
+    if (!ConvertKeyToCoreValue(key, declared->second, namespace_, value)) {
+        LogUnreadable(name);
+    }
+    return value;
 }
 
 void RemoteInstanceReader::Store(PropertyName& name, TCIMValue value, ICIMInstance& instance) const {

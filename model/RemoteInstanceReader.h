@@ -22,7 +22,7 @@ struct RemoteNode;
 /// Turns the instances that one node sends of one class into host instances, with the node's mark and the
 /// rules of the classes that need some.
 ///
-/// A property that cannot be taken over is logged and left out; it costs nothing but itself. Made for tens of
+/// A property that the host refuses is logged and left out; it costs nothing but itself. Made for tens of
 /// thousands of instances: what is the same for all of them is found out once.
 class RemoteInstanceReader {
 public:
@@ -48,7 +48,7 @@ private:
     void ReadMissingKeys(const Pegasus::CIMInstance& remote, ICIMInstance& instance);
     TCIMValue ValueOf(const Pegasus::CIMConstProperty& property, const Pegasus::CIMInstance& remote,
                       const std::string& name);
-    TCIMValue ValueOf(const Pegasus::CIMKeyBinding& key) const;
+    TCIMValue ValueOf(const Pegasus::CIMKeyBinding& key, const std::string& name);
     void Store(PropertyName& name, TCIMValue value, ICIMInstance& instance) const;
     boost::shared_ptr<ICIMClass> ReferencedClass(const Pegasus::CIMInstance& remote,
                                                  const std::string& property);
@@ -63,6 +63,7 @@ private:
     bool dropsRemoteEvents_;
     std::vector<PropertyName> names_;  // by position: a class's instances list their properties alike
     std::map<std::string, boost::shared_ptr<ICIMClass>> referencedClasses_;  // by name; empty: not known
+    std::map<std::string, TCIMValue::TCIMType> keyTypes_;                    // declared ones, by key name
 };
 
 }  // namespace NQELVSK20

@@ -34,15 +34,25 @@ void TCimHTTPClass::Commit(TContext context) {
     if (!nameSpace) {
         return;
     }
-    TNamespaceMembers::AddClass(*nameSpace, shared_from_this());
-    auto superclass = GetSuperClass(context);
-    if (!superclass) {
-        superclass = superclass_.lock();
-    }
-    if (superclass) {
+    const auto replaced = TNamespaceMembers::AddClass(*nameSpace, shared_from_this());
+    if (const auto superclass = SuperclassToAttachTo(context)) {
         superclass->AddSubclass(shared_from_this(), context);
     }
+    // Below the same superclass this class has taken the other's place by now.
+    if (replaced) {
+        replaced->LeaveTree();
+    }
     registered_ = true;
+}
+
+boost::shared_ptr<ICIMClass> TCimHTTPClass::SuperclassToAttachTo(TContext context) const {
+    auto asked = GetSuperClass(std::move(context));
+    return asked ? asked : superclass_.lock();
+}
+
+void TCimHTTPClass::LeaveNamespace() {
+    isInNamespace_ = false;
+    ForgetInstances();
 }
 
 const std::string& TCimHTTPClass::GetName(TContext) const {

@@ -31,21 +31,37 @@ class TCimHTTPClass : public ICIMClass,
                       public boost::enable_shared_from_this<TCimHTTPClass> {
 public:
     /// `timeout` in milliseconds holds for the class's enumerations and method calls. The superclass is not
-    /// kept: a class gets it when it is committed.
+    /// kept: see SuggestSuperclass.
     TCimHTTPClass(boost::shared_ptr<ICIMNamespace> nameSpace, unsigned int timeout, std::string name,
                   boost::shared_ptr<TCimHTTPClass> superclass);
     TCimHTTPClass(const TCimHTTPClass&) = delete;
 
     /// Fetches the definition from every node and adds the property "NodeID". Does nothing the second time,
-    /// for "<root>", and for a class that the union namespace knows, which is copied from there. Throws
-    /// status 28 when the nodes disagree about a qualifier and status 25 for a malformed name of a member.
+    /// for "<root>", and for a class that the union namespace knows, which is copied from there, unless the
+    /// namespace says that this failed.
+    ///
+    /// Throws, when there are nodes and none of them gave a definition, the remote library's
+    /// ConnectionTimeoutException if the last attempt on one of them timed out, else its
+    /// UninitializedObjectException; status 28 when the nodes disagree about a qualifier that must not be
+    /// overridden; status 25 for a malformed name of a member.
     void Initialize();
+
+    /// Says below which class this one hangs unless the server, which Commit asks, knows another. The root
+    /// class at first. A class that derives from this one is left out of account: the chain would have no
+    /// end.
+    void SuggestSuperclass(const boost::shared_ptr<TCimHTTPClass>& superclass);
 
     /// Adds a method; throws status 16 for a duplicate.
     void AddMethodDecl(boost::shared_ptr<TCimHTTPMethodDecl> declaration);
 
     /// Attaches the subclasses of the class that this one replaces.
-    void TakeOverSubclasses(const TCimHTTPClass& old);
+    void TakeOverSubclasses(TCimHTTPClass& old);
+
+    /// Forgets the subclasses, as the root of a tree that is given up.
+    void ForgetSubclasses() { subclasses_.clear(); }
+
+    /// Takes a class that is not to stay out of the tree.
+    void LeaveTree();
 
     /// The same as CreateInstance.
     boost::shared_ptr<ICIMInstance> AllocateInstance(TContext context);
@@ -57,6 +73,14 @@ public:
     /// Lets go of the collected instances. They hold the class, so whoever drops the class has to call this.
     void ForgetInstances() { instances_.Clear(); }
 
+    /// The namespace gives the class up: it lets go of the collected instances, and those of later
+    /// enumerations by somebody who still holds it are not kept, for nobody would free them.
+    void LeaveNamespace();
+
+    /// The type that this class, or the nearest superclass it knows, declares for a property; unknown when
+    /// none does. Asks no server.
+    TCIMValue::TCIMType DeclaredType(const std::string& property) const;
+
     /// True when the namespace is connected to more than one node.
     bool IsMultiNode() const;
 
@@ -64,8 +88,9 @@ public:
     /// Accepts everything: members are checked when they are added.
     void Validate(TContext context) override;
 
-    /// Enters the class into its namespace and attaches it to its superclass, which it asks the server for.
-    /// Throws status 16 when the namespace refuses the duplicate.
+    /// Enters the class into its namespace and attaches it to its superclass, which it asks the server for;
+    /// when the server cannot tell, or tells one that cannot be had, to the one suggested. Throws status 16
+    /// when the namespace refuses the duplicate; the class tree is then as it was.
     void Commit(TContext context) override;
     void Reserved4(TContext context) override;
     void Reserved5(TContext context) override;
@@ -118,12 +143,13 @@ public:
     bool Reserved32(TContext context) const override;
     void Reserved33(TContext context) override;
 
-    /// Makes this class the superclass of another. One that has the name of a subclass takes its place. A
-    /// class that this one derives from is refused with status 31: the chain would have no end.
+    /// Makes this class the superclass of another, which leaves its former superclass. One that has the name
+    /// of a subclass takes its place. A class that this one derives from is refused with status 31: the chain
+    /// would have no end.
     void AddSubclass(boost::shared_ptr<ICIMClass> subclass, TContext context) override;
     void Reserved35(boost::shared_ptr<ICIMClass> subclass, TContext context) override;
 
-    /// Collects an instance, unless one of the same path is there.
+    /// Collects an instance, unless one of the same path is there or the class has left its namespace.
     void AddInstance(boost::shared_ptr<ICIMInstance> instance, TContext context) override;
     void RemoveInstance(boost::shared_ptr<ICIMInstance> instance, TContext context) override;
     void Reserved38(boost::shared_ptr<ICIMInstance> instance, TContext context) override;
@@ -158,8 +184,10 @@ private:
     /// The namespace, which every remote call needs; empty, and a broken precondition, once it is gone.
     boost::shared_ptr<TCimHTTPNamespace> OwnNamespace(const char* operation) const;
     bool IsRoot() const;
+    boost::shared_ptr<ICIMClass> SuperclassToAttachTo(TContext context) const;
 
     // model/TCimHTTPClassInitialize.cpp
+    bool IsCopiedFromUnion(const TCimHTTPNamespace& nameSpace) const;
     bool IsInUnion(const TCimHTTPNamespace& nameSpace) const;
     void ReadFromNodes(const boost::shared_ptr<TCimHTTPNamespace>& nameSpace);
     void AddNodeProperty();
@@ -170,11 +198,14 @@ private:
     void MakeRoomForNew(const std::string& key, const std::string& propertyName);
     void RemoveProperty(PropertyMap::const_iterator property);
     bool DerivesFrom(const ICIMClass& other) const;
+    boost::shared_ptr<TCimHTTPClass> KnownSuperclass() const;
+    void DropSubclass(const ICIMClass& subclass);
 
     // model/TCimHTTPClassInstances.cpp
     void CollectInstances(bool deep);
     void CollectFrom(const RemoteNode& node, const boost::shared_ptr<TCimHTTPNamespace>& nameSpace,
                      bool deep);
+    void ForgetUnlessKept();
 
     // model/ClassQueries.cpp
     bool HasTrueQualifier(const std::string& name) const;
@@ -184,6 +215,7 @@ private:
     boost::weak_ptr<ICIMNamespace> namespace_;
     std::string name_;
     boost::weak_ptr<ICIMClass> superclass_;  // set by Initialize, and so the mark that it ran
+    bool isInNamespace_ = true;              // until LeaveNamespace
     TQualifierSet qualifiers_;
     PropertyMap properties_;
     std::map<std::string, std::string> referencedClassNames_;  // of reference properties, by property key

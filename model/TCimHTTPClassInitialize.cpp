@@ -2,6 +2,7 @@
 
 #include <Pegasus/Common/CIMClass.h>
 #include <Pegasus/Common/CIMPropertyList.h>
+#include <Pegasus/Common/Exception.h>
 
 #include "connection/Log.h"
 #include "connection/PegClient.h"
@@ -18,6 +19,18 @@
 
 namespace NQELVSK20 {
 
+namespace {
+
+// A class without its definition would pass for one without members, keys and superclass.
+[[noreturn]] void ThrowUndefined(bool timedOut) {
+    if (timedOut) {
+        throw Pegasus::ConnectionTimeoutException();
+    }
+    throw Pegasus::UninitializedObjectException();
+}
+
+}  // namespace
+
 void TCimHTTPClass::Initialize() {
     if (superclass_.lock()) {
         return;
@@ -30,11 +43,16 @@ void TCimHTTPClass::Initialize() {
     if (root.get() != this) {
         superclass_ = root;
     }
-    if (IsRoot() || (!nameSpace->getIsServeESXi() && IsInUnion(*nameSpace))) {
+    if (IsRoot() || (!nameSpace->getIsServeESXi() && IsCopiedFromUnion(*nameSpace))) {
         return;
     }
     ReadFromNodes(nameSpace);
     AddNodeProperty();
+}
+
+// Asked in any case: hosts expect the question and, when it fails, the line in the log.
+bool TCimHTTPClass::IsCopiedFromUnion(const TCimHTTPNamespace& nameSpace) const {
+    return IsInUnion(nameSpace) && !TNamespaceMembers::IsReadFromNodes(nameSpace, name_);
 }
 
 bool TCimHTTPClass::IsInUnion(const TCimHTTPNamespace& nameSpace) const {
@@ -56,13 +74,21 @@ void TCimHTTPClass::ReadFromNodes(const boost::shared_ptr<TCimHTTPNamespace>& na
     }
     const std::string remoteText = ToText(*remoteName);
     RemoteClassReader reader(nameSpace, shared_from_this());
+    bool isDefined = false;
+    bool timedOut = false;
     for (const RemoteNode& node : nodes) {
         const Pegasus::CIMClass definition = node.client.GetClass(
             remoteText, name_, kDefinitionTimeoutMs, true, true, false, Pegasus::CIMPropertyList());
         // A node that is down or lacks the class says nothing; the others' definitions stand.
         if (!definition.isUninitialized()) {
             reader.Read(definition);
+            isDefined = true;
+        } else if (node.client.LastRequestTimedOut()) {
+            timedOut = true;
         }
+    }
+    if (!isDefined) {
+        ThrowUndefined(timedOut);
     }
 }
 

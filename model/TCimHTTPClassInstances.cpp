@@ -34,7 +34,9 @@ boost::shared_ptr<ICIMInstance> TCimHTTPClass::AllocateInstance(TContext context
 void TCimHTTPClass::EnumerateInstances(const InstanceCallback& callback, bool deep, TContext context) {
     CollectInstances(deep);
     // A copy: the callback may look instances up, which enumerates anew, or take some out.
-    for (const auto& instance : instances_.InPathOrder()) {
+    const auto collected = instances_.InPathOrder();
+    ForgetUnlessKept();
+    for (const auto& instance : collected) {
         if (!callback(instance)) {
             return;
         }
@@ -75,14 +77,22 @@ void TCimHTTPClass::CollectFrom(const RemoteNode& node, const boost::shared_ptr<
     RemoteInstanceReader reader(nameSpace, shared_from_this(), node);
     for (Pegasus::Uint32 i = 0; i < received.size(); ++i) {
         if (const auto instance = reader.Read(received[i])) {
-            AddInstance(instance, TContext());
+            instances_.Insert(instance->GetReference(TContext()).GetPath(), instance);
         }
+    }
+}
+
+// Instances hold their class: those of a class that left its namespace would hold it for good.
+void TCimHTTPClass::ForgetUnlessKept() {
+    if (!isInNamespace_) {
+        ForgetInstances();
     }
 }
 
 void TCimHTTPClass::AddInstance(boost::shared_ptr<ICIMInstance> instance, TContext context) {
     if (PointerIsSet(instance != nullptr, "TCimHTTPClass::AddInstance " + name_)) {
         instances_.Insert(instance->GetReference(std::move(context)).GetPath(), instance);
+        ForgetUnlessKept();
     }
 }
 
@@ -92,15 +102,15 @@ void TCimHTTPClass::RemoveInstance(boost::shared_ptr<ICIMInstance> instance, TCo
     }
 }
 
-boost::shared_ptr<ICIMInstance> TCimHTTPClass::FindInstance(const TCIMReference& reference,
-                                                            TContext context) {
+boost::shared_ptr<ICIMInstance> TCimHTTPClass::FindInstance(const TCIMReference& reference, TContext) {
     const std::string& path = reference.GetPath();
     if (auto collected = instances_.Find(path)) {
         return collected;
     }
-    EnumerateInstances([](const boost::shared_ptr<ICIMInstance>&) { return true; }, false,
-                       std::move(context));
-    return instances_.Find(path);
+    CollectInstances(false);
+    auto found = instances_.Find(path);
+    ForgetUnlessKept();
+    return found;
 }
 
 }  // namespace NQELVSK20

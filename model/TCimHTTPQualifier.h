@@ -29,6 +29,10 @@ public:
                                                          const std::string& name, const TCIMValue& value,
                                                          boost::weak_ptr<ICIMNamedElement> element);
 
+    /// The flavor that the qualifier is built with. No change of it: unlike AddFlavor and RemoveFlavor, this
+    /// leaves it propagated.
+    void SetInitialFlavor(unsigned int flavor) { flavor_ = flavor; }
+
     void Validate(TContext context) override;
 
     /// Adds the qualifier to the element that it was made for.

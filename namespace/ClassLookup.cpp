@@ -32,6 +32,16 @@ bool IsAbsentOnSingleNode(const std::string& name) {
     return name == "QEL_RemoteNode" && VQMInfo::GetInstance()->GetNodeCount() < 2;
 }
 
+template <class TOperation>
+bool Succeeds(const TOperation& operation) {
+    try {
+        operation();
+        return true;
+    } catch (...) {
+        return false;
+    }
+}
+
 // The property that tells of each instance which node it came from.
 void DeclareNodeId(TCimHTTPClass& cimClass) {
     const auto declaration = cimClass.AllocatePropertyDecl("NodeID", TCIMValue(), TContext());
@@ -40,8 +50,6 @@ void DeclareNodeId(TCimHTTPClass& cimClass) {
 }
 
 }  // namespace
-
-unsigned int TCimHTTPNamespace::fetchTimeout_ = kDefinitionTimeoutMs;
 
 boost::shared_ptr<ICIMClass> TCimHTTPNamespace::GetClass(const std::string& name, TContext context) {
     if (!connected_) {
@@ -77,7 +85,9 @@ boost::shared_ptr<ICIMClass> TCimHTTPNamespace::LookUpClass(const std::string& n
             return copied;
         }
     }
-    return FetchClass(name, key, context);
+    auto fetched = FetchClass(name, key, context);
+    failedCopies_.erase(key);
+    return fetched;
 }
 
 boost::shared_ptr<ICIMClass> TCimHTTPNamespace::TakeFromUnion(const std::string& name, const std::string& key,
@@ -87,16 +97,17 @@ boost::shared_ptr<ICIMClass> TCimHTTPNamespace::TakeFromUnion(const std::string&
         copied = CopyFromUnion(name, key, context);
     } catch (...) {
         LogTrace(LookupOf(name) + " Catch an exception while trying to get this class in union namespace");
+        GiveUpCopy(key);
         return {};
     }
     if (!copied) {
         return {};
     }
     LogTrace(LookupOf(name) + " Now it is Found in TCimHTTPNamespace from union namespace");
-    try {
-        Stamp(*copied);
-        DeclareNodeId(*copied);
-    } catch (...) {
+    // A class that another plug-in stamped refuses a stamp of ours; its instances are marked all the same.
+    const bool isStamped = Succeeds([&] { Stamp(*copied); });
+    const bool isMarked = Succeeds([&] { DeclareNodeId(*copied); });
+    if (!isStamped || !isMarked) {
         LogTrace("Catch exception for construct plugin name and version");
     }
     return copied;
@@ -112,10 +123,27 @@ boost::shared_ptr<TCimHTTPClass> TCimHTTPNamespace::CopyFromUnion(const std::str
     // Asked twice on purpose: the first question carries the caller's context and lets the union namespace
     // fetch what it holds back until somebody asks; the answer that counts is the second one's.
     static_cast<ICIMNamespace&>(*unionNamespace).GetClass(name, context);
-    if (const auto found = unionNamespace->GetClass(name, TContext())) {
-        TCIMCopy::CopyClass(found, shared_from_this());
+    const auto found = unionNamespace->GetClass(name, TContext());
+    if (!found) {
+        return {};
     }
-    return CachedClass(key);
+    TCIMCopy::CopyClass(found, shared_from_this());
+    auto copied = CachedClass(key);
+    if (!copied) {
+        GiveUpCopy(key);
+    }
+    return copied;
+}
+
+// The lookup goes on with the nodes, which then define the class although the union namespace knows it.
+void TCimHTTPNamespace::GiveUpCopy(const std::string& key) {
+    failedCopies_.insert(key);
+    const auto half = classes_.find(key);
+    if (half != classes_.end()) {
+        half->second->LeaveTree();
+        half->second->LeaveNamespace();
+        classes_.erase(half);
+    }
 }
 
 boost::shared_ptr<ICIMClass> TCimHTTPNamespace::FetchClass(const std::string& name, const std::string& key,
@@ -132,9 +160,9 @@ boost::shared_ptr<ICIMClass> TCimHTTPNamespace::FetchClass(const std::string& na
 }
 
 Pegasus::CIMClass TCimHTTPNamespace::FetchDefinition(const std::string& name, const TContext& context) {
-    const Pegasus::CIMClass definition =
-        firstClient_->GetClass(ToText(*remoteName_), name, RaisedTimeout(context, "GCTimeout", fetchTimeout_),
-                               false, true, false, Pegasus::CIMPropertyList());
+    const Pegasus::CIMClass definition = firstClient_->GetClass(
+        ToText(*remoteName_), name, RaisedTimeout(context, "GCTimeout", kDefinitionTimeoutMs), false, true,
+        false, Pegasus::CIMPropertyList());
     // The client keeps its time-outs to itself; here one is told from "no such class" again.
     if (definition.isUninitialized() && firstClient_->LastRequestTimedOut()) {
         throw Pegasus::ConnectionTimeoutException();

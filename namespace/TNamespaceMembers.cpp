@@ -8,8 +8,15 @@
 
 namespace NQELVSK20 {
 
-void TNamespaceMembers::AddClass(TCimHTTPNamespace& nameSpace, boost::shared_ptr<TCimHTTPClass> cimClass) {
-    nameSpace.AddClass(std::move(cimClass));
+boost::shared_ptr<TCimHTTPClass> TNamespaceMembers::AddClass(TCimHTTPNamespace& nameSpace,
+                                                             boost::shared_ptr<TCimHTTPClass> cimClass) {
+    auto former = nameSpace.CachedClass(TCimHTTPNamespace::NormalizeName(cimClass->GetName(TContext())));
+    nameSpace.AddClass(cimClass);
+    return former == cimClass ? boost::shared_ptr<TCimHTTPClass>() : former;
+}
+
+bool TNamespaceMembers::IsReadFromNodes(const TCimHTTPNamespace& nameSpace, const std::string& name) {
+    return nameSpace.failedCopies_.count(TCimHTTPNamespace::NormalizeName(name)) > 0;
 }
 
 void TNamespaceMembers::AddQualifierDecl(TCimHTTPNamespace& nameSpace,

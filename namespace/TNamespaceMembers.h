@@ -1,6 +1,7 @@
 #pragma once
 
 #include <boost/shared_ptr.hpp>
+#include <string>
 
 namespace NQELVSK20 {
 
@@ -13,12 +14,17 @@ class TCimHTTPQualifierDecl;
 /// themselves, and classes ask for the class at the top of every chain.
 class TNamespaceMembers {
 public:
-    /// Enters a class into the cache; throws status 16 for a duplicate that may not replace the first.
-    static void AddClass(TCimHTTPNamespace& nameSpace, boost::shared_ptr<TCimHTTPClass> cimClass);
+    /// Enters a class into the cache; throws status 16 for a duplicate that may not replace the first. The
+    /// class that was replaced; empty when there was none.
+    static boost::shared_ptr<TCimHTTPClass> AddClass(TCimHTTPNamespace& nameSpace,
+                                                     boost::shared_ptr<TCimHTTPClass> cimClass);
 
     /// Enters a qualifier declaration; throws status 16 likewise.
     static void AddQualifierDecl(TCimHTTPNamespace& nameSpace,
                                  boost::shared_ptr<TCimHTTPQualifierDecl> declaration);
+
+    /// True while the class of a name, though the union namespace knows it, is to be read from the nodes.
+    static bool IsReadFromNodes(const TCimHTTPNamespace& nameSpace, const std::string& name);
 
     /// The class "<root>"; empty while the namespace is being initialised.
     static boost::shared_ptr<ICIMClass> RootClass(const TCimHTTPNamespace& nameSpace);

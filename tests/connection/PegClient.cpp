@@ -3,7 +3,10 @@
 #include <Pegasus/Common/CIMPropertyList.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <chrono>
 #include <functional>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -41,8 +44,9 @@ bool SendEnumerateInstances(PegClient& client, unsigned int timeout) {
 }
 
 bool SendInvokeMethod(PegClient& client, unsigned int timeout) {
-    const auto paths = client.EnumerateInstanceNames("root/cimv2", "OMC_UnitaryComputerSystem", timeout);
-    const Pegasus::CIMObjectPath path(FromText(paths.empty() ? "OMC_UnitaryComputerSystem" : paths[0]));
+    const Pegasus::CIMObjectPath path(
+        R"(OMC_UnitaryComputerSystem.CreationClassName="OMC_UnitaryComputerSystem",)"
+        R"(Name="node-0.machine.example")");
     Pegasus::Array<Pegasus::CIMParamValue> outputs;
     return !client.InvokeMethod("root/cimv2", path, "RequestStateChange", {}, outputs, timeout).isNull();
 }
@@ -95,6 +99,17 @@ protected:
 class PegClientRequestTest : public PegClientTest, public ::testing::WithParamInterface<Request> {
 protected:
     std::string Name() const { return GetParam().name; }
+
+    std::string TimedOut() const {
+        return "ConnectionTimeoutException in PegClient::" + Name() + "(): connection timed out";
+    }
+
+    /// The time-outs that were set last, in order.
+    std::vector<unsigned int> LastTimeouts(std::ptrdiff_t count) const {
+        return {timeouts_.end() -
+                    std::min<std::ptrdiff_t>(count, std::distance(timeouts_.begin(), timeouts_.end())),
+                timeouts_.end()};
+    }
 
     /// The operation as the server sees it: extrinsic methods go by their own names.
     std::string WireName() const { return Name() == "InvokeMethod" ? "RequestStateChange" : Name(); }
@@ -232,23 +247,49 @@ TEST_P(PegClientRequestTest, TimesOutTwiceWithTwiceTheTimeInTheSecondAttempt) {
     TestMachine machine;
     EXPECT_TRUE(client_.Connect(machine.Host(0), "", ""));
     machine.Server().inject(FaultOf(cimom::Fault::Kind::NoAnswer, WireName()));
-    EXPECT_FALSE(GetParam().send(client_, 150));
-    const std::string line =
-        "ConnectionTimeoutException in PegClient::" + Name() + "(): connection timed out";
-    EXPECT_EQ(log_.Lines(), (Lines{{3, line}, {3, line}}));
+    shortened_ = 30;
+    EXPECT_FALSE(GetParam().send(client_, 15000));
+    EXPECT_EQ(log_.Lines(), (Lines{{3, TimedOut()}, {3, TimedOut()}}));
     EXPECT_EQ(RequestsSeen(machine, WireName()), 2U);
-    EXPECT_EQ(client_.GetCIMClient()->getTimeout(), 300U);
+    EXPECT_EQ(LastTimeouts(3), (std::vector<unsigned int>{15000, 30000, 30000})) << "not doubled again";
     EXPECT_TRUE(client_.LastRequestTimedOut());
     EXPECT_TRUE(pauses_.empty());
 }
 
-TEST_P(PegClientRequestTest, SecondAttemptAfterATimeoutMaySucceed) {
+TEST_P(PegClientRequestTest, SecondAttemptWaitsLongerThanTheFirst) {
+    TestMachine machine;
+    EXPECT_TRUE(client_.Connect(machine.Host(0), "", ""));
+    cimom::Fault slowness = FaultOf(cimom::Fault::Kind::Delay, WireName());
+    slowness.delay = std::chrono::milliseconds(300);  // too slow for the first attempt alone
+    machine.Server().inject(slowness);
+    EXPECT_TRUE(GetParam().send(client_, 200));
+    EXPECT_EQ(log_.Lines(), (Lines{{3, TimedOut()}}));
+    EXPECT_EQ(RequestsSeen(machine, WireName()), 2U);
+    EXPECT_FALSE(client_.LastRequestTimedOut());
+}
+
+TEST_P(PegClientRequestTest, TimeoutThatCannotBeDoubledStaysAsLongAsCanBe) {
     TestMachine machine;
     EXPECT_TRUE(client_.Connect(machine.Host(0), "", ""));
     machine.Server().inject(FaultOf(cimom::Fault::Kind::NoAnswer, WireName(), 1));
-    EXPECT_TRUE(GetParam().send(client_, 1000));
-    EXPECT_EQ(log_.Lines().size(), 1U);
-    EXPECT_FALSE(client_.LastRequestTimedOut());
+    shortened_ = 30;
+    GetParam().send(client_, 0x80000000U);
+    EXPECT_EQ(LastTimeouts(2), (std::vector<unsigned int>{0x80000000U, 0xffffffffU}));
+    machine.Server().inject(FaultOf(cimom::Fault::Kind::NoAnswer, WireName(), 1));
+    GetParam().send(client_, 0x7fffffffU);
+    EXPECT_EQ(LastTimeouts(2), (std::vector<unsigned int>{0x7fffffffU, 0xfffffffeU}));
+}
+
+TEST_P(PegClientRequestTest, AttemptAfterAReconnectionHasTheTimeOfTheCaller) {
+    TestMachine machine;
+    EXPECT_TRUE(client_.Connect(machine.Host(0), "", ""));
+    machine.Server().inject(FaultOf(cimom::Fault::Kind::CloseBeforeAnswer, WireName(), 1));
+    machine.Server().inject(FaultOf(cimom::Fault::Kind::NoAnswer, WireName(), 1));
+    shortened_ = 50;
+    EXPECT_FALSE(GetParam().send(client_, 15000));
+    // The request, connecting anew, the second attempt, and what that one's time-out sets for a third.
+    EXPECT_EQ(LastTimeouts(4), (std::vector<unsigned int>{15000, 65535000, 15000, 30000}));
+    EXPECT_TRUE(client_.LastRequestTimedOut());
 }
 
 TEST_P(PegClientRequestTest, IsNotRepeatedWhenTheServerAnswersWithACimError) {

@@ -381,7 +381,9 @@ TEST_F(InstanceEnumeration, AnotherEnumerationStartsAnew) {
 
 TEST_F(InstanceEnumeration, MultiNodeMeansMoreThanOneConnectedNode) {
     TestMachine machine(Nodes(2));
+    Declare(machine, {ClassXml("X_Fan", "")});
     const Namespace single = MakeNamespace();
+    single->connect(machine.Host(0), "", "");
     EXPECT_FALSE(Allocate(single, "X_Fan")->IsMultiNode());
     const Namespace both = Connected(machine);
     EXPECT_TRUE(Allocate(both, "X_Fan")->IsMultiNode());
@@ -390,7 +392,7 @@ TEST_F(InstanceEnumeration, MultiNodeMeansMoreThanOneConnectedNode) {
 TEST_F(InstanceEnumeration, WithoutANamespaceItIsABrokenPrecondition) {
     Class fan;
     {
-        const Namespace nameSpace = MakeNamespace();
+        const Namespace nameSpace = MakeUninitNamespace();
         fan = Allocate(nameSpace, "X_Fan");
     }
 #ifdef NDEBUG

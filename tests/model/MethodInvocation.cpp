@@ -178,7 +178,7 @@ TEST_F(MethodInvocation, WithAMalformedPathOrNameThrowsTheLibrarysExceptionAndSe
 TEST_F(MethodInvocation, WithoutANamespaceIsABrokenPrecondition) {
     Class service;
     {
-        const Namespace nameSpace = MakeNamespace();
+        const Namespace nameSpace = MakeUninitNamespace();
         service = Allocate(nameSpace, "OMC_EchoService");
     }
     TContext outputs;

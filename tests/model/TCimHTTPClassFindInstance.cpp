@@ -77,7 +77,7 @@ TEST_F(TCimHTTPClassFindInstance, IsWhatTheNamespaceGetsAnInstanceWith) {
 
 TEST_F(TCimHTTPClassFindInstance, ForgottenInstancesAreNotFoundWithoutAServer) {
     InstancesOf(class_);
-    namespace_->disconnect();
+    machine_.Kill(0);
     EXPECT_TRUE(Find("X_Fan.Id=\"a\",Zone=1"));
     class_->ForgetInstances();
     EXPECT_FALSE(Find("X_Fan.Id=\"a\",Zone=1"));

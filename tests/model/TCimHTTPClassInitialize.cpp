@@ -146,8 +146,8 @@ TEST_F(TCimHTTPClassInitialize, EveryClassHasANodeIDUnderAnySpelling) {
     TestMachine machine(Nodes(1));
     Declare(machine, {ClassXml("X_Fan", "")});
     const Namespace nameSpace = Connected(machine);
-    for (const char* name : {"X_Fan", "X_NotOnTheServer"}) {
-        const Class fan = Allocate(nameSpace, name);
+    for (const Class& fan :
+         {Allocate(nameSpace, "X_Fan"), Allocate(MakeUninitNamespace(), "X_WithoutANode")}) {
         for (const char* spelling : {"NodeID", "NODEID", "nodeid"}) {
             const auto node = fan->GetPropertyDecl(spelling, TContext());
             EXPECT_EQ(node->GetName(TContext()), "NodeID");
@@ -244,11 +244,121 @@ TEST_F(TCimHTTPClassInitialize, AQualifierDeclarationThatIsThereServesEveryEleme
 
 TEST_F(TCimHTTPClassInitialize, NodesThatContradictEachOtherAboutAQualifierFailTheClass) {
     TestMachine machine(Nodes(2));
-    DeclareOn(machine, 0, {ClassXml("X_Fan", "", QualifierXml("Rating", "uint16", "7"))});
-    DeclareOn(machine, 1, {ClassXml("X_Fan", "", QualifierXml("Rating", "uint16", "8"))});
+    const std::string fixed = " OVERRIDABLE=\"false\"";
+    DeclareOn(machine, 0, {ClassXml("X_Fan", "", QualifierXml("Rating", "uint16", "7", fixed))});
+    DeclareOn(machine, 1, {ClassXml("X_Fan", "", QualifierXml("Rating", "uint16", "8", fixed))});
     const Namespace nameSpace = Connected(machine);
     EXPECT_EQ(StatusOf([&] { Allocate(nameSpace, "X_Fan"); }), eVSKQualifierConflict);
     EXPECT_FALSE(GetClass(nameSpace, "X_Fan"));
+}
+
+// Firmware of two versions in one machine.
+TEST_F(TCimHTTPClassInitialize, ALaterNodeReplacesAQualifierThatMayBeOverridden) {
+    TestMachine machine(Nodes(2));
+    DeclareOn(machine, 0,
+              {ClassXml("X_Fan", "", QualifierXml("Version", "string", "2.19.0")),
+               ClassXml("X_Rotor", "X_Fan", QualifierXml("Version", "string", "1"))});
+    DeclareOn(machine, 1,
+              {ClassXml("X_Fan", "", QualifierXml("Version", "string", "2.20.0")),
+               ClassXml("X_Rotor", "X_Fan", QualifierXml("Version", "string", "2"))});
+    const Namespace nameSpace = Connected(machine);
+    const Class rotor = GetClass(nameSpace, "X_Rotor");
+    ASSERT_TRUE(rotor);
+    EXPECT_EQ(rotor->GetQualifier("Version", TContext())->GetValue(TContext()).ToString(10), "2");
+    const Class fan = GetClass(nameSpace, "X_Fan");
+    EXPECT_EQ(fan->GetQualifier("Version", TContext())->GetValue(TContext()).ToString(10), "2.20.0");
+    EXPECT_EQ(QualifiersOf(*fan), (Names{"PLUGINNAME", "PLUGINVERSION", "Version"}));
+}
+
+TEST_F(TCimHTTPClassInitialize, AQualifierHasTheFlavorThatItHasOnItsElement) {
+    TestMachine machine(Nodes(1));
+    Declare(
+        machine,
+        {ClassXml("X_Fan", "",
+                  QualifierXml("Plain", "string", "a") +
+                      QualifierXml("Local", "string", "a", " TOSUBCLASS=\"false\"") +
+                      QualifierXml("Handed", "string", "a", " OVERRIDABLE=\"false\"") +
+                      QualifiedPropertyXml("Speed", "uint16",
+                                           QualifierXml("Plain", "string", "b", " OVERRIDABLE=\"false\"") +
+                                               QualifierXml("Handed", "string", "b")))});
+    const Namespace nameSpace = Connected(machine);
+    const Class fan = Allocate(nameSpace, "X_Fan");
+    const auto flavorOf = [](const ICIMNamedElement& element, const char* name) {
+        return element.GetQualifier(name, TContext())->GetFlavor(TContext());
+    };
+    EXPECT_EQ(flavorOf(*fan, "Plain"), 1U);
+    EXPECT_EQ(flavorOf(*fan, "Local"), 1U);
+    EXPECT_EQ(flavorOf(*fan, "Handed"), 0U);
+    const auto speed = fan->GetPropertyDecl("Speed", TContext());
+    EXPECT_EQ(flavorOf(*speed, "Plain"), 0U);
+    EXPECT_EQ(flavorOf(*speed, "Handed"), 1U);
+    EXPECT_EQ(nameSpace->GetQualifierDecl("Plain", TContext())->GetFlavor(TContext()), 0U)
+        << "the declaration's flavor is that of the table, which gives a combination none";
+    EXPECT_EQ(nameSpace->GetQualifierDecl("Handed", TContext())->GetFlavor(TContext()), 0U);
+}
+
+TEST_F(TCimHTTPClassInitialize, AFlavorOfItsOwnMakesAQualifierNoLessPropagated) {
+    TestMachine machine(Nodes(1));
+    Declare(machine, {ClassXml("X_Fan", "", QualifierXml("Unset", "string", "x"))});
+    const Namespace nameSpace = Connected(machine);
+    // A declaration whose default is what the server says, so that the qualifier starts as propagated.
+    nameSpace
+        ->AllocateQualifierDecl("Unset", TCIMValue("x"), ICIMQualifierDecl::eScopeClass,
+                                ICIMQualifierDecl::eFlavorNone, TContext())
+        ->Commit(TContext());
+    const auto unset = Allocate(nameSpace, "X_Fan")->GetQualifier("Unset", TContext());
+    EXPECT_EQ(unset->GetFlavor(TContext()), 1U);
+    EXPECT_TRUE(unset->IsPropagated(TContext()));
+}
+
+// A definition that nobody gave is no definition.
+
+TEST_F(TCimHTTPClassInitialize, AClassThatNoNodeDefinesIsRefused) {
+    TestMachine machine(Nodes(2));
+    const Namespace nameSpace = Connected(machine);
+    EXPECT_THROW(Allocate(nameSpace, "X_Fan"), Pegasus::UninitializedObjectException);
+    EXPECT_EQ(machine.Requests(), (Names{"0 GetClass X_Fan", "1 GetClass X_Fan"}));
+}
+
+TEST_F(TCimHTTPClassInitialize, AClassIsRefusedByATimeoutWhenANodesLastAttemptWasOne) {
+    TestMachine machine(Nodes(2));
+    DeclareOn(machine, 0, {ClassXml("X_Fan", "")});
+    const Namespace nameSpace = Connected(machine);
+    cimom::Fault silence;
+    silence.kind = cimom::Fault::Kind::NoAnswer;
+    silence.address = machine.Host(0);
+    machine.Server().inject(silence);
+    shortened_ = 50;
+    EXPECT_THROW(Allocate(nameSpace, "X_Fan"), Pegasus::ConnectionTimeoutException);
+    EXPECT_EQ(machine.Requests(), (Names{"0 GetClass X_Fan", "0 GetClass X_Fan", "1 GetClass X_Fan"}));
+}
+
+TEST_F(TCimHTTPClassInitialize, ATimeoutThatTheSecondAttemptMadeGoodIsNone) {
+    TestMachine machine(Nodes(1));
+    const Namespace nameSpace = Connected(machine);
+    cimom::Fault silence;
+    silence.kind = cimom::Fault::Kind::NoAnswer;
+    silence.times = 1;
+    machine.Server().inject(silence);
+    shortened_ = 300;
+    EXPECT_THROW(Allocate(nameSpace, "X_Fan"), Pegasus::UninitializedObjectException) << "it has no X_Fan";
+}
+
+TEST_F(TCimHTTPClassInitialize, OneNodesDefinitionIsEnoughWhateverBecameOfTheOthers) {
+    TestMachine machine(Nodes(3));
+    DeclareOn(machine, 2, {ClassXml("X_Fan", "", KeyXml("Id", "string"))});
+    const Namespace nameSpace = Connected(machine);
+    cimom::Fault silence;
+    silence.kind = cimom::Fault::Kind::NoAnswer;
+    silence.address = machine.Host(0);
+    machine.Server().inject(silence);
+    shortened_ = 50;
+    EXPECT_EQ(PropertiesOf(Allocate(nameSpace, "X_Fan")), (Names{"Id", "NodeID"}));
+}
+
+TEST_F(TCimHTTPClassInitialize, NodesThatAreNotConnectedDefineNothing) {
+    EXPECT_THROW(Allocate(MakeNamespace(), "X_Fan"), Pegasus::UninitializedObjectException);
+    EXPECT_TRUE(log_.Lines().empty());
 }
 
 // A namespace whose table of qualifier declarations fails for one name as the remote library does.

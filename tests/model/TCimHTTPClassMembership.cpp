@@ -47,7 +47,7 @@ protected:
 
     static std::string Attempt(const std::string& what) { return "TCimHTTP: Attempt to " + what; }
 
-    Namespace namespace_ = MakeNamespace();
+    Namespace namespace_ = MakeUninitNamespace();
     Class class_ = Allocate(namespace_, "X_Fan");
     Class other_ = Allocate(namespace_, "X_Device");
 };

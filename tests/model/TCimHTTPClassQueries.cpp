@@ -58,7 +58,7 @@ protected:
 };
 
 TEST_F(TCimHTTPClassQueries, TheNameIsAsGivenAndTheNamespaceTheOneThatAllocatedTheClass) {
-    Namespace nameSpace = MakeNamespace();
+    Namespace nameSpace = MakeUninitNamespace();
     const Class fan = Allocate(nameSpace, "x_FAN");
     EXPECT_EQ(fan->GetName(TContext()), "x_FAN");
     EXPECT_EQ(fan->GetNamespace(TContext()), nameSpace);
@@ -67,7 +67,7 @@ TEST_F(TCimHTTPClassQueries, TheNameIsAsGivenAndTheNamespaceTheOneThatAllocatedT
 }
 
 TEST_F(TCimHTTPClassQueries, ClassesCompareByTheirNamesByteForByte) {
-    const Namespace nameSpace = MakeNamespace();
+    const Namespace nameSpace = MakeUninitNamespace();
     const Class fan = Allocate(nameSpace, "X_Fan");
     const Class same = Allocate(nameSpace, "X_Fan");
     const Class lower = Allocate(nameSpace, "x_fan");
@@ -79,7 +79,7 @@ TEST_F(TCimHTTPClassQueries, ClassesCompareByTheirNamesByteForByte) {
 }
 
 TEST_F(TCimHTTPClassQueries, AssigningAClassChangesNothing) {
-    const Namespace nameSpace = MakeNamespace();
+    const Namespace nameSpace = MakeUninitNamespace();
     const Class fan = Allocate(nameSpace, "X_Fan");
     const Class other = Allocate(nameSpace, "X_Other");
     ICIMClass& assigned = static_cast<ICIMClass&>(*fan) = *other;
@@ -89,7 +89,7 @@ TEST_F(TCimHTTPClassQueries, AssigningAClassChangesNothing) {
 }
 
 TEST_F(TCimHTTPClassQueries, AssociationAndAbstractNeedATrueQualifier) {
-    const Namespace nameSpace = MakeNamespace();
+    const Namespace nameSpace = MakeUninitNamespace();
     const Class plain = Allocate(nameSpace, "X_Plain");
     EXPECT_FALSE(plain->IsAssociation(TContext()));
     EXPECT_FALSE(plain->IsAbstract(TContext()));
@@ -108,7 +108,7 @@ TEST_F(TCimHTTPClassQueries, AssociationAndAbstractNeedATrueQualifier) {
 }
 
 TEST_F(TCimHTTPClassQueries, AMissingPropertyIsRefusedButForOneSpelledExactly) {
-    const Class fan = Allocate(MakeNamespace(), "X_Fan");
+    const Class fan = Allocate(MakeUninitNamespace(), "X_Fan");
     EXPECT_FALSE(fan->GetPropertyDecl("DateTimeOfCollection", TContext()));
     for (const char* name : {"datetimeofcollection", "DateTimeOfcollection", "Speed", ""}) {
         EXPECT_EQ(StatusOf([&] { fan->GetPropertyDecl(name, TContext()); }), eVSKNotFound) << name;
@@ -118,20 +118,20 @@ TEST_F(TCimHTTPClassQueries, AMissingPropertyIsRefusedButForOneSpelledExactly) {
 }
 
 TEST_F(TCimHTTPClassQueries, APresentDateTimeOfCollectionIsFoundUnderAnySpelling) {
-    const Class fan = Allocate(MakeNamespace(), "X_Fan");
+    const Class fan = Allocate(MakeUninitNamespace(), "X_Fan");
     fan->AllocatePropertyDecl("DateTimeOfCollection", TCIMValue(), TContext())->Commit(TContext());
     EXPECT_TRUE(fan->GetPropertyDecl("DateTimeOfCollection", TContext()));
     EXPECT_TRUE(fan->GetPropertyDecl("datetimeofcollection", TContext()));
 }
 
 TEST_F(TCimHTTPClassQueries, AMissingMethodOrQualifierIsAnEmptyPointer) {
-    const Class fan = Allocate(MakeNamespace(), "X_Fan");
+    const Class fan = Allocate(MakeUninitNamespace(), "X_Fan");
     EXPECT_FALSE(fan->GetMethodDecl("Stop", TContext()));
     EXPECT_FALSE(fan->GetQualifier("Note", TContext()));
 }
 
 TEST_F(TCimHTTPClassQueries, MembersComeInTheOrderOfTheirNormalisedNames) {
-    const Namespace nameSpace = MakeNamespace();
+    const Namespace nameSpace = MakeUninitNamespace();
     const Class fan = Allocate(nameSpace, "X_Fan");
     for (const char* name : {"Zone", "alarm", "Speed", "_x"}) {
         fan->AllocatePropertyDecl(name, TCIMValue(), TContext())->Commit(TContext());
@@ -144,7 +144,7 @@ TEST_F(TCimHTTPClassQueries, MembersComeInTheOrderOfTheirNormalisedNames) {
 }
 
 TEST_F(TCimHTTPClassQueries, EnumerationsStopAtTheFirstFalse) {
-    const Namespace nameSpace = MakeNamespace();
+    const Namespace nameSpace = MakeUninitNamespace();
     const Class fan = Allocate(nameSpace, "X_Fan");
     for (const char* name : {"A", "B", "C"}) {
         const auto property = fan->AllocatePropertyDecl(name, TCIMValue(), TContext());
@@ -169,7 +169,7 @@ TEST_F(TCimHTTPClassQueries, EnumerationsStopAtTheFirstFalse) {
 }
 
 TEST_F(TCimHTTPClassQueries, ACallbackMayChangeTheClass) {
-    const Class fan = Allocate(MakeNamespace(), "X_Fan");
+    const Class fan = Allocate(MakeUninitNamespace(), "X_Fan");
     fan->AllocatePropertyDecl("PortType", TCIMValue(), TContext())->Commit(TContext());
     int calls = 0;
     fan->EnumeratePropertyDecls(
@@ -183,7 +183,7 @@ TEST_F(TCimHTTPClassQueries, ACallbackMayChangeTheClass) {
 }
 
 TEST_F(TCimHTTPClassQueries, NoMemberEntriesExist) {
-    const Class fan = Allocate(MakeNamespace(), "X_Fan");
+    const Class fan = Allocate(MakeUninitNamespace(), "X_Fan");
     EXPECT_EQ(StatusOf([&] { fan->GetMemberEntry("NodeID", TContext()); }), eVSKNotFound);
     int calls = 0;
     fan->EnumerateMemberEntries([&](const boost::shared_ptr<ICIMNamedElement>&) { return ++calls > 0; },
@@ -192,7 +192,7 @@ TEST_F(TCimHTTPClassQueries, NoMemberEntriesExist) {
 }
 
 TEST_F(TCimHTTPClassQueries, KeysAreTheClasssOwnPropertiesWithATrueKeyQualifier) {
-    const Namespace nameSpace = MakeNamespace();
+    const Namespace nameSpace = MakeUninitNamespace();
     const Class fan = Allocate(nameSpace, "X_Fan");
     const auto add = [&](const char* name, const TCIMValue& isKey) {
         const auto property = fan->AllocatePropertyDecl(name, TCIMValue(), TContext());
@@ -207,7 +207,7 @@ TEST_F(TCimHTTPClassQueries, KeysAreTheClasssOwnPropertiesWithATrueKeyQualifier)
 }
 
 TEST_F(TCimHTTPClassQueries, OperationsThatTheClassDoesNotOfferSaySo) {
-    const Class fan = Allocate(MakeNamespace(), "X_Fan");
+    const Class fan = Allocate(MakeUninitNamespace(), "X_Fan");
     log_.Clear();
     bool found = true;
     EXPECT_EQ(StatusOf([&] { fan->Reserved4(TContext()); }), eVSKNotSupported);
@@ -222,7 +222,7 @@ TEST_F(TCimHTTPClassQueries, OperationsThatTheClassDoesNotOfferSaySo) {
 }
 
 TEST_F(TCimHTTPClassQueries, OperationsThatDropTheirArgumentReleaseIt) {
-    const Namespace nameSpace = MakeNamespace();
+    const Namespace nameSpace = MakeUninitNamespace();
     const Class fan = Allocate(nameSpace, "X_Fan");
     const Class other = Allocate(nameSpace, "X_Other");
     const auto instance = fan->CreateInstance(TContext());
@@ -267,6 +267,15 @@ protected:
         return names;
     }
 
+    /// The server fails to tell of X_Made what its superclass is.
+    static cimom::Fault NotTelling() {
+        cimom::Fault fault;
+        fault.kind = cimom::Fault::Kind::CimError;
+        fault.code = 1;
+        fault.className = "X_Made";
+        return fault;
+    }
+
     TestMachine machine_;
     Namespace namespace_;
     std::vector<Class> classes_;
@@ -293,8 +302,8 @@ TEST_F(TCimHTTPClassTree, AClassIsASubclassOfItselfAndOfEveryAncestorAndOfNothin
     EXPECT_FALSE(isSubclassOf("X_Alone"));
     EXPECT_FALSE(isSubclassOf("<root>"));
     EXPECT_FALSE(GetClass(namespace_, "X_Top")->IsSubclassOf(leaf, TContext()));
-    EXPECT_FALSE(leaf->IsSubclassOf(Allocate(MakeNamespace(), "x_top"), TContext()));
-    EXPECT_TRUE(leaf->IsSubclassOf(Allocate(MakeNamespace(), "X_Top"), TContext()));
+    EXPECT_FALSE(leaf->IsSubclassOf(Allocate(MakeUninitNamespace(), "x_top"), TContext()));
+    EXPECT_TRUE(leaf->IsSubclassOf(Allocate(MakeUninitNamespace(), "X_Top"), TContext()));
 }
 
 TEST_F(TCimHTTPClassTree, TheSuperclassIsAskedOfTheServer) {
@@ -360,11 +369,62 @@ TEST_F(TCimHTTPClassTree, ACallbackThatThrowsForOneSubclassKeepsNoOtherFromBeing
     EXPECT_EQ(names, (Names{"X_Upper", "X_Lower", "X_Beside"}));
 }
 
-TEST_F(TCimHTTPClassTree, AClassThatTheServerDoesNotKnowIsCommittedBelowTheRoot) {
+TEST_F(TCimHTTPClassTree, AClassWhoseSuperclassTheServerDoesNotTellIsCommittedBelowTheRoot) {
+    Declare(machine_, {ClassXml("X_Made", "X_Top")});
     const Class made = Allocate(namespace_, "X_Made");
+    machine_.Server().inject(NotTelling());
     made->Commit(TContext());
     EXPECT_EQ(GetClass(namespace_, "X_Made"), made);
     EXPECT_EQ(SubclassesOf(*GetClass(namespace_, "<root>")), (Names{"X_Top", "X_Alone", "X_Made"}));
+}
+
+TEST_F(TCimHTTPClassTree, AClassWhoseSuperclassTheServerDoesNotTellIsCommittedBelowTheOneGiven) {
+    Declare(machine_, {ClassXml("X_Made", "X_Alone")});
+    const Class made = boost::dynamic_pointer_cast<TCimHTTPClass>(
+        namespace_->AllocateClass("X_Made", GetClass(namespace_, "X_Top"), TContext()));
+    EXPECT_TRUE(made->IsSubclassOf(GetClass(namespace_, "X_Top"), TContext()));
+    const Names before = SubclassesOf(*GetClass(namespace_, "X_Top"));
+    EXPECT_EQ(std::count(before.begin(), before.end(), "X_Made"), 0) << "not before it is committed";
+    machine_.Server().inject(NotTelling());
+    made->Commit(TContext());
+    const Names after = SubclassesOf(*GetClass(namespace_, "X_Top"));
+    EXPECT_EQ(std::count(after.begin(), after.end(), "X_Made"), 1);
+    EXPECT_EQ(SubclassesOf(*GetClass(namespace_, "<root>")), (Names{"X_Top", "X_Alone"}));
+}
+
+TEST_F(TCimHTTPClassTree, TheServersSuperclassCountsMoreThanTheOneGiven) {
+    Declare(machine_, {ClassXml("X_Made", "X_Alone")});
+    const Class made = boost::dynamic_pointer_cast<TCimHTTPClass>(
+        namespace_->AllocateClass("X_Made", GetClass(namespace_, "X_Top"), TContext()));
+    made->Commit(TContext());
+    EXPECT_EQ(SubclassesOf(*GetClass(namespace_, "X_Alone")), Names{"X_Made"});
+    const Names top = SubclassesOf(*GetClass(namespace_, "X_Top"));
+    EXPECT_EQ(std::count(top.begin(), top.end(), "X_Made"), 0);
+}
+
+TEST_F(TCimHTTPClassTree, ASuperclassThatCannotBeHadLeavesTheOneGiven) {
+    Declare(machine_, {ClassXml("X_Lost", ""), ClassXml("X_Made", "X_Lost")});
+    const Class made = boost::dynamic_pointer_cast<TCimHTTPClass>(
+        namespace_->AllocateClass("X_Made", GetClass(namespace_, "X_Alone"), TContext()));
+    cimom::Fault lost = NotTelling();
+    lost.className = "X_Lost";
+    machine_.Server().inject(lost);
+    made->Commit(TContext());
+    EXPECT_EQ(SubclassesOf(*GetClass(namespace_, "X_Alone")), Names{"X_Made"});
+}
+
+TEST_F(TCimHTTPClassTree, AClassThatIsAttachedElsewhereLeavesItsFormerSuperclass) {
+    const Class alone = GetClass(namespace_, "X_Alone");
+    GetClass(namespace_, "X_Top")->AddSubclass(alone, TContext());
+    EXPECT_EQ(SubclassesOf(*GetClass(namespace_, "<root>")), Names{"X_Top"});
+    EXPECT_TRUE(alone->IsSubclassOf(GetClass(namespace_, "X_Top"), TContext()));
+}
+
+TEST_F(TCimHTTPClassTree, AGivenSuperclassThatDerivesFromTheClassIsLeftOutOfAccount) {
+    const Class top = GetClass(namespace_, "X_Top");
+    top->SuggestSuperclass(GetClass(namespace_, "X_Leaf"));
+    EXPECT_FALSE(top->IsSubclassOf(GetClass(namespace_, "X_Leaf"), TContext()));
+    EXPECT_EQ(top->DeclaredType("NoSuchProperty"), TCIMValue::TCIMType::eUnknown) << "the chain has an end";
 }
 
 TEST_F(TCimHTTPClassTree, ASecondClassOfANameIsRefusedAndTheTreeStays) {
@@ -388,6 +448,23 @@ TEST_F(TCimHTTPClassQueries, ARedefinedClassTakesTheOldOnesPlaceInTheTree) {
     EXPECT_EQ(GetClass(nameSpace, "X_Upper"), upper);
     EXPECT_EQ(SubclassesOf(*GetClass(nameSpace, "X_Top"), true), (Names{"X_Upper", "X_Leaf", "X_Last"}));
     EXPECT_TRUE(leaf->IsSubclassOf(GetClass(nameSpace, "X_Top"), TContext()));
+}
+
+TEST_F(TCimHTTPClassQueries, ARedefinedClassLeavesTheSuperclassOfBefore) {
+    TestMachine machine(Nodes(1));
+    Declare(machine, {ClassXml("X_Top", ""), ClassXml("X_Other", ""), ClassXml("X_Leaf", "X_Top")});
+    const Namespace nameSpace = Connected(machine, "root/cimv2", true);
+    const Class old = GetClass(nameSpace, "X_Leaf");
+    const Class other = GetClass(nameSpace, "X_Other");
+    const Class leaf =
+        boost::dynamic_pointer_cast<TCimHTTPClass>(nameSpace->AllocateClass("X_Leaf", other, TContext()));
+    cimom::Fault fault;
+    fault.kind = cimom::Fault::Kind::CimError;
+    fault.code = 1;
+    machine.Server().inject(fault);
+    leaf->Commit(TContext());
+    EXPECT_EQ(SubclassesOf(*other), Names{"X_Leaf"});
+    EXPECT_EQ(SubclassesOf(*GetClass(nameSpace, "X_Top")), Names{});
 }
 
 TEST_F(TCimHTTPClassQueries, OfSeveralNodesTheFirstIsAskedForTheSuperclass) {

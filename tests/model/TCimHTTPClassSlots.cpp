@@ -75,7 +75,7 @@ TEST(TCimHTTPClassSlots, OfANamedElementAreTheContracts) {
 class TCimHTTPClassBases : public ModelTest {};
 
 TEST_F(TCimHTTPClassBases, StandInTheOrderOfTheContract) {
-    const Namespace nameSpace = MakeNamespace();
+    const Namespace nameSpace = MakeUninitNamespace();
     const Class fan = Allocate(nameSpace, "X_Fan");
     const auto offset = [&](const void* base) {
         return static_cast<const char*>(base) - reinterpret_cast<const char*>(fan.get());
@@ -86,7 +86,7 @@ TEST_F(TCimHTTPClassBases, StandInTheOrderOfTheContract) {
 }
 
 TEST_F(TCimHTTPClassBases, ReachTheClassThroughItsSecondBase) {
-    const Namespace nameSpace = MakeNamespace();
+    const Namespace nameSpace = MakeUninitNamespace();
     const Class fan = Allocate(nameSpace, "X_Fan");
     ICIMNamedElement& element = *fan;
     const auto declaration = nameSpace->GetQualifierDecl("PLUGINNAME", TContext());

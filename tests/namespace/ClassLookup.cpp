@@ -11,7 +11,10 @@
 #include "tests/support/Declarations.h"
 #include "tests/support/PluginTest.h"
 #include "tests/support/TCimHTTPNamespaceTestAccess.h"
+#include "union/TInmemClass.h"
 #include "union/TUnionNamespace.h"
+#include "vskcore/ICIMInstance.h"
+#include "vskcore/ICIMProperty.h"
 #include "vskcore/ICIMQualifier.h"
 #include "vskcore/THostSetup.h"
 #include "vskcore/TVSKException.h"
@@ -58,8 +61,11 @@ protected:
     }
 
     /// A class in the union namespace, with one property.
-    void DeclareInUnion(const std::string& name) {
-        const auto cimClass = union_->AllocateClass(name, boost::shared_ptr<ICIMClass>(), TContext());
+    void DeclareInUnion(const std::string& name, const std::string& superclass = "") {
+        const auto cimClass = union_->AllocateClass(
+            name,
+            superclass.empty() ? boost::shared_ptr<ICIMClass>() : union_->GetClass(superclass, TContext()),
+            TContext());
         cimClass->AllocatePropertyDecl("FromUnion", TCIMValue("x"), TContext())->Commit(TContext());
         cimClass->Commit(TContext());
     }
@@ -246,7 +252,7 @@ TEST_F(ClassLookupTest, TimeOutGivesNothingIsLoggedAndTheNextCallTriesAgain) {
     TestMachine machine(Bare());
     DeclareChain(machine);
     const auto nameSpace = Connected(machine);
-    Access::SetFetchTimeout(100);
+    shortened_ = 50;
     cimom::Fault silence;
     silence.kind = cimom::Fault::Kind::NoAnswer;
     silence.times = 2;
@@ -259,8 +265,89 @@ TEST_F(ClassLookupTest, TimeOutGivesNothingIsLoggedAndTheNextCallTriesAgain) {
                                    {3,
                                     "TCimHTTPNamespace::GetClass after AllocateClass from Pegasus for: T_A "
                                     "returned exception: connection timed out"}}));
-    Access::SetFetchTimeout(15000);
+    shortened_.reset();
     EXPECT_TRUE(nameSpace->GetClass("T_A", TContext()));
+}
+
+/// One node's fault for the Nth request about a class.
+cimom::Fault RefusesOnce(const std::string& host, const std::string& className) {
+    cimom::Fault fault;
+    fault.kind = cimom::Fault::Kind::CimError;
+    fault.address = host;
+    fault.className = className;
+    fault.code = 1;
+    fault.times = 1;
+    return fault;
+}
+
+/// A request about a class that is to be answered, so that a fault behind it meets the next one.
+cimom::Fault Passes(const std::string& host, const std::string& className) {
+    cimom::Fault fault = RefusesOnce(host, className);
+    fault.kind = cimom::Fault::Kind::Delay;
+    return fault;
+}
+
+TEST_F(ClassLookupTest, ClassWhoseOwnFetchFailsOnEveryNodeIsNotCached) {
+    TestMachine machine(Bare(2));
+    DeclareChain(machine);
+    const auto nameSpace = Connected(machine);
+    machine.Server().inject(Passes(machine.Host(0), "T_A"));
+    machine.Server().inject(RefusesOnce(machine.Host(0), "T_A"));
+    machine.Server().inject(RefusesOnce(machine.Host(1), "T_A"));
+    EXPECT_FALSE(nameSpace->GetClass("T_A", TContext()));
+    EXPECT_EQ(machine.Requests(), (Names{"0 GetClass T_A", "0 GetClass T_A", "1 GetClass T_A"}));
+    EXPECT_TRUE(log_.LinesWith(Gc("T_A", " Now it is Found")).empty());
+    EXPECT_TRUE(Subclasses(*nameSpace).empty());
+
+    const auto found = nameSpace->GetClass("T_A", TContext());
+    ASSERT_TRUE(found) << "asked again";
+    EXPECT_TRUE(found->GetPropertyDecl("Id", TContext()));
+}
+
+TEST_F(ClassLookupTest, ClassWhoseOwnFetchTimesOutIsNotCachedAndSaysSo) {
+    TestMachine machine(Bare());
+    DeclareChain(machine);
+    const auto nameSpace = Connected(machine);
+    machine.Server().inject(Passes(machine.Host(0), "T_A"));
+    cimom::Fault silence;
+    silence.kind = cimom::Fault::Kind::NoAnswer;
+    silence.times = 2;
+    machine.Server().inject(silence);
+    shortened_ = 100;
+    EXPECT_FALSE(nameSpace->GetClass("T_A", TContext()));
+    EXPECT_EQ(log_.Lines().back(),
+              RecordingLogger::Line(3,
+                                    "TCimHTTPNamespace::GetClass after AllocateClass from Pegasus for: T_A "
+                                    "returned exception: connection timed out"));
+    shortened_.reset();
+    const auto found = nameSpace->GetClass("T_A", TContext());
+    ASSERT_TRUE(found);
+    EXPECT_TRUE(found->GetPropertyDecl("Id", TContext()));
+}
+
+TEST_F(ClassLookupTest, FailedQuestionForTheSuperclassDoesNotFlattenTheChain) {
+    TestMachine machine(Bare());
+    DeclareChain(machine);
+    const auto nameSpace = Connected(machine);
+    // Its definition, its own members, and then the question where to attach it.
+    machine.Server().inject(Passes(machine.Host(0), "T_B"));
+    machine.Server().inject(Passes(machine.Host(0), "T_B"));
+    machine.Server().inject(RefusesOnce(machine.Host(0), "T_B"));
+    const auto found = nameSpace->GetClass("T_B", TContext());
+    ASSERT_TRUE(found);
+    EXPECT_EQ(log_.LinesWith("CIMException in PegClient::GetClass(): ").size(), 1U);
+    EXPECT_EQ(Subclasses(*nameSpace), (Names{"T_A", "T_B"}));
+    EXPECT_TRUE(found->IsSubclassOf(nameSpace->GetClass("T_A", TContext()), TContext()));
+    EXPECT_EQ(found->GetSuperClass(TContext()), nameSpace->GetClass("T_A", TContext()));
+    Names below;
+    nameSpace->GetClass("<root>", TContext())
+        ->EnumerateSubclasses(
+            [&](boost::shared_ptr<ICIMClass> cimClass) {
+                below.push_back(cimClass->GetName(TContext()));
+                return true;
+            },
+            false, TContext());
+    EXPECT_EQ(below, Names{"T_A"});
 }
 
 TEST_F(ClassLookupTest, BrokenChainGivesNothingButKeepsTheAncestorsBuilt) {
@@ -396,6 +483,53 @@ TEST_F(ClassLookupTest, ClassThatOnlyTheUnionNamespaceKnowsIsFoundAtOnce) {
     EXPECT_EQ(Subclasses(*nameSpace), (Names{"T_OnlyThere"}));
 }
 
+TEST_F(ClassLookupTest, ChainThatOnlyTheUnionNamespaceKnowsKeepsItsLevels) {
+    TestMachine machine(Bare());
+    DeclareInUnion("T_Top");
+    DeclareInUnion("T_Middle", "T_Top");
+    DeclareInUnion("T_Bottom", "T_Middle");
+    const auto nameSpace = Connected(machine);
+    const auto bottom = nameSpace->GetClass("T_Bottom", TContext());
+    ASSERT_TRUE(bottom);
+    EXPECT_EQ(Subclasses(*nameSpace), (Names{"T_Top", "T_Middle", "T_Bottom"}));
+    EXPECT_TRUE(bottom->IsSubclassOf(nameSpace->GetClass("T_Top", TContext()), TContext()));
+    EXPECT_EQ(bottom->GetSuperClass(TContext()), nameSpace->GetClass("T_Middle", TContext()));
+}
+
+TEST_F(ClassLookupTest, ClassThatAnotherPluginStampedIsMarkedAllTheSameAndDeliversItsInstances) {
+    TestMachine machine(Bare());
+    machine.Repository(0).addDeclarations(
+        "root/cimv2",
+        Declarations({ClassXml("T_Theirs", "", KeyXml("Id", "string")),
+                      InstanceXml("T_Theirs", PropertyXml("Id", "string", "a"))}),
+        "theirs");
+    union_
+        ->AllocateQualifierDecl("PLUGINNAME", TCIMValue(""), ICIMQualifierDecl::eScopeNone,
+                                ICIMQualifierDecl::eFlavorNone, TContext())
+        ->Commit(TContext());
+    const auto theirs = union_->AllocateClass("T_Theirs", boost::shared_ptr<ICIMClass>(), TContext());
+    auto& element = dynamic_cast<ICIMNamedElement&>(*theirs);
+    element.AddQualifier(element.AllocateQualifier("PLUGINNAME", TCIMValue("other.nsp"), TContext()),
+                         TContext());
+    theirs->AllocatePropertyDecl("Id", TCIMValue(""), TContext())->Commit(TContext());
+    theirs->Commit(TContext());
+
+    const auto nameSpace = Connected(machine);
+    const auto copied = nameSpace->GetClass("T_Theirs", TContext());
+    ASSERT_TRUE(copied);
+    EXPECT_EQ(QualifierOf(*copied, "PLUGINNAME"), "other.nsp");
+    EXPECT_TRUE(copied->GetPropertyDecl("NodeID", TContext()));
+    EXPECT_EQ(log_.LinesWith("Catch exception for construct plugin name and version").size(), 1U);
+    Names nodes;
+    copied->EnumerateInstances(
+        [&](boost::shared_ptr<ICIMInstance> instance) {
+            nodes.push_back(instance->GetProperty("NodeID", TContext())->GetValue(TContext()).ToString(10));
+            return true;
+        },
+        false, TContext());
+    EXPECT_EQ(nodes, Names{"1"});
+}
+
 TEST_F(ClassLookupTest, StampingThatFailsIsLoggedAndTheClassIsStillReturned) {
     TestMachine machine(Bare());
     DeclareChain(machine);
@@ -443,6 +577,56 @@ public:
 
     Names asked_;
 };
+
+/// A class whose members cannot be enumerated to their end.
+class UnreadableClass : public TInmemClass {
+public:
+    using TInmemClass::operator=;
+    using TInmemClass::TInmemClass;
+
+    void EnumerateMethodDecls(const MethodDeclCallback&, TContext) const override {
+        throw TVSKException(eVSKNotFound);
+    }
+};
+
+/// A union namespace whose classes can be copied half-way only.
+class UnreadableUnion : public TUnionNamespace {
+public:
+    using TUnionNamespace::operator=;
+
+    boost::shared_ptr<ICIMClass> GetClass(const std::string& name, TContext) override {
+        return boost::shared_ptr<ICIMClass>(new UnreadableClass(shared_from_this(), name, {}));
+    }
+};
+
+TEST_F(ClassLookupTest, CopyThatFailsHalfWayIsReplacedByTheNodesDefinition) {
+    TestMachine machine(Bare());
+    DeclareChain(machine);
+    common_->SetUpcallNamespace(boost::shared_ptr<ICIMNamespace>(new UnreadableUnion), TContext());
+    const auto nameSpace = Connected(machine);
+    const auto found = nameSpace->GetClass("T_A", TContext());
+    ASSERT_TRUE(found);
+    EXPECT_TRUE(found->GetPropertyDecl("Id", TContext())) << "as the node defines it";
+    EXPECT_TRUE(found->GetPropertyDecl("NodeID", TContext()));
+    EXPECT_EQ(log_.Lines(),
+              (Lines{{3, From("T_A")},
+                     {3, Gc("T_A", " Catch an exception while trying to get this class in union namespace")},
+                     {3, Gc("", " : return <root>")},
+                     {3, Gc("", " : return <root>")},
+                     {3, Gc("T_A", " Now it is Found in TCimHTTPNamespace")}}));
+    // That held for the lookup alone: what the host allocates later is a class that the union knows.
+    const auto allocated = nameSpace->AllocateClass("T_A", {}, TContext());
+    EXPECT_THROW(allocated->GetPropertyDecl("Id", TContext()), TVSKException);
+}
+
+TEST_F(ClassLookupTest, CopyThatFailsHalfWayOfAClassThatNoNodeKnowsGivesNothing) {
+    TestMachine machine(Bare());
+    common_->SetUpcallNamespace(boost::shared_ptr<ICIMNamespace>(new UnreadableUnion), TContext());
+    const auto nameSpace = Connected(machine);
+    EXPECT_FALSE(nameSpace->GetClass("T_None", TContext()));
+    EXPECT_FALSE(nameSpace->GetClass("T_None", TContext()));
+    EXPECT_TRUE(Subclasses(*nameSpace).empty());
+}
 
 TEST_F(ClassLookupTest, UnionNamespaceIsAskedTwiceFirstWithTheCallersContext) {
     TestMachine machine(Bare());

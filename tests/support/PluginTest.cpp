@@ -1,7 +1,7 @@
 #include "tests/support/PluginTest.h"
 
-#include "connection/ReconnectPause.h"
 #include "connection/TCimHTTPNamespace.h"
+#include "connection/Waiting.h"
 #include "provider/TCimHTTPNamespaceProvider.h"
 #include "qelc/TQELCNamespace.h"
 #include "tests/support/TCimHTTPNamespaceTestAccess.h"
@@ -11,14 +11,30 @@
 
 namespace NQELVSK20 {
 
+namespace {
+
+constexpr unsigned int kConnectTimeoutMs = 65535000;
+
+}  // namespace
+
 PluginTest::PluginTest() : common_(new TQELCNamespace), union_(new TUnionNamespace) {
     common_->SetUpcallNamespace(union_, TContext());
-    ReplaceReconnectPause([this](unsigned int milliseconds) { pauses_.push_back(milliseconds); });
+    ReplaceWaiting({[this](unsigned int milliseconds) {
+                        pauses_.push_back(milliseconds);
+                        if (whilePausing_) {
+                            whilePausing_();
+                        }
+                    },
+                    [this](unsigned int milliseconds) {
+                        timeouts_.push_back(milliseconds);
+                        return milliseconds == kConnectTimeoutMs ? milliseconds
+                                                                 : shortened_.value_or(milliseconds);
+                    }});
     TCimHTTPNamespaceTestAccess::SetDetectionDone(true);
 }
 
 PluginTest::~PluginTest() {
-    ReplaceReconnectPause({});
+    ReplaceWaiting({});
     THostSetup::SetNodeCount(1);
     THostSetup::SetBMCMapping({});
 }

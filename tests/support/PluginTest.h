@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <boost/shared_ptr.hpp>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,9 +18,10 @@ class TCimHTTPNamespace;
 class TQELCNamespace;
 class TUnionNamespace;
 
-/// A plug-in in its host: records the log, replaces the pause before a reconnection (and counts it), puts the
-/// common-schema and union namespaces behind every namespace, and starts without a hypervisor detection,
-/// which a test asks for when it is about it.
+/// A plug-in in its host: records the log, replaces the pause before a reconnection (and counts it), records
+/// the time-outs of requests (and shortens them, when a test says so), puts the common-schema and union
+/// namespaces behind every namespace, and starts without a hypervisor detection, which a test asks for when
+/// it is about it.
 class PluginTest : public ::testing::Test {
 protected:
     PluginTest();
@@ -41,7 +44,10 @@ protected:
                                                    bool replaceDuplicates = false);
 
     RecordingLogger log_;
-    std::vector<unsigned int> pauses_;  // milliseconds of every pause that was asked for
+    std::vector<unsigned int> pauses_;       // milliseconds of every pause that was asked for
+    std::function<void()> whilePausing_;     // what happens elsewhere during each of them; may be empty
+    std::vector<unsigned int> timeouts_;     // milliseconds of every time-out that the clients were given
+    std::optional<unsigned int> shortened_;  // what a request's time-outs are in truth; none: what was asked
     boost::shared_ptr<TQELCNamespace> common_;
     boost::shared_ptr<TUnionNamespace> union_;
 };

@@ -14,10 +14,6 @@ public:
     /// The detection runs once a process; a test wants it anew, or out of its way.
     static void SetDetectionDone(bool done) { TCimHTTPNamespace::detectionDone_ = done; }
 
-    /// No test waits for a fetch of 15 seconds to time out.
-    static void SetFetchTimeout(unsigned int milliseconds) {
-        TCimHTTPNamespace::fetchTimeout_ = milliseconds;
-    }
     static void CheckIsESXi5(TCimHTTPNamespace& nameSpace) { nameSpace.CheckIsESXi5(); }
 
     static void ConnectNode(TCimHTTPNamespace& nameSpace, int node, const std::string& host) {

@@ -1,4 +1,4 @@
-#include "connection/ReconnectPause.h"
+#include "connection/Waiting.h"
 
 #include <utility>
 
@@ -27,23 +27,27 @@ void Wait(unsigned int milliseconds) {
 }
 #endif
 
-boost::function<void(unsigned int)>& Replacement() {
-    static boost::function<void(unsigned int)> replacement;
+Waiting& Replacement() {
+    static Waiting replacement;
     return replacement;
 }
 
 }  // namespace
 
 void ReconnectPause(unsigned int milliseconds) {
-    if (Replacement()) {
-        Replacement()(milliseconds);
+    if (Replacement().pause) {
+        Replacement().pause(milliseconds);
     } else {
         Wait(milliseconds);
     }
 }
 
-void ReplaceReconnectPause(boost::function<void(unsigned int)> pause) {
-    Replacement() = std::move(pause);
+unsigned int ClientTimeout(unsigned int milliseconds) {
+    return Replacement().timeout ? Replacement().timeout(milliseconds) : milliseconds;
+}
+
+void ReplaceWaiting(Waiting waiting) {
+    Replacement() = std::move(waiting);
 }
 
 }  // namespace NQELVSK20
