@@ -260,9 +260,11 @@ TEST_P(PegClientRequestTest, SecondAttemptWaitsLongerThanTheFirst) {
     TestMachine machine;
     EXPECT_TRUE(client_.Connect(machine.Host(0), "", ""));
     cimom::Fault slowness = FaultOf(cimom::Fault::Kind::Delay, WireName());
-    slowness.delay = std::chrono::milliseconds(300);  // too slow for the first attempt alone
+    slowness.delay = std::chrono::milliseconds(200);  // too slow for the first attempt alone
     machine.Server().inject(slowness);
-    EXPECT_TRUE(GetParam().send(client_, 200));
+    shortened_ = 50;
+    longestShortened_ = 15000;
+    EXPECT_TRUE(GetParam().send(client_, 15000));
     EXPECT_EQ(log_.Lines(), (Lines{{3, TimedOut()}}));
     EXPECT_EQ(RequestsSeen(machine, WireName()), 2U);
     EXPECT_FALSE(client_.LastRequestTimedOut());

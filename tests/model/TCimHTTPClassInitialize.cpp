@@ -340,7 +340,8 @@ TEST_F(TCimHTTPClassInitialize, ATimeoutThatTheSecondAttemptMadeGoodIsNone) {
     silence.kind = cimom::Fault::Kind::NoAnswer;
     silence.times = 1;
     machine.Server().inject(silence);
-    shortened_ = 300;
+    shortened_ = 50;
+    longestShortened_ = 15000;
     EXPECT_THROW(Allocate(nameSpace, "X_Fan"), Pegasus::UninitializedObjectException) << "it has no X_Fan";
 }
 

@@ -27,8 +27,9 @@ PluginTest::PluginTest() : common_(new TQELCNamespace), union_(new TUnionNamespa
                     },
                     [this](unsigned int milliseconds) {
                         timeouts_.push_back(milliseconds);
-                        return milliseconds == kConnectTimeoutMs ? milliseconds
-                                                                 : shortened_.value_or(milliseconds);
+                        const bool isShortened =
+                            milliseconds <= longestShortened_ && milliseconds != kConnectTimeoutMs;
+                        return isShortened ? shortened_.value_or(milliseconds) : milliseconds;
                     }});
     TCimHTTPNamespaceTestAccess::SetDetectionDone(true);
 }

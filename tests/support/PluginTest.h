@@ -48,6 +48,7 @@ protected:
     std::function<void()> whilePausing_;     // what happens elsewhere during each of them; may be empty
     std::vector<unsigned int> timeouts_;     // milliseconds of every time-out that the clients were given
     std::optional<unsigned int> shortened_;  // what a request's time-outs are in truth; none: what was asked
+    unsigned int longestShortened_ = 0xffffffffU;  // longer ones than that are what was asked all the same
     boost::shared_ptr<TQELCNamespace> common_;
     boost::shared_ptr<TUnionNamespace> union_;
 };
