@@ -17,13 +17,18 @@ public:
 }  // namespace
 
 THostState& HostState() {
-    static THostState state{DiscardingLogger(), boost::make_shared<TNamespaceProviderManager>(), 1, {}};
+    static THostState state{DiscardingLogger(), DefaultProviderManager(), 1, {}, false, {}};
     return state;
 }
 
 ILogger* DiscardingLogger() {
     static TDiscardingLogger logger;
     return &logger;
+}
+
+boost::shared_ptr<INamespaceProviderManager> DefaultProviderManager() {
+    static const auto manager = boost::make_shared<TNamespaceProviderManager>();
+    return manager;
 }
 
 }  // namespace NQELVSK20

@@ -51,6 +51,11 @@ void AppendValue(std::string& path, const TCIMValue& value) {
         case TType::eReal64:
             path += value.ToString(10);
             break;
+        case TType::eString:
+        case TType::eDateTime:
+            // The text itself, however the host prints it.
+            AppendQuoted(path, value.operator std::string());
+            break;
         default:
             AppendQuoted(path, value.ToString(10));
             break;

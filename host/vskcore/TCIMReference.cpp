@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "vskcore/CimNames.h"
+#include "vskcore/HostState.h"
 #include "vskcore/KeyText.h"
 #include "vskcore/TCIMValue.h"
 
@@ -57,7 +58,9 @@ TRange FindClassName(const std::string& path) {
 }  // namespace
 
 TCIMReference::TCIMReference(boost::shared_ptr<ICIMNamespace> nameSpace, TContext keys)
-    : namespace_(nameSpace), keys_(KeysText(keys)) {}
+    : keys_(KeysText(keys)) {
+    SetNamespace(nameSpace);
+}
 
 void TCIMReference::SetPath(const std::string& path) {
     path_ = path;
@@ -70,6 +73,7 @@ void TCIMReference::SetPath(const std::string& path) {
 
 void TCIMReference::SetNamespace(boost::shared_ptr<ICIMNamespace> nameSpace) {
     namespace_ = nameSpace;
+    owned_ = HostState().referencesOwnNamespace ? nameSpace : nullptr;
 }
 
 }  // namespace NQELVSK20

@@ -13,7 +13,7 @@ class ICIMNamespace;
 /// An object path bound to a namespace.
 ///
 /// Holds the namespace weakly: a value must not keep alive the namespace that, through its classes, holds
-/// the value.
+/// the value. A host may say otherwise (THostSetup::SetReferencesOwnNamespace).
 class TCIMReference {
 public:
     /// An empty path in `nameSpace` (may be empty). `keys` are key bindings, by name: a path without keys of
@@ -32,10 +32,15 @@ public:
 
     void SetNamespace(boost::shared_ptr<ICIMNamespace> nameSpace);
 
+    /// The namespace that the path is bound to; empty when there is none or it is gone. This host's own, for
+    /// tests: no part of the contract, so plug-ins must do without it.
+    boost::shared_ptr<ICIMNamespace> GetNamespace() const { return namespace_.lock(); }
+
     bool operator==(const TCIMReference& other) const { return path_ == other.path_; }
 
 private:
     boost::weak_ptr<ICIMNamespace> namespace_;
+    boost::shared_ptr<ICIMNamespace> owned_;  // the same where references own theirs, else empty
     std::string keys_;  // as a path spells them, with the leading full stop; empty without keys
     std::string path_;
     std::string className_;

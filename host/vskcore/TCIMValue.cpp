@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "vskcore/CimNames.h"
+#include "vskcore/HostState.h"
 
 namespace NQELVSK20 {
 
@@ -93,6 +94,11 @@ std::string TextOf(NUMBER number, FORM... form) {
     char text[80];  // 64 binary digits and a sign
     const auto result = std::to_chars(std::begin(text), std::end(text), number, form...);
     return std::string(text, result.ptr);
+}
+
+std::string Printed(const std::string& text, unsigned char base) {
+    const auto& form = HostState().printedForm;
+    return form ? form(text, base) : text;
 }
 
 }  // namespace
@@ -239,7 +245,9 @@ TCIMValue::operator double() const {
 }
 
 TCIMValue::operator std::string() const {
-    return First().ToString(10);
+    const TCIMValue& value = First();
+    const auto* text = std::get_if<std::string>(&value.content_);
+    return text != nullptr ? *text : value.ToString(10);
 }
 
 TCIMValue::operator TCIMChar16() const {
@@ -327,7 +335,7 @@ std::string TCIMValue::ToString(unsigned char base) const {
             return std::get<std::shared_ptr<const TCIMReference>>(content_)->GetPath();
         case TCIMType::eString:
         case TCIMType::eDateTime:
-            return std::get<std::string>(content_);
+            return Printed(std::get<std::string>(content_), base);
         default:
             break;
     }

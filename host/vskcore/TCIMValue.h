@@ -23,7 +23,7 @@ class ICIMClass;
 ///   modulo 2^n, a real out of range gives the nearest limit, and NaN gives the integer 0;
 /// - text converts to a number or boolean when it is one (decimal, "true", "false"), else to 0 or false;
 /// - text converts to a datetime or reference with that text; a number does not, and gives an empty one;
-/// - everything converts to text as ToString(10) writes it;
+/// - text and datetimes convert to text as they are, all else as ToString(10) writes it;
 /// - a null value converts to 0, false or empty;
 /// - an array converts as its first element does, an empty one as null.
 class TCIMValue {
@@ -139,7 +139,8 @@ public:
 
     /// The value as text: integers in `base` (2 to 36; any other counts as 10), booleans "true"/"false",
     /// reals in the shortest form that reads back the same, datetimes in their 25 characters, references as
-    /// their path, char16 as its decimal code, null as "", array elements joined by ",".
+    /// their path, char16 as its decimal code, null as "", array elements joined by ",". A host may print
+    /// strings and datetimes in a form of its own (THostSetup::SetPrintedForm).
     std::string ToString(unsigned char base) const;
 
     /// Turns a value into the string `text`; a value of another type becomes a string value.

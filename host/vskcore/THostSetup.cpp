@@ -16,4 +16,20 @@ void THostSetup::SetBMCMapping(boost::function<int(int)> mapping) {
     HostState().bmcMapping = mapping;
 }
 
+void THostSetup::SetNamespaceProviderManager(boost::shared_ptr<INamespaceProviderManager> manager) {
+    HostState().providerManager = manager;
+}
+
+void THostSetup::RestoreNamespaceProviderManager() {
+    HostState().providerManager = DefaultProviderManager();
+}
+
+void THostSetup::SetReferencesOwnNamespace(bool own) {
+    HostState().referencesOwnNamespace = own;
+}
+
+void THostSetup::SetPrintedForm(boost::function<std::string(const std::string&, unsigned char)> form) {
+    HostState().printedForm = form;
+}
+
 }  // namespace NQELVSK20

@@ -1,10 +1,13 @@
 #pragma once
 
 #include <boost/function.hpp>
+#include <boost/shared_ptr.hpp>
+#include <string>
 
 namespace NQELVSK20 {
 
 class ILogger;
+class INamespaceProviderManager;
 
 /// What the program that hosts plug-ins, or a test in its place, sets before they run. Plug-ins never call
 /// it. Process-wide; not to be called while a plug-in operation runs on another thread.
@@ -18,6 +21,20 @@ public:
 
     /// Sets how node indexes map to controller numbers (see SPLibrary); empty: each to itself.
     static void SetBMCMapping(boost::function<int(int)> mapping);
+
+    /// Sets the manager that TRootObject hands out in place of the host's own; empty: there is none.
+    static void SetNamespaceProviderManager(boost::shared_ptr<INamespaceProviderManager> manager);
+
+    /// Puts the host's own manager back, with the providers that were registered with it.
+    static void RestoreNamespaceProviderManager();
+
+    /// Whether references that are bound from now on keep their namespace alive, as those of some hosts do;
+    /// at first they do not (see TCIMReference).
+    static void SetReferencesOwnNamespace(bool own);
+
+    /// Sets how TCIMValue::ToString prints a string or datetime, given its text and the base asked for, as a
+    /// host that quotes or escapes would; empty: the text itself. The conversion to std::string never prints.
+    static void SetPrintedForm(boost::function<std::string(const std::string&, unsigned char)> form);
 };
 
 }  // namespace NQELVSK20

@@ -2,10 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <boost/make_shared.hpp>
+#include <boost/weak_ptr.hpp>
 #include <utility>
 #include <vector>
 
 #include "vskcore/TCIMValue.h"
+#include "vskcore/THostSetup.h"
+#include "vskcore/TMinimalNamespace.h"
 
 namespace NQELVSK20 {
 namespace {
@@ -109,6 +113,59 @@ TEST(TCIMReference, LeavesNullKeysOut) {
 TEST(TCIMReference, EqualsOneOfTheSamePath) {
     EXPECT_TRUE(Reference("A.k=1") == Reference("A.k=1"));
     EXPECT_FALSE(Reference("A.k=1") == Reference("a.k=1"));
+}
+
+class ReferencesNamespace : public ::testing::Test {
+protected:
+    ~ReferencesNamespace() override { THostSetup::SetReferencesOwnNamespace(false); }
+
+    boost::shared_ptr<ICIMNamespace> nameSpace_ = boost::make_shared<TMinimalNamespace>();
+    const boost::weak_ptr<ICIMNamespace> watched_ = nameSpace_;
+};
+
+TEST_F(ReferencesNamespace, IsTheOneThatTheReferenceWasMadeWithOrBoundToLast) {
+    const boost::shared_ptr<ICIMNamespace> other = boost::make_shared<TMinimalNamespace>();
+    TCIMReference reference(nameSpace_, {});
+    EXPECT_EQ(reference.GetNamespace(), nameSpace_);
+    reference.SetNamespace(other);
+    EXPECT_EQ(reference.GetNamespace(), other);
+    reference.SetNamespace(nullptr);
+    EXPECT_FALSE(reference.GetNamespace());
+}
+
+TEST_F(ReferencesNamespace, StaysThroughAPathAndInsideAValue) {
+    TCIMReference reference(nameSpace_, {});
+    reference.SetPath("Class.k=1");
+    const TCIMValue value(reference);
+    EXPECT_EQ(TCIMValue(value).operator TCIMReference().GetNamespace(), nameSpace_);
+}
+
+TEST_F(ReferencesNamespace, IsNotKeptAliveByTheReference) {
+    const TCIMReference reference(nameSpace_, {});
+    nameSpace_.reset();
+    EXPECT_TRUE(watched_.expired());
+    EXPECT_FALSE(reference.GetNamespace());
+}
+
+TEST_F(ReferencesNamespace, IsKeptAliveByEveryCopyWhereReferencesOwnTheirs) {
+    THostSetup::SetReferencesOwnNamespace(true);
+    TCIMReference reference(nullptr, {});
+    reference.SetNamespace(nameSpace_);
+    TCIMValue copy(reference);
+    reference.SetNamespace(nullptr);
+    nameSpace_.reset();
+    EXPECT_FALSE(watched_.expired());
+    EXPECT_EQ(copy.operator TCIMReference().GetNamespace(), watched_.lock());
+    copy = TCIMValue();
+    EXPECT_TRUE(watched_.expired());
+}
+
+TEST_F(ReferencesNamespace, StaysAsItWasBoundWhenTheHostChangesItsMind) {
+    const TCIMReference weak(nameSpace_, {});
+    THostSetup::SetReferencesOwnNamespace(true);
+    const TCIMReference owning(nameSpace_, {});
+    THostSetup::SetReferencesOwnNamespace(false);
+    EXPECT_EQ(nameSpace_.use_count(), 2);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "union/TUnionNamespace.h"
+#include "vskcore/THostSetup.h"
 
 namespace NQELVSK20 {
 namespace {
@@ -440,6 +441,46 @@ TEST_F(TCIMValueReference, IsForgottenWhenTheValueBecomesAString) {
     value.Set("text");
     EXPECT_FALSE(value.IsReference());
     EXPECT_FALSE(value.GetReferencedClass());
+}
+
+class PrintedFormTest : public ::testing::Test {
+protected:
+    PrintedFormTest() {
+        THostSetup::SetPrintedForm([](const std::string& text, unsigned char base) {
+            return "<" + text + "/" + std::to_string(base) + ">";
+        });
+    }
+    ~PrintedFormTest() override { THostSetup::SetPrintedForm({}); }
+};
+
+TEST_F(PrintedFormTest, IsThatOfStringsAndDateTimesAndOfArraysOfThem) {
+    const TCIMDateTime time("20180911124613.128000:000");
+    EXPECT_EQ(TCIMValue("a").ToString(10), "<a/10>");
+    EXPECT_EQ(TCIMValue("a").ToString(16), "<a/16>");
+    EXPECT_EQ(TCIMValue(time).ToString(10), "<20180911124613.128000:000/10>");
+    EXPECT_EQ(TCIMValue(TType::eString, 0, {TCIMValue("a"), TCIMValue("b")}).ToString(10), "<a/10>,<b/10>");
+}
+
+TEST_F(PrintedFormTest, LeavesEveryOtherTypeAlone) {
+    EXPECT_EQ(TCIMValue(5).ToString(10), "5");
+    EXPECT_EQ(TCIMValue(TCIMChar16("65")).ToString(10), "65");
+    EXPECT_EQ(ReferenceValue("Class.k=\"1\"").ToString(10), "Class.k=\"1\"");
+    EXPECT_EQ(TCIMValue(TType::eString, 0).ToString(10), "");
+}
+
+TEST_F(PrintedFormTest, NeverComesOutOfAConversion) {
+    const TCIMDateTime time("20180911124613.128000:000");
+    EXPECT_EQ(As<std::string>(TCIMValue("a")), "a");
+    EXPECT_EQ(As<std::string>(TCIMValue(time)), time.ToString());
+    EXPECT_EQ(As<TCIMDateTime>(TCIMValue(time)), time);
+    EXPECT_EQ(As<std::string>(TCIMValue(TType::eString, 0, {TCIMValue("a"), TCIMValue("b")})), "a");
+    EXPECT_EQ(As<int>(TCIMValue("7")), 7);
+}
+
+TEST_F(PrintedFormTest, StaysOutOfPaths) {
+    TCIMReference reference(nullptr, {{"k", TCIMValue("a")}});
+    reference.SetPath("Class");
+    EXPECT_EQ(reference.GetPath(), "Class.k=\"a\"");
 }
 
 }  // namespace

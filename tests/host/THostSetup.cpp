@@ -2,9 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <boost/make_shared.hpp>
+
 #include "qelc/VQMInfo.h"
 #include "splib/SPLibrary.h"
 #include "tests/support/RecordingLogger.h"
+#include "vskcore/TCIMReference.h"
+#include "vskcore/TCIMValue.h"
+#include "vskcore/TMinimalNamespace.h"
+#include "vskcore/TNamespaceProviderManager.h"
 #include "vskcore/TRootObject.h"
 
 namespace NQELVSK20 {
@@ -15,15 +21,86 @@ TEST(TRootObject, HasALoggerThatDiscardsEverythingAtFirst) {
     TRootObject::GetCoreLogger()->Log(0, "discarded");
 }
 
-TEST(THostSetup, SetsTheLoggerThatTheRootObjectHandsOut) {
-    ILogger* const discarding = TRootObject::GetCoreLogger();
+/// What plug-ins see of the settings, in one place.
+class HostSetupTest : public ::testing::Test {
+protected:
+    ~HostSetupTest() override { RestoreAll(); }
+
+    void SetAll() {
+        THostSetup::SetCoreLogger(&logger_);
+        THostSetup::SetNodeCount(3);
+        THostSetup::SetBMCMapping([](int index) { return 10 - index; });
+        THostSetup::SetNamespaceProviderManager(manager_);
+        THostSetup::SetReferencesOwnNamespace(true);
+        THostSetup::SetPrintedForm(
+            [](const std::string& text, unsigned char base) { return text + " in " + std::to_string(base); });
+    }
+
+    static void RestoreAll() {
+        THostSetup::SetCoreLogger(nullptr);
+        THostSetup::SetNodeCount(1);
+        THostSetup::SetBMCMapping({});
+        THostSetup::RestoreNamespaceProviderManager();
+        THostSetup::SetReferencesOwnNamespace(false);
+        THostSetup::SetPrintedForm({});
+    }
+
+    static bool ReferencesOwnTheirNamespace() {
+        const auto nameSpace = boost::make_shared<TMinimalNamespace>();
+        const TCIMReference reference(nameSpace, {});
+        return nameSpace.use_count() > 1;
+    }
+
+    RecordingLogger logger_;
+    const boost::shared_ptr<INamespaceProviderManager> manager_ =
+        boost::make_shared<TNamespaceProviderManager>();
+};
+
+TEST_F(HostSetupTest, EverySettingReachesThePlugIns) {
+    SetAll();
+    EXPECT_EQ(TRootObject::GetCoreLogger(), &logger_);
+    EXPECT_EQ(VQMInfo::GetInstance()->GetNodeCount(), 3U);
+    EXPECT_EQ(SPLibrary::GetBMCMapping(2), 8);
+    EXPECT_EQ(TRootObject::GetNamespaceProviderManager(), manager_);
+    EXPECT_TRUE(ReferencesOwnTheirNamespace());
+    EXPECT_EQ(TCIMValue("text").ToString(10), "text in 10");
+}
+
+TEST_F(HostSetupTest, EverySettingHasAWayBack) {
+    THostSetup::SetCoreLogger(nullptr);  // the fixture's logger sets itself
+    ILogger* const logger = TRootObject::GetCoreLogger();
+    const auto manager = TRootObject::GetNamespaceProviderManager();
+    SetAll();
+    RestoreAll();
+    EXPECT_EQ(TRootObject::GetCoreLogger(), logger);
+    EXPECT_EQ(VQMInfo::GetInstance()->GetNodeCount(), 1U);
+    EXPECT_EQ(SPLibrary::GetBMCMapping(2), 2);
+    EXPECT_EQ(TRootObject::GetNamespaceProviderManager(), manager);
+    EXPECT_FALSE(ReferencesOwnTheirNamespace());
+    EXPECT_EQ(TCIMValue("text").ToString(10), "text");
+}
+
+TEST_F(HostSetupTest, SetsTheLoggerThatTheRootObjectHandsOut) {
     RecordingLogger recording;
     THostSetup::SetCoreLogger(&recording);
     TRootObject::GetCoreLogger()->Log(3, "kept");
     THostSetup::SetCoreLogger(nullptr);
     TRootObject::GetCoreLogger()->Log(3, "discarded");
     EXPECT_EQ(recording.Lines(), (std::vector<RecordingLogger::Line>{{3, "kept"}}));
-    EXPECT_EQ(TRootObject::GetCoreLogger(), discarding);
+}
+
+TEST_F(HostSetupTest, TakesTheProviderManagerAway) {
+    THostSetup::SetNamespaceProviderManager({});
+    EXPECT_FALSE(TRootObject::GetNamespaceProviderManager());
+}
+
+TEST_F(HostSetupTest, BringsTheHostsOwnProviderManagerBackAfterSeveralChanges) {
+    const auto own = TRootObject::GetNamespaceProviderManager();
+    ASSERT_TRUE(own);
+    THostSetup::SetNamespaceProviderManager(manager_);
+    THostSetup::SetNamespaceProviderManager({});
+    THostSetup::RestoreNamespaceProviderManager();
+    EXPECT_EQ(TRootObject::GetNamespaceProviderManager(), own);
 }
 
 TEST(VQMInfo, CountsOneNodeUntilTheHostSaysOtherwise) {

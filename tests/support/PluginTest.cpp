@@ -38,6 +38,9 @@ PluginTest::~PluginTest() {
     ReplaceWaiting({});
     THostSetup::SetNodeCount(1);
     THostSetup::SetBMCMapping({});
+    THostSetup::RestoreNamespaceProviderManager();
+    THostSetup::SetReferencesOwnNamespace(false);
+    THostSetup::SetPrintedForm({});
 }
 
 boost::shared_ptr<TCimHTTPNamespace> PluginTest::MakeUninitNamespace(const std::string& name,
