@@ -2,15 +2,39 @@
 
 #include <gtest/gtest.h>
 
+#include <boost/make_shared.hpp>
+#include <functional>
+#include <stdexcept>
+#include <vector>
+
 #include "connection/TCimHTTPNamespace.h"
 #include "tests/support/PluginTest.h"
+#include "tests/support/StatusOf.h"
 #include "vskcore/INamespaceProviderManager.h"
 #include "vskcore/TCIMValue.h"
+#include "vskcore/THostSetup.h"
 #include "vskcore/TRootObject.h"
 #include "vskcore/TVSKException.h"
 
 namespace NQELVSK20 {
 namespace {
+
+using Providers = std::vector<boost::shared_ptr<INamespaceProvider>>;
+
+/// A manager that keeps what is registered, in order, unless a test makes it refuse.
+class CollectingManager : public INamespaceProviderManager {
+public:
+    void RegisterProvider(boost::shared_ptr<INamespaceProvider> provider) override {
+        if (refusal_) {
+            refusal_();
+        }
+        registered_.push_back(provider);
+    }
+    boost::shared_ptr<INamespaceProvider> FindProvider(const std::string&) const override { return {}; }
+
+    Providers registered_;
+    std::function<void()> refusal_;
+};
 
 class ProviderTest : public PluginTest {
 protected:
@@ -29,6 +53,34 @@ TEST_F(ProviderTest, InitializeMakesItFindableByName) {
     EXPECT_EQ(TCimHTTPNamespaceProvider::Initialize(), eVSKSuccess);
     EXPECT_EQ(TRootObject::GetNamespaceProviderManager()->FindProvider("cimhttp"),
               TCimHTTPNamespaceProvider::GetInstance());
+}
+
+TEST_F(ProviderTest, InitializeRegistersTheOneObjectWithTheManagerThatTheHostHandsOut) {
+    const auto manager = boost::make_shared<CollectingManager>();
+    THostSetup::SetNamespaceProviderManager(manager);
+    EXPECT_EQ(TCimHTTPNamespaceProvider::Initialize(), eVSKSuccess);
+    EXPECT_EQ(manager->registered_, (Providers{TCimHTTPNamespaceProvider::GetInstance()}));
+}
+
+TEST_F(ProviderTest, InitializePassesOnWhatTheManagerThrows) {
+    const auto manager = boost::make_shared<CollectingManager>();
+    THostSetup::SetNamespaceProviderManager(manager);
+    manager->refusal_ = [] { throw TVSKException(eVSKAlreadyExists); };
+    EXPECT_EQ(StatusOf([] { TCimHTTPNamespaceProvider::Initialize(); }), eVSKAlreadyExists);
+    manager->refusal_ = [] { throw std::runtime_error("the registry is gone"); };
+    EXPECT_THROW(TCimHTTPNamespaceProvider::Initialize(), std::runtime_error);
+    EXPECT_EQ(log_.Lines(), std::vector<RecordingLogger::Line>());
+}
+
+TEST_F(ProviderTest, InitializeWithoutAProviderManagerIsABrokenPrecondition) {
+    THostSetup::SetNamespaceProviderManager({});
+#ifdef NDEBUG
+    EXPECT_EQ(TCimHTTPNamespaceProvider::Initialize(), eVSKSuccess);
+    EXPECT_EQ(log_.Lines(), (std::vector<RecordingLogger::Line>{
+                                {0, "TCimHTTPNamespaceProvider::Initialize: assertion failed: px != 0"}}));
+#else
+    EXPECT_DEATH(TCimHTTPNamespaceProvider::Initialize(), "px != 0");
+#endif
 }
 
 TEST_F(ProviderTest, NameIsTheSameStringWhateverTheContext) {
