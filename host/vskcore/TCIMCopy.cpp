@@ -1,8 +1,10 @@
 #include "vskcore/TCIMCopy.h"
 
 #include <boost/pointer_cast.hpp>
+#include <map>
 #include <string>
 
+#include "vskcore/CimNames.h"
 #include "vskcore/ICIMClass.h"
 #include "vskcore/ICIMNamespace.h"
 #include "vskcore/ICIMParameterDecl.h"
@@ -56,22 +58,46 @@ void CopyQualifiers(const ICIMNamedElement& source, ICIMNamedElement& member, IC
         {});
 }
 
-/// Copies the qualifiers that the class does not have by itself.
+using TQualifiers = std::map<std::string, boost::shared_ptr<ICIMQualifier>, TNameLess>;
+
+bool IsInherited(const ICIMQualifier& qualifier) {
+    return (qualifier.GetFlavor({}) & ICIMQualifierDecl::eFlavorToSubclass) != 0;
+}
+
+/// The qualifiers that hold for a class (DSP0004): its own, and those that it inherits from above. The
+/// nearest of a name hides the others; empty where the nearest is another class's that is not passed on.
+TQualifiers EffectiveQualifiers(const boost::shared_ptr<ICIMClass>& source) {
+    TQualifiers nearest;
+    for (auto level = source; level && level->GetName({}) != kRootClass; level = level->GetSuperClass({})) {
+        const auto element = boost::dynamic_pointer_cast<ICIMNamedElement>(level);
+        if (!element) {
+            break;
+        }
+        element->EnumerateQualifiers(
+            [&](const boost::shared_ptr<ICIMQualifier>& qualifier) {
+                const bool holds = level == source || IsInherited(*qualifier);
+                nearest.emplace(qualifier->GetName({}), holds ? qualifier : nullptr);
+                return true;
+            },
+            {});
+    }
+    return nearest;
+}
+
+/// Copies the qualifiers that hold for the source and that the copy does not have by itself. Inherited ones
+/// too: the copy may be of a kind that knows its own qualifiers only, and without "Association" among them
+/// it would refuse the source's references.
 void CopyClassQualifiers(const boost::shared_ptr<ICIMClass>& source, const boost::shared_ptr<ICIMClass>& copy,
                          ICIMNamespace& target) {
-    const auto from = boost::dynamic_pointer_cast<ICIMNamedElement>(source);
     const auto element = boost::dynamic_pointer_cast<ICIMNamedElement>(copy);
-    if (!from || !element) {
+    if (!element) {
         return;
     }
-    from->EnumerateQualifiers(
-        [&element, &target](const boost::shared_ptr<ICIMQualifier>& qualifier) {
-            if (!element->GetQualifier(qualifier->GetName({}), {})) {
-                CopyQualifier(*qualifier, *element, target);
-            }
-            return true;
-        },
-        {});
+    for (const auto& [name, qualifier] : EffectiveQualifiers(source)) {
+        if (qualifier && !element->GetQualifier(name, {})) {
+            CopyQualifier(*qualifier, *element, target);
+        }
+    }
 }
 
 bool HasProperty(const ICIMClass& cimClass, const std::string& name) {

@@ -12,7 +12,8 @@ class TCIMCopy {
 public:
     /// Builds a class like `source` through the operations of `target` and commits it there: its superclass
     /// chain (through the target's own GetClass), qualifiers with their declarations, properties, methods
-    /// and parameters. Exceptions of the target pass.
+    /// and parameters. A class qualifier that the source inherits becomes the copy's own. Exceptions of the
+    /// target pass and leave the copy as far as it came, not committed.
     static void CopyClass(boost::shared_ptr<ICIMClass> source, boost::shared_ptr<ICIMNamespace> target);
 };
 

@@ -29,7 +29,8 @@ inline boost::shared_ptr<TUnionNamespace> MakeUnion() {
     auto nameSpace = boost::make_shared<TUnionNamespace>();
     DeclareQualifier(*nameSpace, "KEY");
     DeclareQualifier(*nameSpace, "ASSOCIATION");
-    DeclareQualifier(*nameSpace, "ABSTRACT");
+    DeclareQualifier(*nameSpace, "ABSTRACT", TCIMValue(false), ICIMQualifierDecl::eScopeAny,
+                     ICIMQualifierDecl::eFlavorNone);
     DeclareQualifier(*nameSpace, "DESCRIPTION", TCIMValue(""), ICIMQualifierDecl::eScopeAny,
                      ICIMQualifierDecl::eFlavorEnableOverride);
     return nameSpace;

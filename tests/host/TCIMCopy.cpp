@@ -136,6 +136,90 @@ TEST_F(TCIMCopyTest, CopiesAnAssociationWithItsReferences) {
     EXPECT_EQ(dependent->GetValue({}).GetReferencedClass(), fan_);
 }
 
+/// A class that counts as an association by its own qualifiers only, as a plug-in's may.
+class StrictClass : public TInmemClass {
+public:
+    using TInmemClass::operator=;
+    using TInmemClass::TInmemClass;
+    bool IsAssociation(TContext /*context*/) const override { return IsMarked("ASSOCIATION"); }
+};
+
+class StrictNamespace : public TUnionNamespace {
+public:
+    using TUnionNamespace::operator=;
+    boost::shared_ptr<ICIMClass> AllocateClass(const std::string& name,
+                                               boost::shared_ptr<ICIMClass> superclass,
+                                               TContext /*context*/) override {
+        last_ = boost::make_shared<StrictClass>(
+            boost::dynamic_pointer_cast<TUnionNamespace>(shared_from_this()), name, superclass);
+        return last_;
+    }
+
+    boost::shared_ptr<ICIMClass> last_;
+};
+
+/// An association and a subclass of it that inherits its being one and has a reference of its own.
+class AssociationCopyTest : public TCIMCopyTest {
+protected:
+    AssociationCopyTest() {
+        Qualify(base_, "ASSOCIATION", TCIMValue(true));
+        AddProperty(derived_, "Active", TCIMValue(true));
+        TCIMValue reference(TType::eReference, 0);
+        reference.SetReferencedClass(fan_);
+        AddKey(derived_, "Dependent", reference);
+    }
+
+    static std::vector<std::string> QualifiersOf(const boost::shared_ptr<ICIMClass>& cimClass) {
+        const auto element = boost::dynamic_pointer_cast<ICIMNamedElement>(cimClass);
+        return NamesFrom<ICIMQualifier>([&](const auto& add) { element->EnumerateQualifiers(add, {}); });
+    }
+
+    boost::shared_ptr<ICIMClass> base_ = MakeClass(*source_, "CIM_Dependency");
+    boost::shared_ptr<ICIMClass> middle_ = MakeClass(*source_, "CIM_Cooling", base_);
+    boost::shared_ptr<ICIMClass> derived_ = MakeClass(*source_, "CIM_FanCooling", middle_);
+    boost::shared_ptr<StrictNamespace> strict_{new StrictNamespace};
+};
+
+TEST_F(AssociationCopyTest, BringsAnInheritedAssociationOverWholeWhereOnlyOwnQualifiersCount) {
+    TCIMCopy::CopyClass(derived_, strict_);
+    const auto copy = strict_->GetClass("CIM_FanCooling", {});
+    ASSERT_TRUE(copy);
+    EXPECT_TRUE(copy->IsAssociation({}));
+    EXPECT_TRUE(copy->GetPropertyDecl("Dependent", {})->GetValue({}).IsReference());
+    EXPECT_TRUE(copy->GetPropertyDecl("Active", {}));
+    EXPECT_TRUE(strict_->GetClass("CIM_Cooling", {})->IsAssociation({}));
+}
+
+TEST_F(AssociationCopyTest, MakesInheritedQualifiersTheCopysOwnButNotRestrictedOnes) {
+    Qualify(base_, "ABSTRACT", TCIMValue(true));
+    EXPECT_EQ(QualifiersOf(Copy(derived_)), std::vector<std::string>{"ASSOCIATION"});
+    EXPECT_EQ(QualifiersOf(target_->GetClass("CIM_Dependency", {})),
+              (std::vector<std::string>{"ABSTRACT", "ASSOCIATION"}));
+    EXPECT_EQ(QualifiersOf(derived_), std::vector<std::string>());
+}
+
+TEST_F(AssociationCopyTest, TakesTheNearestOfTheInheritedQualifiersOfAName) {
+    DeclareQualifier(*source_, "UNITS", TCIMValue(""));
+    Qualify(base_, "UNITS", TCIMValue("far"));
+    Qualify(middle_, "UNITS", TCIMValue("near"));
+    const auto copy = boost::dynamic_pointer_cast<ICIMNamedElement>(Copy(derived_));
+    EXPECT_EQ(copy->GetQualifier("UNITS", {})->GetValue({}).ToString(10), "near");
+    boost::dynamic_pointer_cast<ICIMNamedElement>(middle_)
+        ->GetQualifier("UNITS", {})
+        ->RemoveFlavor(ICIMQualifierDecl::eFlavorToSubclass, {});
+    EXPECT_EQ(QualifiersOf(Copy(derived_)), std::vector<std::string>{"ASSOCIATION"});
+}
+
+TEST_F(AssociationCopyTest, FailsHalfWayAtAReferenceOfAClassThatDeniesToBeAnAssociation) {
+    Qualify(derived_, "ASSOCIATION", TCIMValue(false));
+    EXPECT_EQ(StatusOf([&] { TCIMCopy::CopyClass(derived_, strict_); }), eVSKReferenceNotAllowed);
+    EXPECT_FALSE(strict_->GetClass("CIM_FanCooling", {}));
+    ASSERT_EQ(strict_->last_->GetName({}), "CIM_FanCooling");
+    EXPECT_EQ(NamesFrom<ICIMPropertyDecl>(
+                  [&](const auto& add) { strict_->last_->EnumeratePropertyDecls(add, {}); }),
+              std::vector<std::string>{"Active"});
+}
+
 /// A namespace whose classes come with members: a property and a class qualifier, as a plug-in's do.
 class StampingNamespace : public TUnionNamespace {
 public:
