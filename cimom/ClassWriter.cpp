@@ -23,11 +23,31 @@ void appendFlavor(std::string& out, const Flavor& flavor) {
     }
 }
 
+/// Whether a qualifier or member is inherited and only what is the class's own is wanted.
+template <typename View>
+bool isHidden(const View& view, const ClassOptions& options) {
+    return view.propagated && options.localOnly && !options.flat;
+}
+
+/// The tag of a qualifier, its flavor attributes and its value.
+void appendQualifier(std::string& out, const QualifierView& qualifier, bool propagated) {
+    out += "<QUALIFIER";
+    appendAttribute(out, "NAME", qualifier.element.attribute("NAME").value());
+    appendAttribute(out, "TYPE", qualifier.element.attribute("TYPE").value());
+    if (propagated) {
+        appendAttribute(out, "PROPAGATED", "true");
+    }
+    appendFlavor(out, qualifier.flavor);
+    out += ">";
+    appendChildren(out, qualifier.element);
+    out += "</QUALIFIER>";
+}
+
 void appendQualifiers(std::string& out, const std::vector<QualifierView>& qualifiers,
                       const ClassOptions& options) {
     for (const QualifierView& qualifier : qualifiers) {
-        if (options.includeQualifiers && !(options.localOnly && qualifier.propagated)) {
-            appendQualifier(out, qualifier);
+        if (options.includeQualifiers && !isHidden(qualifier, options)) {
+            appendQualifier(out, qualifier, qualifier.propagated && !options.flat);
         }
     }
 }
@@ -35,10 +55,10 @@ void appendQualifiers(std::string& out, const std::vector<QualifierView>& qualif
 void appendMemberStart(std::string& out, const MemberView& member, const ClassOptions& options) {
     out.append("<").append(member.element.name());
     appendAttribute(out, "NAME", member.name);
-    if (options.includeClassOrigin) {
+    if (options.includeClassOrigin && !options.flat) {
         appendAttribute(out, "CLASSORIGIN", member.origin);
     }
-    if (member.propagated) {
+    if (member.propagated && !options.flat) {
         appendAttribute(out, "PROPAGATED", "true");
     }
     for (const pugi::xml_attribute attribute : member.element.attributes()) {
@@ -73,7 +93,7 @@ void appendMemberContent(std::string& out, const MemberView& member, const Class
 }
 
 void appendMember(std::string& out, const MemberView& member, const ClassOptions& options) {
-    if (options.localOnly && member.propagated) {
+    if (isHidden(member, options)) {
         return;
     }
     appendMemberStart(out, member, options);
@@ -85,16 +105,7 @@ void appendMember(std::string& out, const MemberView& member, const ClassOptions
 }  // namespace
 
 void appendQualifier(std::string& out, const QualifierView& qualifier) {
-    out += "<QUALIFIER";
-    appendAttribute(out, "NAME", qualifier.element.attribute("NAME").value());
-    appendAttribute(out, "TYPE", qualifier.element.attribute("TYPE").value());
-    if (qualifier.propagated) {
-        appendAttribute(out, "PROPAGATED", "true");
-    }
-    appendFlavor(out, qualifier.flavor);
-    out += ">";
-    appendChildren(out, qualifier.element);
-    out += "</QUALIFIER>";
+    appendQualifier(out, qualifier, qualifier.propagated);
 }
 
 void appendClass(std::string& out, const ClassView& view, const ClassOptions& options) {

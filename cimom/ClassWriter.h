@@ -16,6 +16,7 @@ struct ClassOptions {
     bool localOnly = true;
     bool includeQualifiers = true;
     bool includeClassOrigin = false;
+    bool flat = false;  ///< Everything, and inherited members and qualifiers like the class's own.
     PropertySelection properties;
 };
 

@@ -12,9 +12,10 @@ const InstanceWriter::Selection& InstanceWriter::selectionFor(const ClassView& t
             const bool listed = !options_.properties || options_.properties->count(member.key) != 0;
             const bool inLimit =
                 options_.limitedTo == nullptr || options_.limitedTo->findProperty(member.name) >= 0;
-            selection.wanted.push_back(listed && inLimit);
+            const bool wanted = listed && inLimit && !(options_.declaredOnly && member.propagated);
+            selection.wanted.push_back(wanted);
             selection.defaults.push_back(options_.localOnly ? std::string() : defaultText(member));
-            selection.all = selection.all && listed && inLimit;
+            selection.all = selection.all && wanted;
         }
     }
     return selection;

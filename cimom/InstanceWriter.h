@@ -11,7 +11,8 @@ namespace cimom {
 
 /// What of an instance a client wants to see (DSP0200, GetInstance and EnumerateInstances).
 struct InstanceOptions {
-    bool localOnly = true;  ///< Only properties that the instance itself holds, no class defaults.
+    bool localOnly = true;      ///< Only properties that the instance itself holds, no class defaults.
+    bool declaredOnly = false;  ///< Of these, only those that its own class declares, not a superclass alone.
     bool includeQualifiers = false;
     bool includeClassOrigin = false;
     PropertySelection properties;

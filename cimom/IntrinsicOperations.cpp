@@ -13,6 +13,13 @@
 namespace cimom {
 namespace {
 
+/// What an operation is asked, of which data, and how the server sees it.
+struct Call {
+    const CimRequest& request;
+    NameSpace& nameSpace;
+    const LocalOnlyRules& localOnly;
+};
+
 const ClassView& requireClass(const NameSpace& nameSpace, const std::string& name, CimStatus otherwise) {
     const ClassView* view = nameSpace.classes.find(name);
     if (view == nullptr) {
@@ -50,62 +57,65 @@ ClassOptions readClassOptions(const IntrinsicArguments& arguments) {
     return options;
 }
 
-InstanceOptions readInstanceOptions(const IntrinsicArguments& arguments) {
+InstanceOptions readInstanceOptions(const IntrinsicArguments& arguments, const LocalOnlyRules& rules) {
     InstanceOptions options;
     options.localOnly = arguments.boolean("LocalOnly", true);
+    options.declaredOnly = options.localOnly && rules.declaredPropertiesOnly;
     options.includeQualifiers = arguments.boolean("IncludeQualifiers", false);
     options.includeClassOrigin = arguments.boolean("IncludeClassOrigin", false);
     options.properties = arguments.propertyList();
     return options;
 }
 
-void getClass(const CimRequest& request, NameSpace& nameSpace, std::string& out) {
+void getClass(const Call& call, std::string& out) {
     const IntrinsicArguments arguments(
-        request, {"ClassName", "LocalOnly", "IncludeQualifiers", "IncludeClassOrigin", "PropertyList"});
+        call.request, {"ClassName", "LocalOnly", "IncludeQualifiers", "IncludeClassOrigin", "PropertyList"});
     ClassOptions options = readClassOptions(arguments);
+    options.flat = call.localOnly.flatClasses;
     options.properties = arguments.propertyList();
     const std::string name = arguments.requiredClassName("ClassName");
-    appendClass(out, requireClass(nameSpace, name, CimStatus::NotFound), options);
+    appendClass(out, requireClass(call.nameSpace, name, CimStatus::NotFound), options);
 }
 
-void enumerateClasses(const CimRequest& request, NameSpace& nameSpace, std::string& out) {
-    const IntrinsicArguments arguments(
-        request, {"ClassName", "DeepInheritance", "LocalOnly", "IncludeQualifiers", "IncludeClassOrigin"});
+void enumerateClasses(const Call& call, std::string& out) {
+    const IntrinsicArguments arguments(call.request, {"ClassName", "DeepInheritance", "LocalOnly",
+                                                      "IncludeQualifiers", "IncludeClassOrigin"});
     const ClassOptions options = readClassOptions(arguments);
     const bool deep = arguments.boolean("DeepInheritance", false);
-    const ClassView* start = findStart(nameSpace, arguments.className("ClassName"));
-    for (const ClassView* view : nameSpace.classes.subclasses(start, deep)) {
+    const ClassView* start = findStart(call.nameSpace, arguments.className("ClassName"));
+    for (const ClassView* view : call.nameSpace.classes.subclasses(start, deep)) {
         appendClass(out, *view, options);
     }
 }
 
-void enumerateClassNames(const CimRequest& request, NameSpace& nameSpace, std::string& out) {
-    const IntrinsicArguments arguments(request, {"ClassName", "DeepInheritance"});
+void enumerateClassNames(const Call& call, std::string& out) {
+    const IntrinsicArguments arguments(call.request, {"ClassName", "DeepInheritance"});
     const bool deep = arguments.boolean("DeepInheritance", false);
-    const ClassView* start = findStart(nameSpace, arguments.className("ClassName"));
-    for (const ClassView* view : nameSpace.classes.subclasses(start, deep)) {
+    const ClassView* start = findStart(call.nameSpace, arguments.className("ClassName"));
+    for (const ClassView* view : call.nameSpace.classes.subclasses(start, deep)) {
         out += "<CLASSNAME";
         appendAttribute(out, "NAME", view->name);
         out += "></CLASSNAME>";
     }
 }
 
-void getInstance(const CimRequest& request, NameSpace& nameSpace, std::string& out) {
-    const IntrinsicArguments arguments(
-        request, {"InstanceName", "LocalOnly", "IncludeQualifiers", "IncludeClassOrigin", "PropertyList"});
-    InstanceWriter writer(readInstanceOptions(arguments));
-    writer.append(out, requireInstance(nameSpace, arguments.requiredInstanceName("InstanceName")));
+void getInstance(const Call& call, std::string& out) {
+    const IntrinsicArguments arguments(call.request, {"InstanceName", "LocalOnly", "IncludeQualifiers",
+                                                      "IncludeClassOrigin", "PropertyList"});
+    InstanceWriter writer(readInstanceOptions(arguments, call.localOnly));
+    writer.append(out, requireInstance(call.nameSpace, arguments.requiredInstanceName("InstanceName")));
 }
 
-void enumerateInstances(const CimRequest& request, NameSpace& nameSpace, std::string& out) {
-    const IntrinsicArguments arguments(request, {"ClassName", "LocalOnly", "DeepInheritance",
-                                                 "IncludeQualifiers", "IncludeClassOrigin", "PropertyList"});
-    InstanceOptions options = readInstanceOptions(arguments);
+void enumerateInstances(const Call& call, std::string& out) {
+    const IntrinsicArguments arguments(
+        call.request, {"ClassName", "LocalOnly", "DeepInheritance", "IncludeQualifiers", "IncludeClassOrigin",
+                       "PropertyList"});
+    InstanceOptions options = readInstanceOptions(arguments, call.localOnly);
     const ClassView& type =
-        requireClass(nameSpace, arguments.requiredClassName("ClassName"), CimStatus::InvalidClass);
+        requireClass(call.nameSpace, arguments.requiredClassName("ClassName"), CimStatus::InvalidClass);
     options.limitedTo = arguments.boolean("DeepInheritance", true) ? nullptr : &type;
     InstanceWriter writer(std::move(options));
-    const auto instances = nameSpace.instances.ofClassAndBelow(type);
+    const auto instances = call.nameSpace.instances.ofClassAndBelow(type);
     // Long answers spend most of their time on growing the text.
     out.reserve(out.size() + InstanceWriter::roomFor(instances));
     for (const Instance* instance : instances) {
@@ -116,18 +126,19 @@ void enumerateInstances(const CimRequest& request, NameSpace& nameSpace, std::st
     }
 }
 
-void enumerateInstanceNames(const CimRequest& request, NameSpace& nameSpace, std::string& out) {
-    const IntrinsicArguments arguments(request, {"ClassName"});
+void enumerateInstanceNames(const Call& call, std::string& out) {
+    const IntrinsicArguments arguments(call.request, {"ClassName"});
     const ClassView& type =
-        requireClass(nameSpace, arguments.requiredClassName("ClassName"), CimStatus::InvalidClass);
-    for (const Instance* instance : nameSpace.instances.ofClassAndBelow(type)) {
+        requireClass(call.nameSpace, arguments.requiredClassName("ClassName"), CimStatus::InvalidClass);
+    for (const Instance* instance : call.nameSpace.instances.ofClassAndBelow(type)) {
         out += instance->nameXml();
     }
 }
 
-void getProperty(const CimRequest& request, NameSpace& nameSpace, std::string& out) {
-    const IntrinsicArguments arguments(request, {"InstanceName", "PropertyName"});
-    const Instance& instance = requireInstance(nameSpace, arguments.requiredInstanceName("InstanceName"));
+void getProperty(const Call& call, std::string& out) {
+    const IntrinsicArguments arguments(call.request, {"InstanceName", "PropertyName"});
+    const Instance& instance =
+        requireInstance(call.nameSpace, arguments.requiredInstanceName("InstanceName"));
     const std::string name = arguments.requiredText("PropertyName");
     if (instance.type().findProperty(name) < 0) {
         throw CimError(CimStatus::NoSuchProperty,
@@ -136,26 +147,26 @@ void getProperty(const CimRequest& request, NameSpace& nameSpace, std::string& o
     out += instance.valueXml(name);
 }
 
-void getQualifier(const CimRequest& request, NameSpace& nameSpace, std::string& out) {
-    const IntrinsicArguments arguments(request, {"QualifierName"});
+void getQualifier(const Call& call, std::string& out) {
+    const IntrinsicArguments arguments(call.request, {"QualifierName"});
     const std::string name = arguments.requiredText("QualifierName");
-    const pugi::xml_node declaration = nameSpace.qualifiers.find(name);
+    const pugi::xml_node declaration = call.nameSpace.qualifiers.find(name);
     if (!declaration) {
         throw CimError(CimStatus::NotFound, "there is no qualifier declaration '" + name + "'");
     }
     appendElement(out, declaration);
 }
 
-void enumerateQualifiers(const CimRequest& request, NameSpace& nameSpace, std::string& out) {
-    const IntrinsicArguments arguments(request, {});
-    for (const pugi::xml_node declaration : nameSpace.qualifiers.all()) {
+void enumerateQualifiers(const Call& call, std::string& out) {
+    const IntrinsicArguments arguments(call.request, {});
+    for (const pugi::xml_node declaration : call.nameSpace.qualifiers.all()) {
         appendElement(out, declaration);
     }
 }
 
 struct Operation {
     std::string_view name;
-    void (*run)(const CimRequest&, NameSpace&, std::string& out);
+    void (*run)(const Call& call, std::string& out);
 };
 
 constexpr std::array<Operation, 9> kOperations{{{"GetClass", getClass},
@@ -170,10 +181,11 @@ constexpr std::array<Operation, 9> kOperations{{{"GetClass", getClass},
 
 }  // namespace
 
-void runIntrinsicOperation(const CimRequest& request, NameSpace& nameSpace, std::string& out) {
+void runIntrinsicOperation(const CimRequest& request, NameSpace& nameSpace, std::string& out,
+                           const LocalOnlyRules& localOnly) {
     for (const Operation& operation : kOperations) {
         if (sameName(operation.name, request.operation)) {
-            operation.run(request, nameSpace, out);
+            operation.run({request, nameSpace, localOnly}, out);
             return;
         }
     }

@@ -119,7 +119,7 @@ bool needsAnswer(Fault::Kind kind) {
            kind != Fault::Kind::NoAnswer && kind != Fault::Kind::RawAnswer;
 }
 
-std::string run(const CimRequest& call, Repository::Data& data) {
+std::string run(const CimRequest& call, Repository::Data& data, const LocalOnlyRules& localOnly) {
     const std::lock_guard<std::mutex> lock(data.mutex);
     try {
         NameSpace* nameSpace = data.find(call.nameSpace);
@@ -127,8 +127,11 @@ std::string run(const CimRequest& call, Repository::Data& data) {
             throw CimError(CimStatus::InvalidNamespace, "there is no namespace '" + call.nameSpace + "'");
         }
         return successMessage(call, [&](std::string& out) {
-            const auto& operation = call.intrinsic ? runIntrinsicOperation : runExtrinsicMethod;
-            operation(call, *nameSpace, out);
+            if (call.intrinsic) {
+                runIntrinsicOperation(call, *nameSpace, out, localOnly);
+            } else {
+                runExtrinsicMethod(call, *nameSpace, out);
+            }
         });
     } catch (const CimError& error) {
         return errorMessage(call, static_cast<int>(error.status()), error.what());
@@ -232,7 +235,7 @@ HttpAnswer RequestHandler::answerCall(const CimRequest& call, const std::optiona
     if (fault && fault->kind == Fault::Kind::CimError) {
         answer.body = errorMessage(call, fault->code, fault->text);
     } else if (!fault || needsAnswer(fault->kind)) {
-        answer.body = run(call, endpoint_.repository->data());
+        answer.body = run(call, endpoint_.repository->data(), endpoint_.localOnly);
     }
     return answer;
 }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "cimom/Fault.h"
+#include "cimom/LocalOnlyRules.h"
 #include "cimom/Repository.h"
 
 namespace cimom {
@@ -27,6 +28,7 @@ struct Endpoint {
     bool onlyTls10 = false;                  ///< Offer TLS 1.0 and its ciphers only, as old controllers do.
     std::shared_ptr<Repository> repository;  ///< The node's data; shared between endpoints of one node.
     std::optional<Credentials> credentials;  ///< Absent: no authentication.
+    LocalOnlyRules localOnly;                ///< Which family of servers this one is like.
     /// Chunked answers with trailers, in chunks of at most that many bytes, to requests that say
     /// "TE: trailers"; 0: always Content-Length.
     std::size_t chunkBytes = 0;

@@ -65,6 +65,12 @@ std::optional<int> readOptions(int argc, char** argv, Options& options) {
     app.add_option("--load", load, "Add the declarations of a CIM-XML file to namespace NS on every node")
         ->allow_extra_args(false)
         ->type_name("NS=FILE");
+    app.add_flag(
+        "--flat-classes", options.localOnly.flatClasses,
+        "Send inherited members of a class as its own, whatever LocalOnly says (default: honour it)");
+    app.add_flag(
+        "--declared-properties", options.localOnly.declaredPropertiesOnly,
+        "Under LocalOnly, send of an instance what its own class declares (default: all that it holds)");
     app.add_flag("--log", options.log, "Print a line for each request");
     try {
         app.parse(argc, argv);

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "cimom/LocalOnlyRules.h"
+
 namespace cimom {
 
 /// What the command line of the program asks for.
@@ -28,6 +30,7 @@ struct Options {
     std::string passwordFile;
     std::vector<Multiply> multiply;
     std::vector<Load> load;
+    LocalOnlyRules localOnly;
     bool log = false;
 };
 

@@ -62,6 +62,7 @@ void listenEverywhere(cimom::Server& server, const Options& options) {
         Endpoint endpoint;
         endpoint.address = options.addresses[node];
         endpoint.repository = makeRepository(options, static_cast<unsigned>(node));
+        endpoint.localOnly = options.localOnly;
         if (!options.user.empty()) {
             endpoint.credentials = cimom::Credentials{options.user, readPassword(options.passwordFile)};
         }

@@ -104,6 +104,38 @@ TEST(Program, MultipliesInstancesAndLoadsDeclarations) {
         2U);
 }
 
+/// The class Leaf and its first instance as the program sends them when it is run with these options.
+std::string leafAndInstance(const std::vector<std::string>& options) {
+    const TemporaryFile file(test::kSmallDeclarations);
+    std::vector<std::string> command{kProgram,     "--http-port", "0",
+                                     "--no-https", "--load",      "root/small=" + file.name()};
+    command.insert(command.end(), options.begin(), options.end());
+    Process program(command);
+    const std::uint16_t port = portOf(program.readLine());
+    std::string bodies;
+    for (const char* operation : {"GetClass", "EnumerateInstances"}) {
+        const std::string message =
+            test::intrinsicMessage(operation, {{"ClassName", test::classNameXml("Leaf")}}, "root/small");
+        bodies += ask("127.0.0.1", port, test::httpRequest(operation, "root/small", message)).body;
+    }
+    return bodies;
+}
+
+TEST(Program, PlaysServersThatTakeLocalOnlyOtherwise) {
+    const std::string inheritedMethod = "<METHOD NAME=\"Reset\"";
+    const std::string inheritedValue = "<VALUE>First &amp; best</VALUE>";
+    const std::string usual = leafAndInstance({});
+    EXPECT_EQ(countOf(usual, inheritedMethod), 0U);
+    EXPECT_EQ(countOf(usual, inheritedValue), 1U);
+    const std::string flat = leafAndInstance({"--flat-classes"});
+    EXPECT_EQ(countOf(flat, inheritedMethod), 1U);
+    EXPECT_EQ(countOf(flat, inheritedValue), 1U);
+    const std::string declared = leafAndInstance({"--declared-properties"});
+    EXPECT_EQ(countOf(declared, inheritedMethod), 0U);
+    EXPECT_EQ(countOf(declared, inheritedValue), 0U);
+    EXPECT_EQ(countOf(declared, "<VALUE.NAMEDINSTANCE>"), 2U);
+}
+
 TEST(Program, AsksForThePasswordInTheFile) {
     const TemporaryFile file("secret\nnot this\n");
     Process program({kProgram, "--http-port", "0", "--no-https", "--user", "user", "--password-file",
@@ -168,8 +200,9 @@ TEST(Program, RefusesWrongUsageWithStatus2) {
 TEST(Program, PrintsHelpAndVersion) {
     const ProcessResult help = runProcess({kProgram, "--help"});
     EXPECT_EQ(help.status, 0);
-    for (const char* option : {"--address", "--http-port", "--https-port", "--no-http", "--no-https",
-                               "--user", "--password-file", "--instances", "--load", "--log", "--version"}) {
+    for (const char* option :
+         {"--address", "--http-port", "--https-port", "--no-http", "--no-https", "--user", "--password-file",
+          "--instances", "--load", "--flat-classes", "--declared-properties", "--log", "--version"}) {
         EXPECT_NE(help.out.find(option), std::string::npos) << option;
     }
     const ProcessResult version = runProcess({kProgram, "--version"});

@@ -50,6 +50,7 @@ void TestMachine::Listen(std::size_t node, bool tls, std::uint16_t port, const O
     endpoint.tls = tls;
     endpoint.repository = repositories_[node];
     endpoint.credentials = options.credentials;
+    endpoint.localOnly = options.localOnly;
     server_.listen(endpoint);
 }
 
