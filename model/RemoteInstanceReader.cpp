@@ -91,7 +91,7 @@ void RemoteInstanceReader::ReadMissingKeys(const Pegasus::CIMInstance& remote, I
     for (Pegasus::Uint32 i = 0; i < keys.size(); ++i) {
         if (remote.findProperty(keys[i].getName()) == Pegasus::PEG_NOT_FOUND) {
             PropertyName name = NameOf(keys[i].getName().getString());
-            Guarded(name.text, [&] { Store(name, ValueOf(keys[i], name.text), instance); });
+            Guarded(name.text, [&] { Store(name, ValueOf(keys[i], remote, name.text), instance); });
         }
     }
 }
@@ -119,22 +119,19 @@ RemoteInstanceReader::PropertyName& RemoteInstanceReader::NameAt(Pegasus::Uint32
 
 TCIMValue RemoteInstanceReader::ValueOf(const Pegasus::CIMConstProperty& property,
                                         const Pegasus::CIMInstance& remote, const std::string& name) {
-    boost::shared_ptr<ICIMClass> referenced;
-    if (property.getType() == Pegasus::CIMTYPE_REFERENCE) {
-        referenced = ReferencedClass(remote, name);
-    }
     TCIMValue value;
     const Pegasus::CIMValue& remoteValue = property.getValue();
     if (convertsNulls_ || !remoteValue.isNull()) {
         ConvertToCoreValue(name, remoteValue, property.getType(), property.isArray(), value, class_);
     }
-    if (referenced) {
-        value.SetReferencedClass(referenced);
+    if (property.getType() == Pegasus::CIMTYPE_REFERENCE) {
+        SetReferencedClass(value, remote, name);
     }
     return value;
 }
 
-TCIMValue RemoteInstanceReader::ValueOf(const Pegasus::CIMKeyBinding& key, const std::string& name) {
+TCIMValue RemoteInstanceReader::ValueOf(const Pegasus::CIMKeyBinding& key, const Pegasus::CIMInstance& remote,
+                                        const std::string& name) {
     auto declared = keyTypes_.find(name);
     if (declared == keyTypes_.end()) {
         declared = keyTypes_.emplace(name, class_->DeclaredType(name)).first;
@@ -143,7 +140,17 @@ TCIMValue RemoteInstanceReader::ValueOf(const Pegasus::CIMKeyBinding& key, const
     if (!ConvertKeyToCoreValue(key, declared->second, namespace_, value)) {
         LogUnreadable(name);
     }
+    if (value.IsReference()) {
+        SetReferencedClass(value, remote, name);
+    }
     return value;
+}
+
+void RemoteInstanceReader::SetReferencedClass(TCIMValue& value, const Pegasus::CIMInstance& remote,
+                                              const std::string& name) {
+    if (const auto referenced = ReferencedClass(remote, name)) {
+        value.SetReferencedClass(referenced);
+    }
 }
 
 void RemoteInstanceReader::Store(PropertyName& name, TCIMValue value, ICIMInstance& instance) const {

@@ -48,7 +48,9 @@ private:
     void ReadMissingKeys(const Pegasus::CIMInstance& remote, ICIMInstance& instance);
     TCIMValue ValueOf(const Pegasus::CIMConstProperty& property, const Pegasus::CIMInstance& remote,
                       const std::string& name);
-    TCIMValue ValueOf(const Pegasus::CIMKeyBinding& key, const std::string& name);
+    TCIMValue ValueOf(const Pegasus::CIMKeyBinding& key, const Pegasus::CIMInstance& remote,
+                      const std::string& name);
+    void SetReferencedClass(TCIMValue& value, const Pegasus::CIMInstance& remote, const std::string& name);
     void Store(PropertyName& name, TCIMValue value, ICIMInstance& instance) const;
     boost::shared_ptr<ICIMClass> ReferencedClass(const Pegasus::CIMInstance& remote,
                                                  const std::string& property);

@@ -260,6 +260,37 @@ TEST_P(ServerFamilies, GiveKeysOfEveryTypeTheSamePath) {
     EXPECT_EQ(PathsOf(InstancesOf(GetClass(Connected(machine), "S_Leaf"))), Names{path});
 }
 
+TEST_P(ServerFamilies, GiveEveryKeyItsDeclaredType) {
+    TestMachine machine(Options(1));
+    const Namespace nameSpace = OnNodes(machine);
+    const Instance fan = OnlyInstance(nameSpace, "S_Fan");
+    EXPECT_EQ(ValueOf(fan, "Id").GetType(), TCIMValue::TCIMType::eString);
+    EXPECT_EQ(ValueOf(fan, "Zone").GetType(), TCIMValue::TCIMType::eUint8);
+}
+
+TEST_P(ServerFamilies, TellTheClassThatAReferenceKeyPointsAt) {
+    TestMachine machine(Options(1));
+    const Namespace nameSpace = OnNodes(machine);
+    for (const char* name : {"S_Link", "S_FanLink"}) {
+        const Instance link = InstancesOf(GetClass(nameSpace, name)).at(0);
+        const auto pointsAt = [&](const char* property) {
+            const auto referenced = ValueOf(link, property).GetReferencedClass();
+            return referenced ? referenced->GetName(TContext()) : std::string("(none)");
+        };
+        EXPECT_EQ(pointsAt("Antecedent"), "S_Fan") << name;
+        EXPECT_EQ(pointsAt("Dependent"), "S_Pump") << name;
+    }
+}
+
+TEST_P(ServerFamilies, GiveARealKeyTheSamePath) {
+    TestMachine machine(Options(1));
+    Declare(machine, {ClassXml("S_Top", "", KeyXml("Level", "real64")), ClassXml("S_Leaf", "S_Top"),
+                      InstanceXml("S_Leaf", PropertyXml("Level", "real64", "1.5")),
+                      InstanceXml("S_Leaf", PropertyXml("Level", "real64", "-2.5"))});
+    EXPECT_EQ(PathsOf(InstancesOf(GetClass(Connected(machine), "S_Leaf"))),
+              (Names{"S_Leaf.Level=-2.5", "S_Leaf.Level=1.5"}));
+}
+
 INSTANTIATE_TEST_SUITE_P(LocalOnly, ServerFamilies,
                          ::testing::Values(Family{"HonouredOnClasses", {false, false}},
                                            Family{"IgnoredOnClasses", {true, false}},
