@@ -89,6 +89,16 @@ std::vector<tcp::endpoint> resolve(asio::io_context& context, const std::string&
     return {found.begin(), found.end()};
 }
 
+// The event loop needs descriptors of its own, and the process may have none left.
+template <class TImpl>
+std::unique_ptr<TImpl> makeImpl() {
+    try {
+        return std::make_unique<TImpl>();
+    } catch (const boost::system::system_error& error) {
+        throw WireError(WireError::Kind::NoSocket, error.what());
+    }
+}
+
 }  // namespace
 
 TcpStream::TcpStream(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
@@ -97,7 +107,7 @@ TcpStream::~TcpStream() = default;
 
 std::unique_ptr<TcpStream> TcpStream::connect(const std::string& host, std::uint32_t port,
                                               Deadline deadline) {
-    auto impl = std::make_unique<Impl>();
+    auto impl = makeImpl<Impl>();
     WireError failure(WireError::Kind::CannotConnect, host + ": no address");
     for (const tcp::endpoint& peer : resolve(impl->context, host, port)) {
         error_code error;
