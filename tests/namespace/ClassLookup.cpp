@@ -10,6 +10,7 @@
 #include "qelc/TQELCNamespace.h"
 #include "tests/support/Declarations.h"
 #include "tests/support/PluginTest.h"
+#include "tests/support/RawAnswers.h"
 #include "tests/support/TCimHTTPNamespaceTestAccess.h"
 #include "union/TInmemClass.h"
 #include "union/TUnionNamespace.h"
@@ -354,36 +355,75 @@ TEST_F(ClassLookupTest, BrokenChainGivesNothingButKeepsTheAncestorsBuilt) {
     TestMachine machine(Bare());
     DeclareChain(machine);
     const auto nameSpace = Connected(machine);
-    cimom::Fault fault;
-    fault.kind = cimom::Fault::Kind::CimError;
-    fault.code = 1;
-    fault.className = "T_C";
-    machine.Server().inject(fault);
+    // Its definition can be had, its own members cannot: by then the classes above it are there.
+    machine.Server().inject(Passes(machine.Host(0), "T_C"));
+    machine.Server().inject(RefusesOnce(machine.Host(0), "T_C"));
     EXPECT_FALSE(nameSpace->GetClass("T_D", TContext()));
-    EXPECT_TRUE(nameSpace->GetClass("T_B", TContext()));
+    EXPECT_EQ(machine.Requests().back(), "0 GetClass T_C");
     EXPECT_EQ(Subclasses(*nameSpace), (Names{"T_A", "T_B"}));
-    machine.Server().clearFaults();
+
+    machine.ClearRequests();
+    EXPECT_TRUE(nameSpace->GetClass("T_A", TContext()));
+    EXPECT_TRUE(nameSpace->GetClass("T_B", TContext()));
+    EXPECT_EQ(machine.Requests(), Names{}) << "the ancestors are cached";
     EXPECT_TRUE(nameSpace->GetClass("T_D", TContext()));
+    EXPECT_EQ(machine.Requests(), (Names{"0 GetClass T_D", "0 GetClass T_C", "0 GetClass T_C",
+                                         "0 GetClass T_C", "0 GetClass T_D", "0 GetClass T_D"}));
     EXPECT_EQ(Subclasses(*nameSpace), (Names{"T_A", "T_B", "T_C", "T_D"}));
 }
 
-TEST_F(ClassLookupTest, ClassesThatDeriveFromThemselvesGiveNothing) {
+TEST_F(ClassLookupTest, ClassThatDerivesFromItselfIsAskedForOnceAndGivesNothing) {
     TestMachine machine(Bare());
-    cimom::Fault fault;
-    fault.kind = cimom::Fault::Kind::RawAnswer;
-    fault.operation = "GetClass";
-    const std::string body =
-        "<?xml version=\"1.0\"?><CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\"><MESSAGE ID=\"1000\" "
-        "PROTOCOLVERSION=\"1.0\"><SIMPLERSP><IMETHODRESPONSE NAME=\"GetClass\"><IRETURNVALUE>"
-        "<CLASS NAME=\"T_Loop\" SUPERCLASS=\"T_Loop\"/></IRETURNVALUE></IMETHODRESPONSE></SIMPLERSP>"
-        "</MESSAGE></CIM>";
-    fault.text =
-        "HTTP/1.1 200 OK\r\nContent-Type: application/xml\r\nCIMOperation: MethodResponse\r\n"
-        "Content-Length: " +
-        std::to_string(body.size()) + "\r\n\r\n" + body;
     const auto nameSpace = Connected(machine);
-    machine.Server().inject(fault);
+    AnswerGetClassWith(machine, *nameSpace->getPegClient(), {ClassXml("T_Loop", "T_Loop")});
     EXPECT_FALSE(nameSpace->GetClass("T_Loop", TContext()));
+    EXPECT_EQ(machine.Requests(), Names{"0 GetClass T_Loop"});
+    EXPECT_TRUE(log_.LinesWith("Exception in PegClient").empty()) << "an answer that the client understood";
+    EXPECT_TRUE(Subclasses(*nameSpace).empty());
+}
+
+TEST_F(ClassLookupTest, ClassesThatDeriveFromEachOtherAreAskedForOnceAndGiveNothing) {
+    TestMachine machine(Bare());
+    DeclareChain(machine);
+    const auto nameSpace = Connected(machine);
+    AnswerGetClassWith(machine, *nameSpace->getPegClient(),
+                       {ClassXml("T_A", "T_B"), ClassXml("T_B", "t_a")});  // names have no letter case
+    EXPECT_FALSE(nameSpace->GetClass("T_A", TContext()));
+    EXPECT_EQ(machine.Requests(), (Names{"0 GetClass T_A", "0 GetClass T_B"}));
+    EXPECT_TRUE(log_.LinesWith("Exception in PegClient").empty());
+
+    EXPECT_TRUE(nameSpace->GetClass("T_B", TContext())) << "once the server has put that right";
+    EXPECT_EQ(Subclasses(*nameSpace), (Names{"T_A", "T_B"}));
+}
+
+/// Declares T_1 and below it T_2 and so on, each below the one before.
+void DeclareLevels(TestMachine& machine, std::size_t count) {
+    std::string superclass;
+    for (std::size_t level = 1; level <= count; ++level) {
+        const std::string name = "T_" + std::to_string(level);
+        machine.Repository(0).addDeclarations("root/cimv2", Declarations({ClassXml(name, superclass)}),
+                                              "levels");
+        superclass = name;
+    }
+}
+
+TEST_F(ClassLookupTest, ChainOfTwoHundredLevelsIsFound) {
+    TestMachine machine(Bare());
+    DeclareLevels(machine, 200);
+    const auto nameSpace = Connected(machine);
+    EXPECT_TRUE(nameSpace->GetClass("T_200", TContext()));
+    EXPECT_EQ(Subclasses(*nameSpace).size(), 200U);
+}
+
+TEST_F(ClassLookupTest, ChainOfMoreThanTwoHundredLevelsGivesNothing) {
+    TestMachine machine(Bare());
+    DeclareLevels(machine, 201);
+    const auto nameSpace = Connected(machine);
+    EXPECT_FALSE(nameSpace->GetClass("T_201", TContext()));
+    EXPECT_EQ(machine.Requests().size(), 200U);
+    EXPECT_EQ(machine.Requests().back(), "0 GetClass T_2");
+    EXPECT_TRUE(Subclasses(*nameSpace).empty());
+    EXPECT_TRUE(nameSpace->GetClass("T_1", TContext())) << "a lookup that failed leaves no mark";
 }
 
 TEST_F(ClassLookupTest, ContextTimeoutsOnlyRaiseTheDefaults) {
@@ -444,6 +484,43 @@ TEST_F(ClassLookupTest, SecondClassOfANameReplacesTheFirstWithTheFlagAndKeepsIts
     second->Commit(TContext());
     EXPECT_EQ(nameSpace->GetClass("T_A", TContext()), second);
     EXPECT_EQ(Subclasses(*nameSpace), (Names{"T_A", "T_B"}));
+}
+
+TEST_F(ClassLookupTest, ClassOfAnotherNameThanAskedIsReturnedAfterALevelZeroLine) {
+    TestMachine machine(Bare());
+    DeclareChain(machine);
+    const auto nameSpace = Connected(machine);
+    AnswerGetClassWith(machine, *nameSpace->getPegClient(), {ClassXml("T_A", "")});
+    const auto found = nameSpace->GetClass("T_Alias", TContext());
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->GetName(TContext()), "T_A");
+    EXPECT_EQ(log_.Lines(), (Lines{{3, From("T_Alias")},
+                                   {3, Gc("", " : return <root>")},
+                                   {3, Gc("", " : return <root>")},
+                                   {0, Gc("T_Alias", " Not Found - Something Wrong")}}));
+    EXPECT_EQ(nameSpace->GetClass("T_A", TContext()), found) << "cached by the name that it has";
+}
+
+TEST_F(ClassLookupTest, ClassThatTheServerStampsForGoodCannotBeStampedAndGivesNothing) {
+    TestMachine machine(Bare());
+    machine.Repository(0).addDeclarations(
+        "root/cimv2",
+        Declarations({ClassXml("T_Theirs", "",
+                               "<QUALIFIER NAME=\"PLUGINNAME\" TYPE=\"string\" OVERRIDABLE=\"false\">"
+                               "<VALUE>other.nsp</VALUE></QUALIFIER>" +
+                                   KeyXml("Id", "string"))}),
+        "theirs");
+    const auto nameSpace = Connected(machine);
+    const Names requests{"0 GetClass T_Theirs", "0 GetClass T_Theirs"};
+    const Lines lines{{3, From("T_Theirs")}, {3, Gc("", " : return <root>")}};
+    EXPECT_FALSE(nameSpace->GetClass("T_Theirs", TContext()));
+    EXPECT_EQ(machine.Requests(), requests);
+    EXPECT_EQ(log_.Lines(), lines);
+    EXPECT_TRUE(Subclasses(*nameSpace).empty());
+
+    machine.ClearRequests();
+    EXPECT_FALSE(nameSpace->GetClass("T_Theirs", TContext()));
+    EXPECT_EQ(machine.Requests(), requests) << "asked again";
 }
 
 TEST_F(ClassLookupTest, RemovingAClassLeavesTheCacheUnchanged) {

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <set>
 
 namespace NQELVSK20 {
 
@@ -49,7 +50,8 @@ void TestMachine::Listen(std::size_t node, bool tls, std::uint16_t port, const O
     endpoint.port = port;
     endpoint.tls = tls;
     endpoint.repository = repositories_[node];
-    endpoint.credentials = options.credentials;
+    endpoint.credentials = options.nodeCredentials.empty() ? options.credentials
+                                                           : std::optional(options.nodeCredentials.at(node));
     endpoint.localOnly = options.localOnly;
     server_.listen(endpoint);
 }
@@ -70,6 +72,19 @@ bool TestMachine::Option(std::size_t request, const std::string& name) const {
     const std::string& operation = seen.operation;
     return name == "LocalOnly" || (name == "DeepInheritance" && operation == "EnumerateInstances") ||
            (name == "IncludeQualifiers" && operation == "GetClass");
+}
+
+std::vector<std::string> TestMachine::AuthorizationsOf(std::size_t node) const {
+    static const std::string kField = "\r\nAuthorization: ";
+    std::set<std::string> seen;
+    for (const cimom::SeenRequest& request : server_.requests()) {
+        const std::size_t at = request.head.find(kField);
+        if (request.address == hosts_.at(node) && at != std::string::npos) {
+            const std::size_t from = at + kField.size();
+            seen.insert(request.head.substr(from, request.head.find("\r\n", from) - from));
+        }
+    }
+    return {seen.begin(), seen.end()};
 }
 
 std::vector<std::string> TestMachine::Requests() const {

@@ -22,6 +22,7 @@ public:
         bool sampleData = true;  ///< The sample machine's data; false: empty repositories.
         std::optional<cimom::Credentials> credentials;
         cimom::LocalOnlyRules localOnly;  ///< Which family of servers the nodes are like.
+        std::vector<cimom::Credentials> nodeCredentials;  ///< One a node, in node order; empty: the above.
     };
 
     explicit TestMachine(const Options& options);
@@ -40,6 +41,9 @@ public:
     /// The boolean option of a request as the server understands it: the one sent, else the default that
     /// DSP0200 gives it for this operation. Client libraries leave defaults out.
     bool Option(std::size_t request, const std::string& name) const;
+
+    /// The Authorization fields that a node's server was sent, each once, in the order of their texts.
+    std::vector<std::string> AuthorizationsOf(std::size_t node) const;
 
     /// What the servers were asked, in order: "HOSTINDEX OPERATION CLASS", e.g. "0 GetClass CIM_Fan".
     std::vector<std::string> Requests() const;

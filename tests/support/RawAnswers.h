@@ -1,0 +1,46 @@
+#pragma once
+
+#include <initializer_list>
+#include <string>
+
+#include "connection/PegClient.h"
+#include "tests/support/TestMachine.h"
+
+namespace NQELVSK20 {
+
+/// A whole HTTP answer to GetClass: the message ID of the request, and the CLASS element that is returned.
+inline std::string GetClassAnswer(unsigned long messageId, const std::string& cimClass) {
+    const std::string body =
+        "<?xml version=\"1.0\"?><CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\"><MESSAGE ID=\"" +
+        std::to_string(messageId) +
+        "\" PROTOCOLVERSION=\"1.0\"><SIMPLERSP><IMETHODRESPONSE NAME=\"GetClass\">"
+        "<IRETURNVALUE>" +
+        cimClass + "</IRETURNVALUE></IMETHODRESPONSE></SIMPLERSP></MESSAGE></CIM>";
+    return "HTTP/1.1 200 OK\r\nContent-Type: application/xml\r\nCIMOperation: MethodResponse\r\n"
+           "Content-Length: " +
+           std::to_string(body.size()) + "\r\n\r\n" + body;
+}
+
+/// Answers the next GetClass requests with these CLASS elements, one each, whatever they ask for; those that
+/// follow are answered from the repository again.
+///
+/// The client library numbers its messages one by one, so that a request sent here tells the numbers of the
+/// next ones; no other request may come between.
+inline void AnswerGetClassWith(TestMachine& machine, PegClient& client,
+                               std::initializer_list<std::string> classes) {
+    client.EnumerateClassNames("root/cimv2", "", false, 5000);
+    const std::string body = machine.Server().requests().back().body;
+    const std::string mark = "<MESSAGE ID=\"";
+    unsigned long messageId = std::stoul(body.substr(body.find(mark) + mark.size()));
+    for (const std::string& cimClass : classes) {
+        cimom::Fault fault;
+        fault.kind = cimom::Fault::Kind::RawAnswer;
+        fault.operation = "GetClass";
+        fault.times = 1;
+        fault.text = GetClassAnswer(++messageId, cimClass);
+        machine.Server().inject(fault);
+    }
+    machine.ClearRequests();
+}
+
+}  // namespace NQELVSK20
