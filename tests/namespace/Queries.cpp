@@ -2,6 +2,7 @@
 #include <Pegasus/Common/Exception.h>
 #include <gtest/gtest.h>
 
+#include <boost/weak_ptr.hpp>
 #include <functional>
 #include <string>
 #include <vector>
@@ -12,6 +13,7 @@
 #include "tests/support/Declarations.h"
 #include "tests/support/PluginTest.h"
 #include "vskcore/ICIMIndicationFilter.h"
+#include "vskcore/ICIMInstance.h"
 #include "vskcore/ICIMSubscription.h"
 #include "vskcore/TVSKException.h"
 
@@ -101,7 +103,7 @@ TEST_F(QueriesTest, MalformedNamesAreRefusedByTheLibraryBeforeAnythingIsSent) {
     EXPECT_TRUE(machine_.Requests().empty());
 }
 
-TEST_F(QueriesTest, WalkReadsEverythingWithOneRequestAndIsAlwaysTrue) {
+TEST_F(QueriesTest, WalkIsOneRequestAndAlwaysTrue) {
     const auto nameSpace = Connected(machine_);
     EXPECT_TRUE(
         nameSpace->EnumerateInstances(Pegasus::CIMNamespaceName("root/cimv2"), Pegasus::CIMName("T_A")));
@@ -113,6 +115,34 @@ TEST_F(QueriesTest, WalkReadsEverythingWithOneRequestAndIsAlwaysTrue) {
     EXPECT_FALSE(machine_.Option(0, "IncludeQualifiers"));
     EXPECT_FALSE(machine_.Option(0, "IncludeClassOrigin"));
     EXPECT_EQ(log_.Lines().size(), 1U) << "only the client's line about the unknown class";
+}
+
+// What the walk reads it neither keeps nor logs: that it ends well, whatever there is to read, is all that a
+// caller can see of it.
+TEST_F(QueriesTest, WalkEndsWellOverPropertiesOfEveryKind) {
+    const std::string array = "<PROPERTY.ARRAY NAME=\"Texts\" TYPE=\"string\">";
+    const std::string reference = "<PROPERTY.REFERENCE NAME=\"Other\" REFERENCECLASS=\"T_A\">";
+    machine_.Repository(0).addDeclarations(
+        "root/cimv2",
+        Declarations(
+            {ClassXml("T_Kinds", "",
+                      KeyXml("Id", "string") + PropertyXml("Null", "datetime") +
+                          PropertyXml("Real", "real64") + PropertyXml("When", "datetime") + array +
+                          "</PROPERTY.ARRAY>" + reference + "</PROPERTY.REFERENCE>"),
+             InstanceXml("T_Kinds", PropertyXml("Id", "string", "a")),
+             InstanceXml("T_Kinds",
+                         PropertyXml("Id", "string", "b") + PropertyXml("Real", "real64", "INF") +
+                             PropertyXml("When", "datetime", "20260228******.******+060") + array +
+                             "<VALUE.ARRAY><VALUE>x</VALUE><VALUE.NULL/></VALUE.ARRAY></PROPERTY.ARRAY>" +
+                             reference +
+                             "<VALUE.REFERENCE><INSTANCENAME CLASSNAME=\"T_A\"><KEYBINDING NAME=\"Id\">"
+                             "<KEYVALUE VALUETYPE=\"numeric\">1</KEYVALUE></KEYBINDING></INSTANCENAME>"
+                             "</VALUE.REFERENCE></PROPERTY.REFERENCE>")}),
+        "kinds");
+    const auto nameSpace = Connected(machine_);
+    EXPECT_TRUE(
+        nameSpace->EnumerateInstances(Pegasus::CIMNamespaceName("root/cimv2"), Pegasus::CIMName("T_Kinds")));
+    EXPECT_EQ(log_.Lines(), Lines{}) << "the client understood the answer";
 }
 
 TEST_F(QueriesTest, AnswersOfAnUninitialisedNamespaceAreEmpty) {
@@ -160,25 +190,110 @@ TEST_F(QueriesTest, UnsupportedOperationsThrowWithoutALogLine) {
     EXPECT_TRUE(log_.Lines().empty());
 }
 
-TEST_F(QueriesTest, ProvidersAreNeverEnumeratedAndClearInstancesChangesNothing) {
+TEST_F(QueriesTest, ProvidersAreNeverEnumerated) {
     const auto nameSpace = Connected(machine_);
-    const auto before = nameSpace->GetClass("T_A", TContext());
     bool called = false;
     nameSpace->EnumerateProviders([&](boost::shared_ptr<IProvider>) { return called = true; }, TContext());
     EXPECT_FALSE(called);
-    nameSpace->ClearInstances();
-    EXPECT_EQ(nameSpace->GetClass("T_A", TContext()), before);
-    EXPECT_TRUE(nameSpace->isConnected());
 }
 
-using QueriesOnSeveralNodesTest = PluginTest;
+TEST_F(QueriesTest, ClearInstancesLeavesClassesAndCollectedInstancesAsTheyWere) {
+    const auto nameSpace = Connected(machine_);
+    const auto cimClass = nameSpace->GetClass("T_A", TContext());
+    boost::weak_ptr<ICIMInstance> collected;
+    cimClass->EnumerateInstances(
+        [&](const boost::shared_ptr<ICIMInstance>& instance) {
+            collected = instance;
+            return true;
+        },
+        false, TContext());
+    ASSERT_FALSE(collected.expired());
+    machine_.ClearRequests();
+    log_.Clear();
 
-TEST_F(QueriesOnSeveralNodesTest, OnlyTheFirstNodeIsAsked) {
-    TestMachine machine(3);
-    const auto nameSpace = Connected(machine);
+    nameSpace->ClearInstances();
+    EXPECT_TRUE(log_.Lines().empty());
+    EXPECT_TRUE(nameSpace->isConnected());
+    EXPECT_EQ(nameSpace->GetClass("T_A", TContext()), cimClass);
+    TCIMReference second{boost::shared_ptr<ICIMNamespace>(), TContext()};
+    second.SetPath("T_A.Id=2");
+    EXPECT_EQ(nameSpace->GetInstance(second, TContext()), collected.lock());
+    EXPECT_FALSE(collected.expired());
+    EXPECT_EQ(machine_.Requests(), Names{}) << "neither the class nor the instance was asked for again";
+}
+
+class QueriesOnSeveralNodesTest : public PluginTest {
+protected:
+    QueriesOnSeveralNodesTest() { machine_.ClearRequests(); }
+
+    /// Whether a request asks for no certain properties.
+    bool AsksForEveryProperty(std::size_t request) {
+        return machine_.Server().requests().at(request).body.find("PropertyList") == std::string::npos;
+    }
+
+    TestMachine machine_{3};
+    const boost::shared_ptr<TCimHTTPNamespace> nameSpace_{Connected(machine_)};
+};
+
+TEST_F(QueriesOnSeveralNodesTest, OnlyTheFirstNodeIsAskedForClassNames) {
     Names names;
-    EXPECT_TRUE(nameSpace->EnumerateInstanceNames("root/cimv2", "OMC_NumericSensor", names));
-    EXPECT_EQ(machine.Requests(), Names{"0 EnumerateInstanceNames OMC_NumericSensor"});
+    EXPECT_TRUE(nameSpace_->EnumerateClassNames("root/cimv2", "CIM_ManagedElement", names, true));
+    EXPECT_EQ(machine_.Requests(), Names{"0 EnumerateClassNames CIM_ManagedElement"});
+    EXPECT_FALSE(machine_.Option(0, "DeepInheritance"));
+}
+
+TEST_F(QueriesOnSeveralNodesTest, OnlyTheFirstNodeIsAskedForInstanceNames) {
+    Names names;
+    EXPECT_TRUE(nameSpace_->EnumerateInstanceNames("root/cimv2", "OMC_NumericSensor", names));
+    EXPECT_EQ(machine_.Requests(), Names{"0 EnumerateInstanceNames OMC_NumericSensor"});
+}
+
+TEST_F(QueriesOnSeveralNodesTest, OnlyTheFirstNodesInstancesAreWalked) {
+    EXPECT_TRUE(nameSpace_->EnumerateInstances(Pegasus::CIMNamespaceName("root/cimv2"),
+                                               Pegasus::CIMName("OMC_NumericSensor")));
+    EXPECT_EQ(machine_.Requests(), Names{"0 EnumerateInstances OMC_NumericSensor"});
+    EXPECT_TRUE(machine_.Option(0, "DeepInheritance"));
+    EXPECT_TRUE(machine_.Option(0, "LocalOnly"));
+    EXPECT_FALSE(machine_.Option(0, "IncludeQualifiers"));
+    EXPECT_FALSE(machine_.Option(0, "IncludeClassOrigin"));
+    EXPECT_TRUE(AsksForEveryProperty(0));
+}
+
+TEST_F(QueriesOnSeveralNodesTest, OnlyTheFirstNodeIsAskedForASuperclass) {
+    const auto cimClass = nameSpace_->GetClass("OMC_NumericSensor", TContext());
+    ASSERT_TRUE(cimClass);
+    machine_.ClearRequests();
+    EXPECT_TRUE(cimClass->GetSuperClass(TContext()));
+    EXPECT_EQ(machine_.Requests(), Names{"0 GetClass OMC_NumericSensor"});
+    EXPECT_TRUE(machine_.Option(0, "LocalOnly"));
+    EXPECT_TRUE(machine_.Option(0, "IncludeQualifiers"));
+    EXPECT_FALSE(machine_.Option(0, "IncludeClassOrigin"));
+    EXPECT_TRUE(AsksForEveryProperty(0));
+}
+
+TEST_F(QueriesOnSeveralNodesTest, EveryNodeIsAskedForTheMembersOfAClassInTheSameWay) {
+    nameSpace_->AllocateClass("OMC_NumericSensor", {}, TContext());
+    ASSERT_EQ(machine_.Requests(), (Names{"0 GetClass OMC_NumericSensor", "1 GetClass OMC_NumericSensor",
+                                          "2 GetClass OMC_NumericSensor"}));
+    for (std::size_t node = 0; node < 3; ++node) {
+        EXPECT_TRUE(machine_.Option(node, "LocalOnly"));
+        EXPECT_TRUE(machine_.Option(node, "IncludeQualifiers"));
+        EXPECT_FALSE(machine_.Option(node, "IncludeClassOrigin"));
+        EXPECT_TRUE(AsksForEveryProperty(node));
+    }
+}
+
+TEST_F(QueriesOnSeveralNodesTest, OnlyTheFirstNodeRunsMethods) {
+    const auto cimClass = nameSpace_->AllocateClass("OMC_UnitaryComputerSystem", {}, TContext());
+    machine_.ClearRequests();
+    TCIMReference path{boost::shared_ptr<ICIMNamespace>(), TContext()};
+    path.SetPath(R"(OMC_UnitaryComputerSystem.CreationClassName="OMC_UnitaryComputerSystem",)"
+                 R"(Name="node-0.machine.example")");
+    TCIMValue result;
+    TContext outputs;
+    cimClass->InvokeMethod(result, path, "RequestStateChange", TContext(), outputs, TContext());
+    EXPECT_FALSE(result.IsNull());
+    EXPECT_EQ(machine_.Requests(), Names{"0 RequestStateChange OMC_UnitaryComputerSystem"});
 }
 
 }  // namespace
