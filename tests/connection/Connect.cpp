@@ -55,21 +55,6 @@ TEST_F(ConnectTest, SingleNodeSavesCredentialsAndThePlainPortAndDetectsOnce) {
     EXPECT_EQ(log_.Lines().back(), RecordingLogger::Line(3, kExitSingle));
 }
 
-TEST_F(ConnectTest, SecondConnectChangesNothing) {
-    TestMachine machine;
-    const auto nameSpace = Connected(machine);
-    nameSpace->connect("elsewhere", "other", "other");
-    EXPECT_EQ(log_.Lines(), (Lines{{3, kEnterSingle}, {3, kExitSingle}}));
-    EXPECT_EQ(Access::Hosts(*nameSpace), Names{machine.Host(0)});
-    nameSpace->connect(Names{"a", "b"}, Names{"", ""}, Names{"", ""});
-    nameSpace->ConnectViaHttp("elsewhere", "", "", 1);
-    nameSpace->ConnectViaHttps("elsewhere", "", "", 1);
-    EXPECT_EQ(Access::Hosts(*nameSpace), Names{machine.Host(0)});
-    EXPECT_EQ(Access::Port(*nameSpace), 5988U);
-    EXPECT_TRUE(machine.Requests().empty());
-    EXPECT_EQ(log_.Lines().size(), 8U);
-}
-
 TEST_F(ConnectTest, CountsAsConnectedWhenTheServerCannotBeReached) {
     const std::string nobody = TestMachine::AddressOf(0);
     const auto nameSpace = MakeNamespace();
