@@ -1,12 +1,16 @@
 #include "connection/TCimHTTPNamespace.h"
 
 #include <Pegasus/Common/CIMName.h>
+#include <Pegasus/Common/Exception.h>
 #include <gtest/gtest.h>
 
 #include "connection/PegClient.h"
 #include "connection/PegText.h"
+#include "qelc/TQELCNamespace.h"
 #include "tests/support/PluginTest.h"
+#include "tests/support/StatusOf.h"
 #include "tests/support/TCimHTTPNamespaceTestAccess.h"
+#include "union/TUnionNamespace.h"
 #include "vskcore/THostSetup.h"
 #include "vskcore/TVSKException.h"
 
@@ -116,6 +120,55 @@ TEST_F(NamespaceTest, RemoteNameThatTheLibraryRefusesIsLoggedAndThrown) {
                                                    "invalid CIM namespace name: root/1 bad*name"}}));
     EXPECT_EQ(nameSpace->getPegNSP(), nullptr);
     EXPECT_EQ(nameSpace->getPegClient(), nullptr);
+}
+
+TEST_F(NamespaceTest, ClientThatCannotBeEnteredIsLoggedAndThrownAndWhatIsSetStays) {
+    THostSetup::SetBMCMapping([](int) -> int { throw Pegasus::Exception("no controller"); });
+    const auto nameSpace = MakeUninitNamespace();
+    EXPECT_EQ(StatusOf([&] { nameSpace->Init(); }), eVSKRemoteFailure);
+    EXPECT_EQ(log_.Lines(), (std::vector<RecordingLogger::Line>{
+                                {3, "TCimHTTPNamespace:Pegasus Client Creation Fail: no controller"}}));
+    const auto* const name = nameSpace->getPegNSP();
+    const auto* const client = nameSpace->getPegClient();
+    EXPECT_NE(name, nullptr);
+    EXPECT_NE(client, nullptr);
+    EXPECT_TRUE(nameSpace->getPegClientVec().empty());
+
+    THostSetup::SetBMCMapping({});
+    nameSpace->Init("root/other");
+    EXPECT_EQ(nameSpace->getPegNSP(), name);
+    EXPECT_EQ(ToText(*name), "root/cimv2");
+    EXPECT_EQ(nameSpace->getPegClient(), client);
+    EXPECT_EQ(nameSpace->getPegClientVec().size(), 1U);
+}
+
+TEST_F(NamespaceTest, InitAfterDeInitAppendsOneMoreNodeWithTheSameClient) {
+    const auto nameSpace = MakeNamespace();
+    PegClient* const client = nameSpace->getPegClient();
+    nameSpace->DeInit();
+    nameSpace->Init("root/other");
+    EXPECT_EQ(ToText(*nameSpace->getPegNSP()), "root/other");
+    const std::map<std::string, PegClient*> node{{"1", client}};
+    EXPECT_EQ(nameSpace->getPegClient(), client);
+    EXPECT_EQ(nameSpace->getPegClientVec(), (TCimHTTPNamespace::NodeClients{node, node}));
+}
+
+TEST_F(NamespaceTest, AssigningANamespaceOfAnotherKindChangesNothing) {
+    TestMachine machine;
+    const auto nameSpace = Connected(machine);
+    const auto cimClass = nameSpace->GetClass("CIM_ManagedElement", TContext());
+    ASSERT_TRUE(cimClass);
+    const auto* const name = nameSpace->getPegNSP();
+    const auto nodes = nameSpace->getPegClientVec();
+    machine.ClearRequests();
+    static_cast<ICIMNamespace&>(*nameSpace) = *union_;
+    EXPECT_TRUE(nameSpace->isConnected());
+    EXPECT_EQ(nameSpace->getPegNSP(), name);
+    EXPECT_EQ(nameSpace->getPegClientVec(), nodes);
+    EXPECT_EQ(nameSpace->GetUpcallNamespace(), common_);
+    EXPECT_EQ(nameSpace->GetClass("CIM_ManagedElement", TContext()), cimClass);
+    EXPECT_TRUE(machine.Requests().empty());
+    EXPECT_TRUE(nameSpace->GetClass("OMC_NumericSensor", TContext())) << "the node still answers";
 }
 
 TEST_F(NamespaceTest, DeInitForgetsTheRemoteNameAndTheClasses) {
