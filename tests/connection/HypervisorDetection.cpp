@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <locale>
 #include <string>
 
 #include "connection/TCimHTTPNamespace.h"
@@ -73,6 +74,32 @@ TEST_F(HypervisorDetectionTest, MajorNumberOfTwoDigitsIsReadWhole) {
     EXPECT_TRUE(ConnectToVersion("10.1.2 build-1")->getIsServeESXi5());
 }
 
+/// A host's locale that writes numbers with groups of three digits, parted by full stops.
+class GroupedDigits : public std::numpunct<char> {
+protected:
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+};
+
+/// The process's C++ locale for as long as this lives.
+class GlobalLocale {
+public:
+    explicit GlobalLocale(const std::locale& locale) : before_(std::locale::global(locale)) {}
+    ~GlobalLocale() { std::locale::global(before_); }
+    GlobalLocale(const GlobalLocale&) = delete;
+    GlobalLocale& operator=(const GlobalLocale&) = delete;
+
+private:
+    std::locale before_;
+};
+
+TEST_F(HypervisorDetectionTest, VersionIsReadTheSameInEveryLocale) {
+    const GlobalLocale grouped(std::locale(std::locale::classic(), new GroupedDigits));  // the locale owns it
+    const auto version4 = ConnectToVersion("4.1.0 build-260247");
+    EXPECT_TRUE(version4->getIsServeESXi());
+    EXPECT_FALSE(version4->getIsServeESXi5()) << "not 410";
+}
+
 TEST_F(HypervisorDetectionTest, VersionThatIsNoNumberIsNotEsxi5) {
     const auto nameSpace = ConnectToVersion("ESXi 5.0.0");
     EXPECT_TRUE(nameSpace->getIsServeESXi());
@@ -116,6 +143,11 @@ TEST_F(HypervisorDetectionTest, AsksInTheFixedNamespaceWithTheFixedFlags) {
     EXPECT_FALSE(machine_.Option(0, "IncludeQualifiers"));
     EXPECT_FALSE(machine_.Option(0, "IncludeClassOrigin"));
     EXPECT_EQ(body.find("PropertyList"), std::string::npos) << body;
+}
+
+TEST_F(HypervisorDetectionTest, AnswerMayTakeTenSeconds) {
+    ConnectToVersion("5.0.0 build-1");
+    EXPECT_EQ(timeouts_, (std::vector<unsigned int>{65535000, 10000}));
 }
 
 TEST_F(HypervisorDetectionTest, SecondNamespaceOfTheProcessIsNotAskedAndKeepsItsFlagsFalse) {
