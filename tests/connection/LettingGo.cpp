@@ -159,6 +159,22 @@ TEST_F(LettingGoTest, ClassThatWasNeverCommittedIsFreedWithTheNamespace) {
     EXPECT_TRUE(other.expired());
 }
 
+TEST_F(LettingGoTest, InstanceThatTheHostMadeIsFreedWithANamespaceThatIsNotConnected) {
+    Namespace nameSpace = Connected(machine_);
+    const WeakClass base = Get(nameSpace, "T_Base");
+    nameSpace->disconnect();
+    const WeakInstance made = [&] {
+        const auto instance = base.lock()->CreateInstance(TContext());
+        instance->SetPropertyValue("Id", TCIMValue("made"), TContext());
+        instance->Commit(TContext());
+        return WeakInstance(instance);
+    }();
+    ASSERT_FALSE(made.expired()) << "collected by its class";
+    nameSpace.reset();
+    EXPECT_TRUE(made.expired());
+    EXPECT_TRUE(base.expired());
+}
+
 TEST_F(LettingGoTest, ManyClassesThatWereNeverCommittedAreFreedAllTheSame) {
     const Namespace nameSpace = Connected(machine_);
     const auto collectOne = [&] {

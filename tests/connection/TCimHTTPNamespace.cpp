@@ -130,8 +130,8 @@ TEST_F(NamespaceTest, ClientThatCannotBeEnteredIsLoggedAndThrownAndWhatIsSetStay
                                 {3, "TCimHTTPNamespace:Pegasus Client Creation Fail: no controller"}}));
     const auto* const name = nameSpace->getPegNSP();
     const auto* const client = nameSpace->getPegClient();
-    EXPECT_NE(name, nullptr);
-    EXPECT_NE(client, nullptr);
+    ASSERT_NE(name, nullptr);
+    ASSERT_NE(client, nullptr);
     EXPECT_TRUE(nameSpace->getPegClientVec().empty());
 
     THostSetup::SetBMCMapping({});
