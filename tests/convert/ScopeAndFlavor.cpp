@@ -62,5 +62,28 @@ TEST(ToCoreFlavorTest, OfAFlavorThatTheHostHasNoBitForIsZero) {
     EXPECT_EQ(ToCoreFlavor(CIMFlavor()), 0u);
 }
 
+TEST(ToCoreQualifierFlavorTest, OfOneThatMayBeOverriddenIsOneWhateverElseItHas) {
+    EXPECT_EQ(ToCoreQualifierFlavor(CIMFlavor::OVERRIDABLE), 1u);
+    EXPECT_EQ(ToCoreQualifierFlavor(CIMFlavor::ENABLEOVERRIDE), 1u);
+    EXPECT_EQ(ToCoreQualifierFlavor(CIMFlavor::DEFAULTS), 1u);
+    EXPECT_EQ(ToCoreQualifierFlavor(CIMFlavor::OVERRIDABLE + CIMFlavor::TRANSLATABLE), 1u);
+    EXPECT_EQ(ToCoreQualifierFlavor(CIMFlavor::OVERRIDABLE + CIMFlavor::TOSUBCLASS + CIMFlavor::TOINSTANCE +
+                                    CIMFlavor::TRANSLATABLE),
+              1u);
+}
+
+TEST(ToCoreQualifierFlavorTest, OfOneThatMayNotBeOverriddenIsThatOfItsSingleFlavor) {
+    EXPECT_EQ(ToCoreQualifierFlavor(CIMFlavor::TOSUBCLASS), 2u);
+    EXPECT_EQ(ToCoreQualifierFlavor(CIMFlavor::TRANSLATABLE), 4u);
+    EXPECT_EQ(ToCoreQualifierFlavor(CIMFlavor::RESTRICTED), 0u);
+    EXPECT_EQ(ToCoreQualifierFlavor(CIMFlavor::DISABLEOVERRIDE), 0u);
+    EXPECT_EQ(ToCoreQualifierFlavor(CIMFlavor()), 0u);
+}
+
+TEST(ToCoreQualifierFlavorTest, OfSeveralWithoutOverridingIsZero) {
+    EXPECT_EQ(ToCoreQualifierFlavor(CIMFlavor::TOSUBCLASS + CIMFlavor::TRANSLATABLE), 0u);
+    EXPECT_EQ(ToCoreQualifierFlavor(CIMFlavor::DISABLEOVERRIDE + CIMFlavor::TOSUBCLASS), 0u);
+}
+
 }  // namespace
 }  // namespace NQELVSK20
