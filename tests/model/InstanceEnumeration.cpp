@@ -222,6 +222,14 @@ TEST_F(InstanceEnumeration, NullsStayNullExceptInTheStandardNamespace) {
     ASSERT_EQ(other.size(), 1U);
     EXPECT_TRUE(ValueOf(other[0], "Speed").IsNull());
     EXPECT_TRUE(ValueOf(other[0], "Label").IsNull());
+    Names stored;
+    other[0]->EnumerateProperties(
+        [&](const boost::shared_ptr<ICIMProperty>& property) {
+            stored.push_back(property->GetName(TContext()));
+            return true;
+        },
+        TContext());
+    EXPECT_EQ(stored, (Names{"Id", "Label", "NodeID", "Speed"})) << "a null is stored, too";
     EXPECT_EQ(TextOf(other[0], "Id"), "a");
 }
 

@@ -129,15 +129,6 @@ TEST_F(InstanceEnumerationWords, OnOneNodeAnEmptyInstanceIDTellsTheControllersNu
     EXPECT_EQ(TextsOf(instances, "InstanceID"), Names{"Node6:"});
 }
 
-TEST_F(InstanceEnumerationWords, ANullIsStoredAsOne) {
-    TestMachine machine(Nodes(1));
-    DeclareLog(machine, "root/data");
-    const Instances instances = InstancesOf(GetClass(Connected(machine, "root/data"), "X_Log"));
-    ASSERT_EQ(instances.size(), 1U);
-    EXPECT_EQ(StoredIn(instances[0]), (Names{"InstanceID", "NodeID", "Size"}));
-    EXPECT_TRUE(ValueOf(instances[0], "Size").IsNull());
-}
-
 TEST_F(InstanceEnumerationWords, APropertyThatTheServerLeavesOutIsNotStored) {
     TestMachine machine(Nodes(1));
     Declare(machine, {ClassXml("X_Log", "", KeyXml("InstanceID", "string") + PropertyXml("Size", "uint16")),

@@ -305,6 +305,34 @@ TEST_F(RoundTrip, SendsANullAsItsTypesZero) {
     }
 }
 
+TEST_F(RoundTrip, GivesANullOutputAsItsTypesZero) {
+    const TContext outputs = Echo({});
+    for (const auto& [name, value] : Scalars(false)) {
+        ASSERT_EQ(outputs.count(name), 1U) << name;
+        const TCIMValue& zero = outputs.at(name);
+        EXPECT_EQ(zero.GetType(), value.GetType()) << name;
+        EXPECT_FALSE(zero.IsNull()) << name;
+        EXPECT_FALSE(zero.IsArray()) << name;
+        if (value.GetType() != Type::eDateTime) {
+            EXPECT_FALSE(zero.operator bool()) << name;
+        }
+    }
+    EXPECT_EQ(outputs.at("StringValue").ToString(10), "");
+    EXPECT_EQ(outputs.at("DatetimeValue").ToString(10), "00000000000000.000000:000");
+}
+
+// An answer says of an output that has no value what type it has, but not that it is an array.
+TEST_F(RoundTrip, GivesANullArrayAsItsElementsZero) {
+    const TContext outputs = Echo({});
+    for (const auto& [name, value] : Scalars(false)) {
+        const std::string array = name.substr(0, name.find("Value")) + "Array";
+        ASSERT_EQ(outputs.count(array), 1U) << array;
+        EXPECT_FALSE(outputs.at(array).IsArray()) << array;
+        EXPECT_FALSE(outputs.at(array).IsNull()) << array;
+        EXPECT_EQ(outputs.at(array).GetType(), value.GetType()) << array;
+    }
+}
+
 TEST_F(RoundTrip, KeepsTheReturnValueOfEveryType) {
     const Instances services = InstancesOf(service_);
     for (const auto& [name, value] : Scalars(true)) {

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "model/TCimHTTPMethodDecl.h"
+#include "namespace/TNamespaceMembers.h"
 #include "tests/model/ModelTest.h"
 #include "vskcore/ICIMQualifierDecl.h"
 
@@ -221,9 +222,40 @@ TEST_F(TCimHTTPClassMembership, AllocatingAMemberDoesNotAddIt) {
     EXPECT_EQ(QualifiersOf(*class_), Names{});
 }
 
-TEST_F(TCimHTTPClassMembership, WhatTheRulesAcceptIsValid) {
-    EXPECT_EQ(Add(Property("Speed", Type::eUint16)), eVSKSuccess);
-    EXPECT_EQ(StatusOf([&] { class_->Validate(TContext()); }), eVSKSuccess);
+// A server's definition is taken as it is: a reference outside an association, which the rules refuse, too.
+TEST_F(TCimHTTPClassMembership, AClassIsValidWhateverItsServerDefines) {
+    TestMachine machine(Nodes(1));
+    Declare(machine, {ClassXml("X_Odd", "", ReferenceKeyXml("Owner", "X_Odd"))});
+    const Namespace nameSpace = Connected(machine);
+    const Class odd = Allocate(nameSpace, "X_Odd");
+    ASSERT_EQ(PropertiesOf(odd), (Names{"NodeID", "Owner"}));
+    ASSERT_FALSE(odd->IsAssociation(TContext()));
+    machine.ClearRequests();
+    log_.Clear();
+    EXPECT_EQ(StatusOf([&] { odd->Validate(TContext()); }), eVSKSuccess);
+    EXPECT_EQ(log_.Lines(), Lines{});
+    EXPECT_EQ(machine.Requests(), Names{});
+}
+
+TEST_F(TCimHTTPClassMembership, AReferenceIsRefusedBeforeItsNameIsLookedAt) {
+    log_.Clear();
+    EXPECT_EQ(Add(Property("two words", Type::eReference)), eVSKReferenceNotAllowed);
+    EXPECT_EQ(log_.Lines(),
+              (Lines{{0, Attempt("add reference property two words to non-association class X_Fan")}}));
+}
+
+TEST_F(TCimHTTPClassMembership, WithoutAConnectionACommitAttachesTheClassToTheSuperclassGiven) {
+    class_->Commit(TContext());
+    EXPECT_EQ(StatusOf([&] { Allocate(namespace_, "x_fan")->Commit(TContext()); }), eVSKAlreadyExists);
+    const auto root = TNamespaceMembers::RootClass(*namespace_);
+    EXPECT_EQ(SubclassesOf(*root), Names{"X_Fan"});
+    const Class small =
+        boost::dynamic_pointer_cast<TCimHTTPClass>(namespace_->AllocateClass("X_Small", class_, TContext()));
+    small->Commit(TContext());
+    EXPECT_EQ(SubclassesOf(*class_), Names{"X_Small"});
+    EXPECT_EQ(SubclassesOf(*root), Names{"X_Fan"});
+    EXPECT_TRUE(class_->IsTopLevel(TContext()));
+    EXPECT_FALSE(small->IsTopLevel(TContext()));
 }
 
 TEST_F(TCimHTTPClassMembership, ASubclassIsKeptOnceAndARedefinedOneTakesItsPlace) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <map>
 #include <stdexcept>
 #include <string>
 
@@ -180,6 +181,56 @@ TEST_F(TCimHTTPClassQueries, ACallbackMayChangeTheClass) {
         },
         TContext());
     EXPECT_EQ(calls, 2);
+}
+
+// Nothing enters member entries into a class. Naming a private member in an explicit instantiation is
+// allowed, and so a test can.
+struct MemberEntriesTag {
+    using Entries = std::map<std::string, boost::shared_ptr<ICIMNamedElement>>;
+    using Member = Entries TCimHTTPClass::*;
+    friend Member MemberNamedBy(MemberEntriesTag);
+};
+
+template <class TTag, typename TTag::Member kMember>
+struct TakenFromClass {
+    friend typename TTag::Member MemberNamedBy(TTag) { return kMember; }
+};
+
+template struct TakenFromClass<MemberEntriesTag, &TCimHTTPClass::memberEntries_>;
+
+class TCimHTTPClassMemberEntries : public TCimHTTPClassQueries {
+protected:
+    TCimHTTPClassMemberEntries() {
+        auto& entries = (*class_).*MemberNamedBy(MemberEntriesTag());
+        entries["speed"] = speed_;
+        entries["alarm"] = alarm_;
+    }
+
+    Namespace namespace_ = MakeUninitNamespace();
+    Class class_ = Allocate(namespace_, "X_Fan");
+    boost::shared_ptr<ICIMNamedElement> speed_ =
+        class_->AllocatePropertyDecl("Speed", TCIMValue(), TContext());
+    boost::shared_ptr<ICIMNamedElement> alarm_ =
+        class_->AllocatePropertyDecl("Alarm", TCIMValue(), TContext());
+};
+
+TEST_F(TCimHTTPClassMemberEntries, AreFoundUnderAnySpelling) {
+    EXPECT_EQ(class_->GetMemberEntry("speed", TContext()), speed_);
+    EXPECT_EQ(class_->GetMemberEntry("SPEED", TContext()), speed_);
+    EXPECT_EQ(class_->GetMemberEntry("Alarm", TContext()), alarm_);
+    EXPECT_EQ(StatusOf([&] { class_->GetMemberEntry("Zone", TContext()); }), eVSKNotFound);
+    EXPECT_EQ(StatusOf([&] { class_->GetMemberEntry("two words", TContext()); }), eVSKInvalidName);
+}
+
+TEST_F(TCimHTTPClassMemberEntries, AreAllVisitedInOrderWhateverTheCallbackSays) {
+    std::vector<boost::shared_ptr<ICIMNamedElement>> visited;
+    class_->EnumerateMemberEntries(
+        [&](const boost::shared_ptr<ICIMNamedElement>& entry) {
+            visited.push_back(entry);
+            return false;
+        },
+        TContext());
+    EXPECT_EQ(visited, (std::vector<boost::shared_ptr<ICIMNamedElement>>{alarm_, speed_}));
 }
 
 TEST_F(TCimHTTPClassQueries, NoMemberEntriesExist) {

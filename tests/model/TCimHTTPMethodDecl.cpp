@@ -83,7 +83,21 @@ TEST_F(MethodDeclTest, IsRefusedByItsClassWhenItsNameIsTaken) {
     EXPECT_EQ(class_->GetMethodDecl("Reset", TContext()), method_);
 }
 
+class InvalidMethodDecl : public TCimHTTPMethodDecl {
+public:
+    using TCimHTTPMethodDecl::operator=;
+    using TCimHTTPMethodDecl::TCimHTTPMethodDecl;
+    void Validate(TContext) override { throw TVSKException(eVSKNotSupported); }
+};
+
 TEST_F(MethodDeclTest, IsValidatedBeforeItEntersItsClass) {
+    const boost::shared_ptr<ICIMMethodDecl> invalid(
+        new InvalidMethodDecl(class_, "Reset", TCIMValue::TCIMType::eUint32));
+    EXPECT_EQ(StatusOf([&] { invalid->Commit(TContext()); }), eVSKNotSupported);
+    EXPECT_FALSE(class_->GetMethodDecl("Reset", TContext()));
+}
+
+TEST_F(MethodDeclTest, WithAnInvalidNameIsRefused) {
     EXPECT_EQ(StatusOf([&] { MakeMethod("Re set")->Commit(TContext()); }), eVSKInvalidName);
     const std::vector<RecordingLogger::Line> expected{{0, "CimHTTP: CIM name 'Re set' is invalid"}};
     EXPECT_EQ(log_.Lines(), expected);
