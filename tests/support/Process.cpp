@@ -70,8 +70,10 @@ public:
     void copy(int from, int to) { posix_spawn_file_actions_adddup2(&actions_, from, to); }
     void inNewSession() { posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSID); }
 
-    pid_t start(const std::vector<std::string>& command, std::vector<std::string> environment) const {
+    pid_t start(const std::vector<std::string>& command, std::vector<std::string> environment) {
         std::vector<std::string> words = command;
+        // A test's server stays reachable as long as anybody holds its socket.
+        posix_spawn_file_actions_addclosefrom_np(&actions_, STDERR_FILENO + 1);
         pid_t process = -1;
         const int error = posix_spawnp(&process, words.front().c_str(), &actions_, &attributes_,
                                        pointers(words).data(), pointers(environment).data());

@@ -1,6 +1,8 @@
 #include "tests/support/Process.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <stdexcept>
@@ -46,6 +48,13 @@ TEST(Process, VariablesAreSetAndTakenAway) {
     ProcessOptions options;
     options.variables = {{"ADDED", "yes"}, {"HOME", std::nullopt}};
     EXPECT_EQ(runProcess({"sh", "-c", "echo $ADDED ${HOME-no}"}, options).out, "yes no\n");
+}
+
+TEST(Process, HoldsNoneOfTheTestsFilesOpen) {
+    const int handle = open("/dev/null", O_RDONLY);
+    const std::string there = "/proc/$$/fd/" + std::to_string(handle);
+    EXPECT_EQ(runProcess({"sh", "-c", "test -e /proc/$$/fd/0 && test ! -e " + there}).status, 0);
+    close(handle);
 }
 
 }  // namespace
