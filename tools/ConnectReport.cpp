@@ -10,6 +10,12 @@ void ConnectReport::add(const ClientFailure& failure) {
     (failure.operation == "HTTPSConnect" ? outcome.httpsFailure : outcome.httpFailure) = failure.message;
 }
 
+void ConnectReport::beginAgain() {
+    if (currentNode() < outcomes_.size()) {
+        outcomes_[currentNode()] = Outcome();
+    }
+}
+
 void ConnectReport::finish(Transport transport) {
     for (std::size_t i = 0; i < outcomes_.size() && i < begun_; ++i) {
         Outcome& outcome = outcomes_[i];

@@ -28,6 +28,9 @@ public:
     /// A connection attempt of the node begun last failed.
     void add(const ClientFailure& failure);
 
+    /// The node begun last has lost its connection and is connected anew: only what comes now counts.
+    void beginAgain();
+
     /// All attempts were made, over what `transport` says.
     void finish(Transport transport);
 

@@ -7,23 +7,27 @@
 #include "tools/ConnectReport.h"
 #include "tools/Conversation.h"
 #include "tools/CredentialsRefused.h"
+#include "tools/FailedAttempt.h"
 #include "tools/LogLine.h"
 #include "tools/Machine.h"
 #include "tools/Names.h"
 #include "tools/Notices.h"
 #include "tools/Progress.h"
+#include "tools/Reconnection.h"
 #include "vskcore/ILogger.h"
 
 namespace tool {
 
 /// The host's core logger: makes notices for a person out of the plug-in's lines. Errors and remote failures
-/// are always said, with the node that failed and what it was asked; trace lines only when `verbose`.
+/// are always said, with the node that failed and what it was asked; trace lines only when `verbose`. A
+/// failure that did no harm, since the second attempt was answered or since nobody needs the answer, is said
+/// too but does not count.
 ///
 /// Throws CredentialsRefused out of the plug-in when a server wants another user or password.
 class ConsoleLogger : public NQELVSK20::ILogger {
 public:
     /// All must outlive the logger.
-    ConsoleLogger(const Machine& machine, Notices& notices, Progress& progress, bool verbose);
+    ConsoleLogger(Machine& machine, Notices& notices, Progress& progress, bool verbose);
 
     void Log(int level, const std::string& text) override;
 
@@ -33,6 +37,9 @@ public:
 
     /// The plug-in is asked about `subject` from now on.
     void beginQuestion(const std::string& subject);
+
+    /// The plug-in has come back: what it has not reported a failure of by now was answered.
+    void endQuestion() { settle(); }
 
     /// Says a failure.
     void fail(const std::string& text);
@@ -53,16 +60,30 @@ public:
 private:
     void follow(const std::string& line);
     void handle(const ClientFailure& failure);
+    void handleConnect(const ClientFailure& failure);
+    void handleRequest(const ClientFailure& failure);
+    [[noreturn]] void refuse(const ClientFailure& failure);
+    bool isDetection(const ClientFailure& failure) const;
     std::string describe(const ClientFailure& failure) const;
+    std::string excuseFor(const ClientFailure& failure) const;
+    void keep(const FailedAttempt& attempt);
+    void sayFailed(const FailedAttempt& attempt);
+    void sayAnswered();
+    void beginReconnection(const ClientFailure& failure);
+    void endReconnection();
+    void sayReconnected(const Reconnection& reconnection);
+    void settle();
     void showProgress(const std::string& line);
 
-    const Machine& machine_;
+    Machine& machine_;
     Notices& notices_;
     Progress& progress_;
     bool verbose_;
     bool connecting_ = false;
     ConnectReport report_;
     Conversation conversation_;
+    std::optional<FailedAttempt> first_;        // its second attempt is under way, or was answered
+    std::optional<Reconnection> reconnection_;  // under way, or at its end
     std::size_t failures_ = 0;
     std::optional<CredentialsRefused> refusal_;
     std::set<std::string, NameLess> undeclared_;

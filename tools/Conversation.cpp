@@ -6,6 +6,7 @@ namespace tool {
 
 void Conversation::begin(const std::string& subject) {
     phase_ = Phase::kAsking;
+    enumerated_ = false;
     enumerating_ = false;
     subject_ = subject;
 }
@@ -17,6 +18,7 @@ void Conversation::see(const std::string& line) {
     } else if (endsLookup(line)) {
         phase_ = Phase::kBuilding;
     } else if (beginsEnumeration(line)) {
+        enumerated_ = true;
         enumerating_ = true;
         node_ = 0;
     } else if (const auto answer = nodeAnswerIn(line)) {

@@ -28,6 +28,9 @@ public:
     /// the server is a hypervisor.
     bool isLookingForHypervisor() const;
 
+    /// A class that is fetched now is one that the answer's references name; nobody asked for it.
+    bool isFollowingReferences() const { return enumerated_; }
+
 private:
     enum class Phase {
         kConnecting,
@@ -42,6 +45,7 @@ private:
     Phase phase_ = Phase::kConnecting;
     std::string subject_;
     std::string fetched_;       // class being fetched
+    bool enumerated_ = false;   // the question has come to the instances: its own classes are known by then
     bool enumerating_ = false;  // every node in turn for its instances, with class lookups in between
     std::size_t node_ = 0;      // whose instances come next
 };

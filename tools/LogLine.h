@@ -17,6 +17,9 @@ struct ClientFailure {
     bool isConnect() const { return operation == "HTTPSConnect" || operation == "HTTPConnect"; }
     bool isCimError() const { return kind == "CIMException"; }
     bool isTimeout() const { return kind == "ConnectionTimeoutException"; }
+
+    /// The request broke off: the client connects anew before it does anything else.
+    bool breaksConnection() const { return !isConnect() && !isCimError() && !isTimeout(); }
     bool isRefusedLogin() const;  ///< The server answered with HTTP status 401.
 };
 

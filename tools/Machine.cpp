@@ -16,4 +16,26 @@ std::string Machine::where(std::optional<std::size_t> node) const {
     return nodes_.size() == 1 ? text : "node " + std::to_string(*node + 1) + " (" + text + ")";
 }
 
+std::optional<std::size_t> Machine::nodeNamedIn(const std::string& message) const {
+    const std::string words = ' ' + message;
+    for (std::size_t i = 0; i < nodes_.size(); ++i) {
+        const std::string address = hostAndPort(nodes_[i].host, NQELVSK20::kHttpsPort);
+        if (words.find(' ' + address) != std::string::npos) {
+            return i;
+        }
+    }
+    return std::nullopt;
+}
+
+bool Machine::isOverHttps(std::size_t node) const {
+    return node < outcomes_.size() && outcomes_[node].reached && outcomes_[node].overHttps;
+}
+
+void Machine::setOverHttps(std::size_t node, bool overHttps) {
+    if (node < outcomes_.size()) {
+        outcomes_[node].reached = true;
+        outcomes_[node].overHttps = overHttps;
+    }
+}
+
 }  // namespace tool

@@ -22,6 +22,15 @@ public:
     /// several. No node: one of them.
     std::string where(std::optional<std::size_t> node) const;
 
+    /// The node whose address, with the port of HTTPS, stands in a message; none when no node's does.
+    std::optional<std::size_t> nodeNamedIn(const std::string& message) const;
+
+    /// Whether a node is reached over HTTPS; false before it is connected.
+    bool isOverHttps(std::size_t node) const;
+
+    /// A node was connected anew, over the protocol told.
+    void setOverHttps(std::size_t node, bool overHttps);
+
 private:
     std::vector<Node> nodes_;
     std::vector<ConnectReport::Outcome> outcomes_;  // empty before the nodes are connected

@@ -51,6 +51,21 @@ std::string textOf(const Pegasus::Exception& error) {
     return static_cast<const char*>(error.getMessage().getCString());
 }
 
+// What the plug-in or the client library has against the call; none when it came back.
+template <typename CALL>
+std::optional<std::string> complaintAbout(const CALL& call) {
+    try {
+        call();
+    } catch (const CredentialsRefused&) {
+        // The logger keeps it: some of the plug-in's operations swallow exceptions.
+    } catch (const TVSKException& error) {
+        return error.what();
+    } catch (const Pegasus::Exception& error) {
+        return textOf(error);
+    }
+    return std::nullopt;
+}
+
 }  // namespace
 
 Session::Session(const Options& options, Notices& notices, Progress& progress)
@@ -184,14 +199,10 @@ void Session::reportConnection(const ConnectReport& report) {
 template <typename CALL>
 void Session::ask(const std::string& subject, const CALL& call) {
     logger_.beginQuestion(subject);
-    try {
-        call();
-    } catch (const CredentialsRefused&) {
-        // The logger keeps it: some of the plug-in's operations swallow exceptions.
-    } catch (const TVSKException& error) {
-        throw Failure(subject + ": " + error.what());
-    } catch (const Pegasus::Exception& error) {
-        throw Failure(subject + ": " + textOf(error));
+    const std::optional<std::string> complaint = complaintAbout(call);
+    logger_.endQuestion();
+    if (complaint) {
+        throw Failure(subject + ": " + *complaint);
     }
     if (logger_.refusal()) {
         reportRefusal(*logger_.refusal());
