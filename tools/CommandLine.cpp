@@ -109,9 +109,14 @@ private:
             ->type_name("N")
             ->check(CLI::PositiveNumber.description(""));
         CLI::App* get = add("get", "One instance", Question::kGet);
-        get->add_option("PATH", options_.path, "Its path, e.g. 'OMC_Fan.DeviceID=\"1\"'")->required();
+        get->add_option("PATH", options_.path,
+                        "Its path, e.g. 'OMC_Fan.DeviceID=\"1\"', as names or instances prints it")
+            ->required();
         CLI::App* invoke = add("invoke", "Run a method of an instance or class", Question::kInvoke);
-        invoke->add_option("PATH", options_.path, "Path of the instance, or name of the class")->required();
+        invoke
+            ->add_option("PATH", options_.path,
+                         "Path of the instance, as names or instances prints it, or name of the class")
+            ->required();
         invoke->add_option("METHOD", options_.method, "Name of the method")->required();
         invoke->add_option("NAME=VALUE", options_.arguments, "Arguments; an array as NAME=[a,b]");
     }

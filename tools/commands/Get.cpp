@@ -1,8 +1,10 @@
 // get PATH: one instance.
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "tools/BlockPrinter.h"
+#include "tools/InstanceMarks.h"
 #include "tools/JsonPrinter.h"
 #include "tools/JsonValue.h"
 #include "tools/ObjectPath.h"
@@ -10,13 +12,59 @@
 
 namespace tool {
 
+namespace {
+
+using NQELVSK20::ICIMClass;
+using NQELVSK20::ICIMInstance;
+using NQELVSK20::TContext;
+using InstancePointer = boost::shared_ptr<ICIMInstance>;
+
+// Spellings of the path, the likeliest first: as it stands, and as each node's mark makes it.
+std::vector<std::string> spellingsOf(const ObjectPath& wanted, const ClassSchema& schema,
+                                     const Session& session) {
+    std::vector<std::string> spellings{instancePath(wanted, schema)};
+    const InstanceMarks marks(session.nameSpaceName(), session.machine().nodes().size());
+    for (const ObjectPath& marked : marks.marked(wanted, schema)) {
+        spellings.push_back(instancePath(marked, schema));
+    }
+    return spellings;
+}
+
+// The instance of the first spelling that there is one of.
+InstancePointer findAny(const std::vector<std::string>& spellings, ICIMClass& cimClass, Session& session) {
+    auto best = spellings.end();
+    InstancePointer found;
+    session.enumerateInstances(cimClass, false, [&](const InstancePointer& instance) {
+        const std::string path = instance->GetReference(TContext()).GetPath();
+        const auto at = std::find(spellings.begin(), best, path);
+        if (at != best) {
+            best = at;
+            found = instance;
+        }
+        return best != spellings.begin();
+    });
+    return found;
+}
+
+InstancePointer find(const ObjectPath& wanted, const ClassSchema& schema, Session& session) {
+    const std::vector<std::string> spellings = spellingsOf(wanted, schema, session);
+    if (spellings.size() > 1) {
+        if (const auto found = findAny(spellings, *schema.chain().front(), session)) {
+            return found;
+        }
+    }
+    return session.getInstance(spellings.front());
+}
+
+}  // namespace
+
 bool runGet(const CommandContext& context) {
     const ObjectPath wanted = ObjectPath::parse(context.options.path);
     SchemaCache schemas(context.session);
-    const std::string path = instancePath(wanted, schemas.of(wanted.className));
-    const auto instance = context.session.getInstance(path);
+    const ClassSchema& schema = schemas.of(wanted.className);
+    const auto instance = find(wanted, schema, context.session);
     if (!instance) {
-        return nothingFound(context, "there is no instance " + path);
+        return nothingFound(context, "there is no instance " + instancePath(wanted, schema));
     }
     const InstanceView view(*instance);
     if (context.isJson()) {

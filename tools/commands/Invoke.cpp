@@ -4,6 +4,8 @@
 #include <nlohmann/json.hpp>
 
 #include "tools/ArgumentParser.h"
+#include "tools/Failure.h"
+#include "tools/InstanceMarks.h"
 #include "tools/JsonValue.h"
 #include "tools/ObjectPath.h"
 #include "tools/SafeText.h"
@@ -25,6 +27,44 @@ const ClassSchema::Method& methodOf(const ClassSchema& schema, const std::string
         throw UsageError(schema.cimClass().GetName(TContext()) + " has no method '" + name + "'");
     }
     return *method;
+}
+
+// Whether a name that a server gave is the path; one that makes no sense is not.
+bool isPath(const std::string& name, const std::string& path, const std::string& className,
+            const ClassSchema& schema) {
+    try {
+        const ObjectPath own = ObjectPath::parse(name);
+        return sameName(own.className, className) && instancePath(own, schema) == path;
+    } catch (const UsageError&) {
+        return false;
+    }
+}
+
+// Whether the first node's server has an instance of just that path.
+bool isServersOwn(const std::string& path, const std::string& className, const ClassSchema& schema,
+                  Session& session) {
+    const std::size_t failuresBefore = session.logger().failures();
+    const std::vector<std::string> names = session.instanceNames(className);
+    if (session.logger().failures() != failuresBefore) {
+        throw Failure();  // said; a method is not run on a guess
+    }
+    return std::any_of(names.begin(), names.end(),
+                       [&](const std::string& name) { return isPath(name, path, className, schema); });
+}
+
+// The path that the first node's server knows the instance by.
+std::string serversPath(const ObjectPath& wanted, const ClassSchema& schema, Session& session) {
+    const std::string path = instancePath(wanted, schema);
+    const InstanceMarks marks(session.nameSpaceName(), session.machine().nodes().size());
+    const auto unmarked = marks.unmarked(wanted, schema);
+    if (!unmarked || isServersOwn(path, wanted.className, schema, session)) {
+        return path;
+    }
+    if (unmarked->node != 0) {
+        throw UsageError(path + " is an instance of " + session.machine().where(unmarked->node) +
+                         ": methods go to the first node only");
+    }
+    return instancePath(unmarked->path, schema);
 }
 
 void writeJson(const CommandContext& context, const Session::MethodResult& result) {
@@ -62,7 +102,7 @@ bool runInvoke(const CommandContext& context) {
                                 [&](const std::string& path) { return context.session.reference(path); });
     const TContext inputs = parser.parse(options.arguments);
     const std::string path =
-        wanted.keys.empty() ? cimClass->GetName(TContext()) : instancePath(wanted, schema);
+        wanted.keys.empty() ? cimClass->GetName(TContext()) : serversPath(wanted, schema, context.session);
     const Session::MethodResult result = context.session.invoke(*cimClass, path, method.name, inputs);
     if (context.isJson()) {
         writeJson(context, result);
