@@ -242,6 +242,24 @@ TEST_F(ConsoleLoggerTest, AServerThatKnowsNoHypervisorIsNoFailure) {
     EXPECT_FALSE(logger_.hasFailed());
 }
 
+TEST_F(ConsoleLoggerTest, AServerThatKnowsNoHypervisorHasAnsweredTheSecondAttempt) {
+    logger_.Log(3, "TCimHTTPNamespace::GetClass from Pegasus for: CIM_Fan");
+    logger_.Log(3, kInstancesTimeout);
+    logger_.Log(3, "CIMException in PegClient::EnumerateInstances(): VMware_HypervisorSoftwareIdentity");
+    EXPECT_EQ(said(),
+              "cimhttp: node 1 (10.0.0.1:5989): looking for a hypervisor: no answer in time; the second "
+              "attempt was answered\n");
+}
+
+TEST_F(ConsoleLoggerTest, ARefusalIsNoAnswerToTheSecondAttempt) {
+    logger_.Log(3, kNamesBroken);
+    EXPECT_THROW(
+        logger_.Log(3, "Exception in PegClient::EnumerateClassNames(): HTTP Error (401 Unauthorized)."),
+        CredentialsRefused);
+    logger_.endQuestion();
+    EXPECT_EQ(said(), "");
+}
+
 TEST_F(ConsoleLoggerTest, ThrowsWhenCredentialsAreRefused) {
     EXPECT_THROW(logger_.Log(3, "Exception in PegClient::GetClass(): HTTP Error (401 Unauthorized)."),
                  CredentialsRefused);

@@ -15,8 +15,10 @@ namespace {
 
 using namespace NQELVSK20;
 using nlohmann::json;
+using ::testing::Contains;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 /// A machine with switches: instances of X_Switch with these InstanceIDs on every node.
 class MarkedInstances : public ::testing::Test {
@@ -172,6 +174,7 @@ TEST_F(MarkedInstances, RunNoMethodOnAGuess) {
     machine_->Server().inject(fault);
     const Outcome outcome = switchOff(pathOf("Node1:a"));
     EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(machine_->Requests(), Not(Contains(HasSubstr("RequestStateChange"))));
     EXPECT_THAT(outcome.err, EndsWith(": instance names of X_Switch: CIM error: not here\n"));
     EXPECT_EQ(switchOff(pathOf("a")).status, 0);
 }

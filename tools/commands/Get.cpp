@@ -46,7 +46,7 @@ InstancePointer findAny(const std::vector<std::string>& spellings, ICIMClass& ci
     return found;
 }
 
-InstancePointer find(const ObjectPath& wanted, const ClassSchema& schema, Session& session) {
+InstancePointer findInstance(const ObjectPath& wanted, const ClassSchema& schema, Session& session) {
     const std::vector<std::string> spellings = spellingsOf(wanted, schema, session);
     if (spellings.size() > 1) {
         if (const auto found = findAny(spellings, *schema.chain().front(), session)) {
@@ -62,7 +62,7 @@ bool runGet(const CommandContext& context) {
     const ObjectPath wanted = ObjectPath::parse(context.options.path);
     SchemaCache schemas(context.session);
     const ClassSchema& schema = schemas.of(wanted.className);
-    const auto instance = find(wanted, schema, context.session);
+    const auto instance = findInstance(wanted, schema, context.session);
     if (!instance) {
         return nothingFound(context, "there is no instance " + instancePath(wanted, schema));
     }
