@@ -197,19 +197,18 @@ private:
     rlimit before_{};
 };
 
+// Some go to the bundled library's event loop before it comes to the socket: none of them may be missed.
 TEST_P(PegClientConnectTest, SocketThatCannotBeMadeIsLogged) {
     const std::string host = TestMachine::AddressOf(0);
-    // The library needs some descriptors for itself before it comes to the socket; what becomes of it without
-    // those is its own affair.
-    for (rlim_t more = 0; more < 8 && log_.Lines().empty(); ++more) {
-        const DescriptorLimit limit(more);
-        try {
+    for (rlim_t left = 0; left < 3; ++left) {
+        log_.Clear();
+        {
+            const DescriptorLimit limit(left);
             EXPECT_FALSE(GetParam().connect(client_, host, ""));
-        } catch (const std::exception&) {
-            EXPECT_TRUE(log_.Lines().empty());
         }
+        EXPECT_EQ(log_.Lines(), (Lines{{3, Failure("CannotCreateSocketException") + "Cannot create socket"}}))
+            << left << " left";
     }
-    EXPECT_EQ(log_.Lines(), (Lines{{3, Failure("CannotCreateSocketException") + "Cannot create socket"}}));
 }
 
 #endif
