@@ -15,6 +15,18 @@
 
 namespace NQELVSK20 {
 
+namespace {
+
+// An override carries the qualifier. Its lookup throws when it is absent; a host's declaration may also give an
+// empty pointer.
+void RequireOverride(const ICIMPropertyDecl& declaration) {
+    if (!declaration.GetQualifier("OVERRIDE", TContext())) {
+        Refuse(eVSKNotFound);
+    }
+}
+
+}  // namespace
+
 void TCimHTTPClass::AddQualifier(boost::shared_ptr<ICIMQualifier> qualifier, TContext) {
     qualifiers_.Add(std::move(qualifier));
 }
@@ -27,7 +39,7 @@ void TCimHTTPClass::AddPropertyDecl(boost::shared_ptr<ICIMPropertyDecl> declarat
     RefuseReferenceOutsideAssociation(*declaration);
     const std::string key = TCimHTTPNamespace::NormalizeName(propertyName);
     try {
-        declaration->GetQualifier("OVERRIDE", TContext());  // throws when it is no override
+        RequireOverride(*declaration);
         RemoveOverridden(key, *declaration);
     } catch (const TVSKException& error) {
         if (error.GetStatusCode() != eVSKNotFound) {

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "model/TCimHTTPMethodDecl.h"
+#include "model/TCimHTTPPropertyDecl.h"
 #include "namespace/TNamespaceMembers.h"
 #include "tests/model/ModelTest.h"
 #include "vskcore/ICIMQualifierDecl.h"
@@ -150,6 +151,27 @@ TEST_F(TCimHTTPClassMembership, AnOverrideOfAnInheritedPropertyTakesItsPlace) {
     EXPECT_EQ(Add(overriding), eVSKSuccess);
     EXPECT_EQ(log_.Lines(), Lines{});
     EXPECT_EQ(Stored("Speed"), overriding);
+}
+
+// A declaration of another kind, which answers with an empty pointer where this plug-in's throw.
+class PropertyWithoutQualifiers : public TCimHTTPPropertyDecl {
+public:
+    using TCimHTTPPropertyDecl::operator=;
+    using TCimHTTPPropertyDecl::TCimHTTPPropertyDecl;
+
+    boost::shared_ptr<ICIMQualifier> GetQualifier(const std::string&, TContext) const override { return {}; }
+};
+
+TEST_F(TCimHTTPClassMembership, ADeclarationWhoseOverrideIsAnEmptyPointerIsNoOverride) {
+    const auto make = [&](const char* name) {
+        return boost::shared_ptr<ICIMPropertyDecl>(
+            new PropertyWithoutQualifiers(class_, name, TCIMValue(Type(Type::eUint16), 0)));
+    };
+    log_.Clear();
+    EXPECT_EQ(Add(make("Speed")), eVSKSuccess);
+    EXPECT_EQ(log_.Lines(), Lines{});
+    EXPECT_EQ(Add(make("SPEED")), eVSKAlreadyExists);
+    EXPECT_EQ(log_.Lines(), (Lines{{0, Attempt("add property SPEED to class X_Fan: already exists")}}));
 }
 
 TEST_F(TCimHTTPClassMembership, APropertyWithAnInvalidNameIsRefused) {
