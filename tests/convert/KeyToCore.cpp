@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "connection/PegText.h"
+#include "connection/TCimHTTPNamespace.h"
 #include "vskcore/TCIMChar16.h"
 #include "vskcore/TCIMDateTime.h"
 #include "vskcore/TCIMReference.h"
@@ -224,6 +225,14 @@ TEST_F(KeyToCore, AReferenceIsThePathAsItStands) {
         EXPECT_EQ(reference.value.GetType(), Type::eReference) << path;
         EXPECT_EQ(reference.value.operator TCIMReference().GetPath(), path);
     }
+}
+
+TEST_F(KeyToCore, AReferenceIsBoundToTheNamespaceGiven) {
+    const boost::shared_ptr<ICIMNamespace> nameSpace(new TCimHTTPNamespace(false, "root/cimv2"));
+    const KeyKind key(Pegasus::CIMName("Id"), "X_Fan.Id=1", KeyKind::REFERENCE);
+    TCIMValue value;
+    EXPECT_TRUE(ConvertKeyToCoreValue(key, Type::eUnknown, nameSpace, value));
+    EXPECT_EQ(value.operator TCIMReference().GetNamespace(), nameSpace);
 }
 
 TEST_F(KeyToCore, TheDeclaredTypeCountsMoreThanTheKindThatThePathTells) {

@@ -275,6 +275,11 @@ TEST_F(ReferenceToCoreTest, KeepsThePathAsTheRemoteLibraryWritesIt) {
     EXPECT_EQ(value.operator TCIMReference().GetClassName(), "CIM_Fan");
 }
 
+TEST_F(ReferenceToCoreTest, IsBoundToTheNamespaceOfItsOwningClass) {
+    const TCIMValue value = Bound(CIMValue(Pegasus::CIMObjectPath(Pegasus::String("CIM_Fan.DeviceID=1"))));
+    EXPECT_EQ(value.operator TCIMReference().GetNamespace(), nameSpace_);
+}
+
 TEST_F(ReferenceToCoreTest, AddsNoKeysToAPathWithoutAny) {
     const TCIMValue value = Bound(CIMValue(Pegasus::CIMObjectPath(Pegasus::String("CIM_Fan"))));
     EXPECT_EQ(value.operator TCIMReference().GetPath(), "CIM_Fan");
