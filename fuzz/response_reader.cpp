@@ -11,10 +11,10 @@
 #include <string>
 #include <string_view>
 
+#include "cimxml/common/ObjectWriter.h"
 #include "cimxml/wire/DecodeContext.h"
 #include "cimxml/wire/InstanceReader.h"
 #include "cimxml/wire/Limits.h"
-#include "cimxml/wire/ObjectWriter.h"
 #include "cimxml/wire/WireError.h"
 #include "cimxml/wire/XmlDocument.h"
 

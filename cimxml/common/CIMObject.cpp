@@ -4,7 +4,7 @@
 
 #include "cimxml/common/CIMObjectRep.h"
 #include "cimxml/common/HandleAccess.h"
-#include "cimxml/common/ObjectXml.h"
+#include "cimxml/common/ObjectWriter.h"
 #include "cimxml/common/Utf8.h"
 
 namespace Pegasus {
@@ -56,7 +56,7 @@ CIMObject CIMConstObject::clone() const {
 String CIMConstObject::toString() const {
     rep();
     std::string out;
-    appendObjectElement(out, *this);
+    cimxml::ObjectWriter(cimxml::XmlOutput(out, cimxml::XmlLayout::Printed)).write(*this);
     return fromUtf8(out);
 }
 

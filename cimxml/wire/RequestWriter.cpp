@@ -1,8 +1,8 @@
 #include "cimxml/wire/RequestWriter.h"
 
-#include "cimxml/wire/PathWriter.h"
-#include "cimxml/wire/ValueWriter.h"
-#include "cimxml/wire/XmlText.h"
+#include "cimxml/common/PathWriter.h"
+#include "cimxml/common/ValueWriter.h"
+#include "cimxml/common/XmlOutput.h"
 
 namespace cimxml {
 
@@ -26,16 +26,16 @@ RequestWriter RequestWriter::extrinsic(const std::string& messageId, const std::
 
 void RequestWriter::begin(const std::string& messageId, const std::string& method) {
     out_ = "<?xml version=\"1.0\" encoding=\"utf-8\" ?>\n<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\"><MESSAGE";
-    appendAttribute(out_, "ID", messageId);
+    XmlOutput(out_).attribute("ID", messageId);
     out_ += " PROTOCOLVERSION=\"1.0\"><SIMPLEREQ><";
     out_ += callElement_;
-    appendAttribute(out_, "NAME", method);
+    XmlOutput(out_).attribute("NAME", method);
     out_ += ">";
 }
 
 void RequestWriter::beginParameter(const char* name) {
     out_ += "<IPARAMVALUE";
-    appendAttribute(out_, "NAME", std::string_view(name));
+    XmlOutput(out_).attribute("NAME", name);
     out_ += ">";
 }
 
@@ -85,7 +85,7 @@ RequestWriter& RequestWriter::parameters(const Array<CIMParamValue>& values) {
     for (Uint32 i = 0; i < values.size(); ++i) {
         const CIMValue value = values[i].getValue();
         out_ += "<PARAMVALUE";
-        appendAttribute(out_, "NAME", values[i].getParameterName());
+        XmlOutput(out_).attribute("NAME", values[i].getParameterName());
         if (values[i].isTyped()) {
             ValueWriter(out_).writeType("PARAMTYPE", value.getType());
         }

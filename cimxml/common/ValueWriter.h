@@ -2,14 +2,14 @@
 
 #include <Pegasus/Common/CIMValue.h>
 
-#include <string>
+#include "cimxml/common/XmlOutput.h"
 
 namespace cimxml {
 
 /// Appends the elements that hold a value (DSP0201, value elements).
 class ValueWriter {
 public:
-    explicit ValueWriter(std::string& out) : out_(out) {}
+    explicit ValueWriter(XmlOutput out) : out_(out) {}
 
     /// VALUE, VALUE.ARRAY, VALUE.REFERENCE or VALUE.REFARRAY; nothing for a null value. Embedded objects are
     /// written as text.
@@ -19,12 +19,7 @@ public:
     void writeType(const char* typeAttribute, Pegasus::CIMType type);
 
 private:
-    template <typename T>
-    void writeElements(const Pegasus::CIMValue& value);
-    template <typename T>
-    void writeElement(const T& element);
-
-    std::string& out_;
+    XmlOutput out_;
 };
 
 }  // namespace cimxml

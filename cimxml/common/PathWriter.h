@@ -3,16 +3,16 @@
 #include <Pegasus/Common/CIMName.h>
 #include <Pegasus/Common/CIMObjectPath.h>
 
-#include <string>
+#include "cimxml/common/XmlOutput.h"
 
 namespace cimxml {
 
 /// Appends the elements that name namespaces, classes and instances (DSP0201, naming elements).
 class PathWriter {
 public:
-    explicit PathWriter(std::string& out) : out_(out) {}
+    explicit PathWriter(XmlOutput out) : out_(out) {}
 
-    /// LOCALNAMESPACEPATH, with a NAMESPACE for each component; slashes around do not count.
+    /// LOCALNAMESPACEPATH, with a NAMESPACE for each component.
     void writeNamespace(const Pegasus::CIMNamespaceName& nameSpace);
 
     void writeClassName(const Pegasus::CIMName& className);
@@ -29,7 +29,7 @@ public:
 private:
     void writeKey(const Pegasus::CIMKeyBinding& key);
 
-    std::string& out_;
+    XmlOutput out_;
 };
 
 }  // namespace cimxml
