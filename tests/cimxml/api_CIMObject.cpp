@@ -196,12 +196,20 @@ TEST(CIMObjectXml, OfProperties) {
               "<PROPERTY.REFERENCE NAME=\"p\" >\n</PROPERTY.REFERENCE>\n");
 }
 
+TEST(CIMObjectXml, OfReferencePropertiesWithAnOrigin) {
+    EXPECT_EQ(xmlOf(CIMProperty(CIMName("p"), CIMValue(CIMTYPE_REFERENCE, false), 0, CIMName("R"),
+                                CIMName("O"), true)),
+              "<PROPERTY.REFERENCE NAME=\"p\"  REFERENCECLASS=\"R\" CLASSORIGIN=\"O\" PROPAGATED=\"true\">\n"
+              "</PROPERTY.REFERENCE>\n");
+}
+
 TEST(CIMObjectXml, OfValues) {
     EXPECT_EQ(valueXml(CIMValue(false)), "<VALUE>FALSE</VALUE>\n");
     EXPECT_EQ(valueXml(CIMValue(Sint64(-7))), "<VALUE>-7</VALUE>\n");
     EXPECT_EQ(valueXml(CIMValue(Real32(1.5f))), "<VALUE>1.5000000e+00</VALUE>\n");
     EXPECT_EQ(valueXml(CIMValue(Real64(0.1))), "<VALUE>1.0000000000000001e-01</VALUE>\n");
     EXPECT_EQ(valueXml(CIMValue(Char16('<'))), "<VALUE>&lt;</VALUE>\n");
+    EXPECT_EQ(valueXml(CIMValue(Char16(' '))), "<VALUE> </VALUE>\n");
     EXPECT_EQ(valueXml(CIMValue(Char16(0x20AC))), "<VALUE>\xE2\x82\xAC</VALUE>\n");
     EXPECT_EQ(valueXml(CIMValue(CIMDateTime())), "<VALUE>00000000000000.000000:000</VALUE>\n");
     EXPECT_EQ(valueXml(CIMValue(String())), "<VALUE></VALUE>\n");
@@ -257,6 +265,16 @@ TEST(CIMObjectXml, OfEmbeddedObjects) {
               "<PROPERTY.ARRAY NAME=\"p\"  TYPE=\"string\">\n</PROPERTY.ARRAY>\n");
 }
 
+TEST(CIMObjectXml, EscapesTheDoubledBlanksOfEmbeddedObjects) {
+    CIMInstance embedded{CIMName("E")};
+    embedded.addProperty(CIMProperty(CIMName("p"), CIMValue(String(" <"))));
+    EXPECT_EQ(valueXml(CIMValue(embedded)),
+              "<VALUE>&lt;INSTANCE CLASSNAME=&quot;E&quot; &gt;&#10;"
+              "&lt;PROPERTY NAME=&quot;p&quot; &#32;TYPE=&quot;string&quot;&gt;&#10;"
+              "&lt;VALUE&gt;&amp;#32;&amp;lt;&lt;/VALUE&gt;&#10;"
+              "&lt;/PROPERTY&gt;&#10;&lt;/INSTANCE&gt;&#10;</VALUE>\n");
+}
+
 TEST(CIMObjectXml, TellsEmbeddedClassesByAQualifier) {
     const CIMObject embedded{CIMClass(CIMName("E"))};
     EXPECT_EQ(
@@ -265,4 +283,37 @@ TEST(CIMObjectXml, TellsEmbeddedClassesByAQualifier) {
         "<QUALIFIER NAME=\"EmbeddedObject\" TYPE=\"boolean\" OVERRIDABLE=\"false\" TOSUBCLASS=\"false\">\n"
         "<VALUE>TRUE</VALUE>\n</QUALIFIER>\n"
         "<VALUE>&lt;CLASS NAME=&quot;E&quot; &gt;&#10;&lt;/CLASS&gt;&#10;</VALUE>\n</PROPERTY>\n");
+}
+
+TEST(CIMObjectXml, TellsByTheFirstOfAnArrayWhetherItEmbedsClasses) {
+    const CIMObject instance{CIMInstance(CIMName("I"))};
+    const CIMObject cimClass{CIMClass(CIMName("C"))};
+    const auto tagsBefore = [](const CIMProperty& property) {
+        const std::string xml = xmlOf(property);
+        return xml.substr(0, xml.find("<VALUE.ARRAY>"));
+    };
+    const std::string qualifier =
+        "<QUALIFIER NAME=\"EmbeddedObject\" TYPE=\"boolean\" OVERRIDABLE=\"false\" TOSUBCLASS=\"false\">\n"
+        "<VALUE>TRUE</VALUE>\n</QUALIFIER>\n";
+    Array<CIMObject> objects(1, instance);
+    objects.append(cimClass);
+    EXPECT_EQ(
+        tagsBefore(CIMProperty(CIMName("p"), CIMValue(objects))),
+        "<PROPERTY.ARRAY NAME=\"p\"  TYPE=\"string\" EmbeddedObject=\"object\" EMBEDDEDOBJECT=\"object\">\n");
+    objects.prepend(cimClass);
+    EXPECT_EQ(tagsBefore(CIMProperty(CIMName("p"), CIMValue(objects))),
+              "<PROPERTY.ARRAY NAME=\"p\"  TYPE=\"string\">\n" + qualifier);
+    EXPECT_EQ(tagsBefore(CIMProperty(CIMName("p"), CIMValue(Array<CIMObject>()))),
+              "<PROPERTY.ARRAY NAME=\"p\"  TYPE=\"string\">\n" + qualifier);
+    EXPECT_EQ(xmlOf(CIMProperty(CIMName("p"), CIMValue(CIMTYPE_OBJECT, false))),
+              "<PROPERTY NAME=\"p\"  TYPE=\"string\">\n" + qualifier + "</PROPERTY>\n");
+}
+
+TEST(CIMObjectXml, KeepsTheQualifierOfAnEmbeddedClass) {
+    CIMProperty property(CIMName("p"), CIMValue(CIMObject(CIMClass(CIMName("C")))));
+    property.addQualifier(CIMQualifier(CIMName("EMBEDDEDOBJECT"), CIMValue(false), CIMFlavor::DEFAULTS));
+    EXPECT_EQ(xmlOf(property),
+              "<PROPERTY NAME=\"p\"  TYPE=\"string\">\n"
+              "<QUALIFIER NAME=\"EMBEDDEDOBJECT\" TYPE=\"boolean\">\n<VALUE>FALSE</VALUE>\n</QUALIFIER>\n"
+              "<VALUE>&lt;CLASS NAME=&quot;C&quot; &gt;&#10;&lt;/CLASS&gt;&#10;</VALUE>\n</PROPERTY>\n");
 }
