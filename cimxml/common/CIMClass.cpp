@@ -16,6 +16,12 @@ const CIMConstObject& checkedClass(const CIMConstObject& x) {
     return x;
 }
 
+/// Whether the qualifier is there and is a boolean that is true.
+bool isTrue(const QualifierList& qualifiers, const CIMName& name) {
+    const Uint32 index = qualifiers.find(name);
+    return index != PEG_NOT_FOUND && qualifiers.at(index).getValue().equal(CIMValue(true));
+}
+
 bool isKey(const CIMProperty& property) {
     static const CIMName key("Key");
     return isTrue(HandleAccess::rep(property).qualifiers, key);

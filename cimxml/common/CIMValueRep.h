@@ -35,7 +35,10 @@ public:
         : type(nullType), isArray(isNullArray), nullSize(isNullArray ? nullArraySize : 0) {}
 
     /// The content of a value; lives as long as the value keeps it.
-    static const CIMValueRep& of(const CIMValue& value);
+    static const CIMValueRep& of(const CIMValue& value) {
+        static const CIMValueRep null(CIMTYPE_BOOLEAN, false, 0);
+        return value._rep ? *value._rep : null;
+    }
 
     bool isNull() const noexcept { return std::holds_alternative<std::monostate>(content); }
 

@@ -20,7 +20,7 @@ std::string elementName(const char* plain, CIMType type, bool array) {
 bool holdsInstance(const CIMValue& value) {
     Array<CIMObject> objects(1);
     value.isArray() ? value.get(objects) : value.get(objects[0]);
-    return !value.isNull() && objects.size() > 0 && objects[0].isInstance();
+    return objects.size() > 0 && objects[0].isInstance();
 }
 
 /// Whether OpenPegasus prints a property with this value as one of strings. The types of embedded instances

@@ -9,7 +9,4 @@ namespace Pegasus {
 
 using QualifierList = NamedList<CIMQualifier>;
 
-/// Whether the qualifier is there and is a boolean that is true.
-bool isTrue(const QualifierList& qualifiers, const CIMName& name);
-
 }  // namespace Pegasus

@@ -2,7 +2,6 @@
 
 #include <Pegasus/Common/Exception.h>
 
-#include "cimxml/wire/ArraySize.h"
 #include "cimxml/wire/PathReader.h"
 #include "cimxml/wire/QualifierReader.h"
 #include "cimxml/wire/TypeAttribute.h"

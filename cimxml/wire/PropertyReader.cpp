@@ -5,7 +5,6 @@
 
 #include <string>
 
-#include "cimxml/wire/ArraySize.h"
 #include "cimxml/wire/Ascii.h"
 #include "cimxml/wire/PathReader.h"
 #include "cimxml/wire/QualifierReader.h"

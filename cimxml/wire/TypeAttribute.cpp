@@ -53,4 +53,12 @@ std::optional<CIMType> readEmbeddedType(pugi::xml_node node) {
     return std::nullopt;
 }
 
+Uint32 readArraySize(pugi::xml_node node) {
+    // Far above any array of a schema, and small enough that nobody's memory hangs on it.
+    constexpr Uint32 largest = 65536;
+    const char* text = attribute(node, "ARRAYSIZE");
+    const Uint32 size = text == nullptr ? 0 : parseInteger<Uint32>(text).value_or(0);
+    return size > largest ? 0 : size;
+}
+
 }  // namespace cimxml

@@ -105,10 +105,6 @@ bool isEmbedded(CIMType type) {
 
 }  // namespace
 
-bool ValueReader::isValue(pugi::xml_node node) {
-    return std::string_view(node.name()).substr(0, 5) == "VALUE";
-}
-
 CIMValue ValueReader::read(pugi::xml_node node, CIMType type, bool array) {
     if (isElement(node, "VALUE")) {
         // An array of one, sent without its brackets.

@@ -18,9 +18,6 @@ class ValueReader {
 public:
     explicit ValueReader(DecodeContext& context) : context_(context) {}
 
-    /// Whether `node` is an element that `read` takes.
-    static bool isValue(pugi::xml_node node);
-
     /// VALUE, VALUE.ARRAY, VALUE.REFERENCE, VALUE.REFARRAY or VALUE.NULL. What arrives decides between scalar
     /// and array, and between references and the rest; otherwise it has type `type`. OBJECT and INSTANCE read
     /// embedded objects. Throws WireError BadXml for a text that is no value of the type.

@@ -263,6 +263,8 @@ TEST(CIMObjectXml, OfEmbeddedObjects) {
                   escaped + "</VALUE>\n</VALUE.ARRAY>\n</PROPERTY.ARRAY>\n");
     EXPECT_EQ(xmlOf(CIMProperty(CIMName("p"), CIMValue(CIMTYPE_INSTANCE, true))),
               "<PROPERTY.ARRAY NAME=\"p\"  TYPE=\"string\">\n</PROPERTY.ARRAY>\n");
+    EXPECT_EQ(xmlOf(CIMProperty(CIMName("p"), CIMValue(CIMTYPE_INSTANCE, true, 3), 3)),
+              "<PROPERTY.ARRAY NAME=\"p\"  TYPE=\"string\" ARRAYSIZE=\"3\">\n</PROPERTY.ARRAY>\n");
 }
 
 TEST(CIMObjectXml, EscapesTheDoubledBlanksOfEmbeddedObjects) {
