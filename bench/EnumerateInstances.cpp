@@ -14,9 +14,9 @@
 #include <vector>
 
 #include "bench/RawExchange.h"
+#include "cimhttp/TCimHTTPNamespace.h"
+#include "cimhttp/TCimHTTPNamespaceProvider.h"
 #include "cimom/Server.h"
-#include "connection/TCimHTTPNamespace.h"
-#include "provider/TCimHTTPNamespaceProvider.h"
 #include "qelc/TQELCNamespace.h"
 #include "union/TUnionNamespace.h"
 

@@ -2,7 +2,7 @@
 # and from that the shared library that a host loads, with nothing visible but
 # the exported entry points.
 
-file(GLOB CIMHTTP_PLUGIN_SOURCES CONFIGURE_DEPENDS
+file(GLOB_RECURSE CIMHTTP_PLUGIN_SOURCES CONFIGURE_DEPENDS
   "${PROJECT_SOURCE_DIR}/provider/*.cpp" "${PROJECT_SOURCE_DIR}/connection/*.cpp"
   "${PROJECT_SOURCE_DIR}/namespace/*.cpp" "${PROJECT_SOURCE_DIR}/model/*.cpp"
   "${PROJECT_SOURCE_DIR}/convert/*.cpp")
@@ -10,7 +10,8 @@ file(GLOB CIMHTTP_PLUGIN_SOURCES CONFIGURE_DEPENDS
 find_package(Boost 1.81 REQUIRED)
 
 add_library(cimhttp_core STATIC ${CIMHTTP_PLUGIN_SOURCES})
-target_include_directories(cimhttp_core PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>")
+target_include_directories(cimhttp_core
+  PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>" "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include/plugin>")
 target_link_libraries(cimhttp_core PUBLIC VSK::SDK OpenPegasus::Client Boost::headers PRIVATE cimhttp_options)
 set_target_properties(cimhttp_core PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
 target_compile_definitions(cimhttp_core PRIVATE CIMHTTP_BUILDING_PLUGIN)
@@ -20,9 +21,8 @@ configure_file("${CMAKE_BINARY_DIR}/plugin.cpp.in" "${CMAKE_BINARY_DIR}/plugin.c
 add_library(cimhttp SHARED "${CMAKE_BINARY_DIR}/plugin.cpp")
 target_link_libraries(cimhttp PRIVATE "$<LINK_LIBRARY:WHOLE_ARCHIVE,cimhttp_core>"
                       PUBLIC VSK::SDK OpenPegasus::Client Boost::headers)
-target_include_directories(cimhttp PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>")
+target_include_directories(cimhttp PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include/plugin>")
 
 install(TARGETS cimhttp RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-install(DIRECTORY provider connection namespace model convert DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/cimhttp
-        FILES_MATCHING PATTERN "*.h")
+install(DIRECTORY include/plugin/cimhttp DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")

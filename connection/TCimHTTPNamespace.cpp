@@ -1,17 +1,28 @@
-#include "connection/TCimHTTPNamespace.h"
+#include "cimhttp/TCimHTTPNamespace.h"
 
 #include <Pegasus/Common/CIMName.h>
 
+#include <boost/pointer_cast.hpp>
 #include <utility>
 
-#include "connection/Log.h"
-#include "connection/NodeZeroClients.h"
-#include "connection/PegClient.h"
-#include "connection/PegText.h"
-#include "connection/Refuse.h"
+#include "cimhttp/PegClient.h"
+#include "connection/client/HypervisorDetection.h"
+#include "connection/client/Nodes.h"
+#include "connection/client/Waiting.h"
+#include "model/ClassNamespace.h"
 #include "model/TCimHTTPClass.h"
 #include "model/TCimHTTPQualifierDecl.h"
-#include "splib/SPLibrary.h"
+#include "namespace/ClassCache.h"
+#include "namespace/ClassLookup.h"
+#include "namespace/QualifierTable.h"
+#include "namespace/Queries.h"
+#include "namespace/names/Names.h"
+#include "provider/contract/Log.h"
+#include "provider/contract/PegText.h"
+#include "provider/contract/PluginProvider.h"
+#include "provider/contract/Refuse.h"
+#include "vskcore/ICIMIndicationFilter.h"
+#include "vskcore/ICIMSubscription.h"
 
 namespace NQELVSK20 {
 
@@ -23,33 +34,118 @@ constexpr const char* kPluginNameKey = "pluginNameQualDeclValue";
     Refuse(eVSKRemoteFailure, kLogTrace, what + ToText(error));
 }
 
+std::size_t IndexOf(int nodeIndex) {
+    return static_cast<std::size_t>(nodeIndex);  // a negative one is beyond every node
+}
+
 }  // namespace
 
-TCimHTTPNamespace::TCimHTTPNamespace(bool replaceDuplicates, std::string name) {
-    replaceDuplicates_ = replaceDuplicates;
-    name_ = std::move(name);
+/// What a namespace is made of, and what its classes see of it. A copy is a copy of the members: the remote
+/// objects and classes behind them are shared.
+class TCimHTTPNamespace::Impl : public ClassNamespace {
+public:
+    Impl(TCimHTTPNamespace& self, bool replaceDuplicates, std::string name)
+        : name_(std::move(name)), qualifiers_(replaceDuplicates), cache_(replaceDuplicates), self_(self) {}
+
+    Impl(TCimHTTPNamespace& self, const Impl& other)
+        : remoteName_(other.remoteName_),
+          nodes_(other.nodes_),
+          credentials_(other.credentials_),
+          hypervisor_(other.hypervisor_),
+          upcall_(other.upcall_),
+          pluginName_(other.pluginName_),
+          name_(other.name_),
+          connected_(other.connected_),
+          multiNode_(other.multiNode_),
+          qualifiers_(other.qualifiers_),
+          cache_(other.cache_),
+          self_(self) {}
+
+    Impl& operator=(const Impl& other) {
+        nodes_.DisconnectAllBut(other.nodes_);
+        remoteName_ = other.remoteName_;
+        nodes_ = other.nodes_;
+        credentials_ = other.credentials_;
+        hypervisor_ = other.hypervisor_;
+        upcall_ = other.upcall_;
+        pluginName_ = other.pluginName_;
+        name_ = other.name_;
+        connected_ = other.connected_;
+        multiNode_ = other.multiNode_;
+        qualifiers_ = other.qualifiers_;
+        cache_ = other.cache_;
+        return *this;
+    }
+
+    std::vector<RemoteNode> RemoteNodes() const override { return nodes_.Connected(); }
+    PegClient* FirstClient() const override { return nodes_.First(); }
+    PegClient* ClientToAsk() const override {
+        return nodes_.All().size() > 1 ? nodes_.Client(0) : nodes_.First();
+    }
+    bool IsConnected() const override { return connected_; }
+    bool ServesHypervisor() const override { return hypervisor_.isEsxi; }
+    const std::string& OwnName() const override { return name_; }
+    bool GetRemoteName(std::string& name) const override;
+    boost::shared_ptr<ICIMClass> FindClass(const std::string& name) override;
+    boost::shared_ptr<ICIMClass> RootClass() const override { return cache_.Root(); }
+    bool IsCopiedFromUnion(const std::string& className, const std::string& where) const override {
+        return lookup_.IsCopiedFromUnion(className, where);
+    }
+    boost::shared_ptr<TCimHTTPClass> Enter(const boost::shared_ptr<TCimHTTPClass>& cimClass) override {
+        return cache_.Add(cimClass);
+    }
+    boost::shared_ptr<ICIMQualifierDecl> FindQualifierDecl(const std::string& name) const override;
+    void Enter(const boost::shared_ptr<TCimHTTPQualifierDecl>& declaration) override {
+        qualifiers_.Add(declaration);
+    }
+
+    boost::shared_ptr<Pegasus::CIMNamespaceName> remoteName_;
+    Nodes nodes_;
+    Credentials credentials_;
+    Hypervisor hypervisor_;
+    boost::shared_ptr<ICIMNamespace> upcall_;
+    std::string pluginName_;
+    std::string name_;
+    bool connected_ = false;
+    bool multiNode_ = false;
+    QualifierTable qualifiers_;
+    ClassCache cache_;
+    ClassLookup lookup_{{cache_, nodes_, hypervisor_, remoteName_, upcall_, pluginName_}};
+
+private:
+    TCimHTTPNamespace& self_;
+};
+
+bool TCimHTTPNamespace::Impl::GetRemoteName(std::string& name) const {
+    name = remoteName_ ? ToText(*remoteName_) : std::string();
+    return remoteName_ != nullptr;
 }
 
-TCimHTTPNamespace::TCimHTTPNamespace(const TCimHTTPNamespace& other)
-    : ICIMNamespace(), boost::enable_shared_from_this<TCimHTTPNamespace>(other), TNamespaceState(other) {
-    DisownClasses();
+boost::shared_ptr<ICIMClass> TCimHTTPNamespace::Impl::FindClass(const std::string& name) {
+    return static_cast<ICIMNamespace&>(self_).GetClass(name, TContext());
 }
+
+boost::shared_ptr<ICIMQualifierDecl> TCimHTTPNamespace::Impl::FindQualifierDecl(
+    const std::string& name) const {
+    return static_cast<const ICIMNamespace&>(self_).GetQualifierDecl(name, TContext());
+}
+
+// Life
+
+TCimHTTPNamespace::TCimHTTPNamespace(bool replaceDuplicates, std::string name)
+    : impl_(std::make_unique<Impl>(*this, replaceDuplicates, std::move(name))) {}
+
+TCimHTTPNamespace::TCimHTTPNamespace(const TCimHTTPNamespace& other)
+    : ICIMNamespace(),
+      boost::enable_shared_from_this<TCimHTTPNamespace>(other),
+      ClassNamespaceAccess(),
+      impl_(std::make_unique<Impl>(*this, *other.impl_)) {}
 
 TCimHTTPNamespace& TCimHTTPNamespace::operator=(const TCimHTTPNamespace& other) {
     if (this != &other) {
-        DisconnectAllBut(other.nodes_);
-        ForgetClasses();
-        static_cast<TNamespaceState&>(*this) = other;
-        DisownClasses();
+        *impl_ = *other.impl_;
     }
     return *this;
-}
-
-// The classes are the original's, which decides when they let go of what they hold.
-void TCimHTTPNamespace::DisownClasses() {
-    ownClasses_.clear();
-    pending_.clear();
-    failedCopies_.clear();
 }
 
 ICIMNamespace& TCimHTTPNamespace::operator=(ICIMNamespace& other) {
@@ -61,7 +157,12 @@ ICIMNamespace& TCimHTTPNamespace::operator=(ICIMNamespace& other) {
 
 TCimHTTPNamespace::~TCimHTTPNamespace() {
     disconnect();
-    ForgetClasses();
+    impl_->cache_.Forget();
+    impl_->nodes_.Observe(nullptr);
+}
+
+ClassNamespace& TCimHTTPNamespace::ForClasses() {
+    return *impl_;
 }
 
 void TCimHTTPNamespace::Initialize(TContext context) {
@@ -70,14 +171,21 @@ void TCimHTTPNamespace::Initialize(TContext context) {
         Refuse(eVSKMissingContextValue, kLogError,
                "TCIMHTTPNamespace: 'pluginNameQualDeclValue' not passed via context");
     }
-    pluginName_ = pluginName->second.operator std::string();
-    rootClass_ = AllocateClass("<root>", boost::shared_ptr<ICIMClass>(), TContext());
+    impl_->pluginName_ = pluginName->second.operator std::string();
+    impl_->cache_.SetRoot(boost::dynamic_pointer_cast<TCimHTTPClass>(
+        AllocateClass(kRootClassName, boost::shared_ptr<ICIMClass>(), TContext())));
     DeclarePluginQualifier("PLUGINNAME", "CIMXML");
     DeclarePluginQualifier("PLUGINVERSION", "");
 }
 
+void TCimHTTPNamespace::DeclarePluginQualifier(const std::string& name, const std::string& defaultValue) {
+    AddQualifierDecl(boost::dynamic_pointer_cast<TCimHTTPQualifierDecl>(
+        AllocateQualifierDecl(name, TCIMValue(defaultValue), ICIMQualifierDecl::eScopeNone,
+                              ICIMQualifierDecl::eFlavorNone, TContext())));
+}
+
 void TCimHTTPNamespace::Init() {
-    Init(name_);
+    Init(impl_->name_);
 }
 
 void TCimHTTPNamespace::Init(std::string remoteName) {
@@ -86,11 +194,11 @@ void TCimHTTPNamespace::Init(std::string remoteName) {
 }
 
 void TCimHTTPNamespace::CreateRemoteName(const std::string& remoteName) {
-    if (remoteName_) {
+    if (impl_->remoteName_) {
         return;
     }
     try {
-        remoteName_.reset(new Pegasus::CIMNamespaceName(FromText(remoteName)));
+        impl_->remoteName_.reset(new Pegasus::CIMNamespaceName(FromText(remoteName)));
     } catch (const Pegasus::Exception& error) {
         RefuseRemoteObject("TCimHTTPNamespace:Pegasus NSP Creation Fail: ", error);
     }
@@ -98,22 +206,309 @@ void TCimHTTPNamespace::CreateRemoteName(const std::string& remoteName) {
 
 void TCimHTTPNamespace::CreateFirstNode() {
     try {
-        if (firstClient_ == nullptr) {
-            firstClient_ = CreateNodeZeroClient();
-        }
-        AppendNode(0, firstClient_);
+        impl_->nodes_.AppendFirst();
     } catch (const Pegasus::Exception& error) {
         RefuseRemoteObject("TCimHTTPNamespace:Pegasus Client Creation Fail: ", error);
     }
 }
 
-void TCimHTTPNamespace::AppendNode(int nodeIndex, PegClient* client) {
-    nodes_.push_back({{std::to_string(SPLibrary::GetBMCMapping(nodeIndex) + 1), client}});
+void TCimHTTPNamespace::DeInit() {
+    impl_->remoteName_.reset();
+    impl_->cache_.Forget();
 }
 
-void TCimHTTPNamespace::DeInit() {
-    remoteName_.reset();
-    ForgetClasses();
+// Connections
+
+void TCimHTTPNamespace::connect(std::string host, std::string user, std::string password) {
+    LogTrace("Entering TCimHTTPNamespace::connect - Connect to single node cimom via http or https.");
+    if (!impl_->connected_) {
+        SaveConnectAuthInfo(host, user, password, kHttpPort);
+        connect(0, host, user, password);
+        // Before the flag here, after it in ConnectViaHttps: hosts may watch the flag while the server is
+        // asked.
+        CheckIsESXi5();
+        impl_->connected_ = true;
+    }
+    LogTrace("Exiting TCimHTTPNamespace::connect - Connect to single node cimom via http or https.");
+}
+
+void TCimHTTPNamespace::connect(std::vector<std::string> hosts, std::vector<std::string> users,
+                                std::vector<std::string> passwords) {
+    LogTrace("Entering TCimHTTPNamespace::connect - Connect to multinode cimom via http or https");
+    if (!impl_->connected_) {
+        if (hosts.empty() || hosts.size() != users.size() || users.size() != passwords.size()) {
+            Refuse(eVSKRemoteFailure, kLogTrace, "The input auth info is not correct!");
+        }
+        SaveConnectAuthInfo(hosts, users, passwords);
+        if (hosts.size() > 1) {
+            impl_->multiNode_ = true;
+        }
+        for (std::size_t i = 0; i < hosts.size(); ++i) {
+            connect(static_cast<int>(i), hosts[i], users[i], passwords[i]);
+        }
+        // No hypervisor has several management controllers: nobody is asked.
+        impl_->connected_ = true;
+    }
+    LogTrace("Exiting TCimHTTPNamespace::connect - Connect to multinode cimom via http or https");
+}
+
+void TCimHTTPNamespace::connect(int nodeIndex, std::string host, std::string user, std::string password) {
+    LogTrace("Entering TCimHTTPNamespace::connect - Connect to cimom via http or https");
+    impl_->nodes_.AppendIfMissing(IndexOf(nodeIndex));
+    PegClient* const client = impl_->nodes_.Client(IndexOf(nodeIndex));
+    if (client == nullptr) {
+        return;
+    }
+    try {
+        client->Connect(host, user, password);
+    } catch (const Pegasus::Exception& error) {
+        LogTrace("TCimHTTPNamespace::connect - Connect to cimom via http or https failed, error:" +
+                 ToText(error));
+    }
+}
+
+void TCimHTTPNamespace::ConnectViaHttp(std::string host, std::string user, std::string password, int port) {
+    LogTrace("Entering TCimHTTPNamespace::ConnectViaHttp");
+    if (!impl_->connected_) {
+        SaveConnectAuthInfo(host, user, password, port);
+        ConnectViaHttp(0, host, user, password, kHttpPort);
+        impl_->connected_ = true;
+    }
+    LogTrace("Exiting TCimHTTPNamespace::ConnectViaHttp");
+}
+
+void TCimHTTPNamespace::ConnectViaHttps(std::string host, std::string user, std::string password, int port) {
+    LogTrace("Entering TCimHTTPNamespace::ConnectViaHttps");
+    if (!impl_->connected_) {
+        SaveConnectAuthInfo(host, user, password, port);
+        ConnectViaHttps(0, host, user, password, kHttpsPort);
+        impl_->connected_ = true;
+        CheckIsESXi5();
+    }
+    LogTrace("Exiting TCimHTTPNamespace::ConnectViaHttps");
+}
+
+void TCimHTTPNamespace::ConnectViaHttp(int nodeIndex, std::string host, std::string user,
+                                       std::string password, int port) {
+    LogTrace("Entering TCimHTTPNamespace::ConnectViaHttp -With Node Num");
+    if (PegClient* const client = impl_->nodes_.Client(IndexOf(nodeIndex))) {
+        client->HTTPConnect(host, user, password, port);
+    }
+    LogTrace("Exiting TCimHTTPNamespace::ConnectViaHttp -With Node Num");
+}
+
+void TCimHTTPNamespace::ConnectViaHttps(int nodeIndex, std::string host, std::string user,
+                                        std::string password, int port) {
+    LogTrace("Entering TCimHTTPNamespace::ConnectViaHttps - With Node Num");
+    if (PegClient* const client = impl_->nodes_.Client(IndexOf(nodeIndex))) {
+        client->HTTPSConnect(host, user, password, port);
+    }
+    LogTrace("Exiting TCimHTTPNamespace::ConnectViaHttps - With Node Num");
+}
+
+void TCimHTTPNamespace::SaveConnectAuthInfo(std::string host, std::string user, std::string password,
+                                            int port) {
+    SaveConnectAuthInfo(std::vector<std::string>{std::move(host)}, {std::move(user)}, {std::move(password)});
+    impl_->credentials_.port = static_cast<unsigned int>(port);
+}
+
+void TCimHTTPNamespace::SaveConnectAuthInfo(std::vector<std::string> hosts, std::vector<std::string> users,
+                                            std::vector<std::string> passwords) {
+    impl_->credentials_.hosts = std::move(hosts);
+    impl_->credentials_.users = std::move(users);
+    impl_->credentials_.passwords = std::move(passwords);
+}
+
+const Credentials& TCimHTTPNamespace::SavedCredentials() const {
+    return impl_->credentials_;
+}
+
+bool TCimHTTPNamespace::IsMultiNode() const {
+    return impl_->multiNode_;
+}
+
+void TCimHTTPNamespace::CheckIsESXi5() {
+    DetectHypervisor(impl_->nodes_.First(), impl_->hypervisor_);
+}
+
+void TCimHTTPNamespace::setTimeout(unsigned int milliseconds) {
+    impl_->nodes_.SetTimeout(milliseconds);
+}
+
+void TCimHTTPNamespace::disconnect() {
+    if (impl_->connected_) {
+        impl_->connected_ = false;
+        impl_->nodes_.Disconnect();
+        impl_->cache_.ForgetInstances();
+    }
+}
+
+void TCimHTTPNamespace::ObserveClients(ClientObserver* observer) {
+    impl_->nodes_.Observe(observer);
+}
+
+bool TCimHTTPNamespace::isConnected() const {
+    return impl_->connected_;
+}
+
+Pegasus::CIMNamespaceName* TCimHTTPNamespace::getPegNSP() const {
+    return impl_->remoteName_.get();
+}
+
+PegClient* TCimHTTPNamespace::getPegClient() const {
+    return impl_->nodes_.First();
+}
+
+TCimHTTPNamespace::NodeClients TCimHTTPNamespace::getPegClientVec() const {
+    return impl_->nodes_.All();
+}
+
+std::string TCimHTTPNamespace::getfCimHTTPNamespaceName() const {
+    return impl_->name_;
+}
+
+bool TCimHTTPNamespace::getIsServeESXi() const {
+    return impl_->hypervisor_.isEsxi;
+}
+
+bool TCimHTTPNamespace::getIsServeESXi5() const {
+    return impl_->hypervisor_.isEsxi5;
+}
+
+// Classes and qualifier declarations
+
+std::string TCimHTTPNamespace::NormalizeName(const std::string& name) {
+    return NQELVSK20::NormalizeName(name);
+}
+
+boost::shared_ptr<ICIMClass> TCimHTTPNamespace::AllocateClass(const std::string& name,
+                                                              boost::shared_ptr<ICIMClass> superclass,
+                                                              TContext context) {
+    const auto given = boost::dynamic_pointer_cast<TCimHTTPClass>(superclass);
+    const boost::shared_ptr<TCimHTTPClass> cimClass(new TCimHTTPClass(
+        shared_from_this(), RaisedTimeout(context, "EITimeout", kClassTimeoutMs), name, given));
+    impl_->cache_.Remember(cimClass);
+    cimClass->Initialize();
+    cimClass->SuggestSuperclass(given);
+    return cimClass;
+}
+
+boost::shared_ptr<ICIMClass> TCimHTTPNamespace::GetClass(const std::string& name, TContext context) {
+    if (!impl_->connected_) {
+        return {};
+    }
+    try {
+        return impl_->lookup_.Find(shared_from_this(), name, context);
+    } catch (...) {
+        // The host asks for classes that may not exist, in names that may be none; it is told "no class".
+        return {};
+    }
+}
+
+void TCimHTTPNamespace::AddClass(boost::shared_ptr<TCimHTTPClass> cimClass) {
+    impl_->cache_.Add(cimClass);
+}
+
+// Hosts may count on it: classes stay cached for the life of the namespace.
+void TCimHTTPNamespace::RemoveClass(boost::shared_ptr<TCimHTTPClass>) {}
+
+void TCimHTTPNamespace::EnumerateRootClasses(const ClassCallback& callback, TContext context) {
+    if (impl_->connected_) {
+        impl_->cache_.Root()->EnumerateSubclasses(callback, true, context);
+    }
+}
+
+boost::shared_ptr<ICIMQualifierDecl> TCimHTTPNamespace::AllocateQualifierDecl(
+    const std::string& name, const TCIMValue& defaultValue, ICIMQualifierDecl::EScope scope,
+    ICIMQualifierDecl::EFlavor flavor, TContext) {
+    return boost::shared_ptr<ICIMQualifierDecl>(
+        new TCimHTTPQualifierDecl(shared_from_this(), name, defaultValue, scope, flavor));
+}
+
+void TCimHTTPNamespace::AddQualifierDecl(boost::shared_ptr<TCimHTTPQualifierDecl> declaration) {
+    impl_->qualifiers_.Add(declaration);
+}
+
+boost::shared_ptr<ICIMQualifierDecl> TCimHTTPNamespace::GetQualifierDecl(const std::string& name,
+                                                                         TContext) const {
+    return impl_->qualifiers_.Find(name);
+}
+
+void TCimHTTPNamespace::EnumerateQualifierDecls(const QualifierDeclCallback& callback, TContext) const {
+    impl_->qualifiers_.Enumerate(callback);
+}
+
+// Questions to the server, instances, and the operations that are not offered
+
+bool TCimHTTPNamespace::EnumerateClassNames(std::string nameSpace, std::string className,
+                                            std::vector<std::string>& names, bool) {
+    LogTrace("Entering TCimHTTPNamespace::EnumerateClassNames");
+    names = QueryClassNames(getPegClient(), nameSpace, className);
+    LogTrace("Exiting TCimHTTPNamespace::EnumerateClassNames");
+    return !names.empty();
+}
+
+bool TCimHTTPNamespace::EnumerateInstanceNames(std::string nameSpace, std::string className,
+                                               std::vector<std::string>& names) {
+    LogTrace("Entering TCimHTTPNamespace::EnumerateInstanceNames");
+    names = QueryInstanceNames(getPegClient(), nameSpace, className);
+    LogTrace("Exiting TCimHTTPNamespace::EnumerateInstanceNames");
+    return !names.empty();
+}
+
+bool TCimHTTPNamespace::EnumerateInstances(const Pegasus::CIMNamespaceName& nameSpace,
+                                           const Pegasus::CIMName& className) {
+    WalkInstances(getPegClient(), nameSpace, className);
+    return true;
+}
+
+boost::shared_ptr<ICIMInstance> TCimHTTPNamespace::GetInstance(const TCIMReference& reference,
+                                                               TContext context) {
+    ICIMNamespace& self = *this;
+    const auto cimClass =
+        boost::dynamic_pointer_cast<TCimHTTPClass>(self.GetClass(reference.GetClassName(), TContext()));
+    if (!PointerIsSet(cimClass != nullptr, "TCimHTTPNamespace::GetInstance " + reference.GetPath())) {
+        return {};
+    }
+    return cimClass->FindInstance(reference, std::move(context));
+}
+
+boost::shared_ptr<INamespaceProvider> TCimHTTPNamespace::GetNamespaceProvider(TContext) {
+    return PluginProvider();
+}
+
+void TCimHTTPNamespace::SetUpcallNamespace(boost::shared_ptr<ICIMNamespace> upcall, TContext) {
+    impl_->upcall_ = std::move(upcall);
+}
+
+boost::shared_ptr<ICIMNamespace> TCimHTTPNamespace::GetUpcallNamespace() const {
+    return impl_->upcall_;
+}
+
+// A namespace of this kind has no providers of its own and keeps no instances.
+void TCimHTTPNamespace::EnumerateProviders(const ProviderCallback&, TContext) {}
+void TCimHTTPNamespace::ClearInstances() {}
+
+void TCimHTTPNamespace::AddUnderlyingNamespace(boost::shared_ptr<ICIMNamespace>, TContext) {
+    Refuse(eVSKNotSupported);
+}
+
+boost::shared_ptr<ICIMSubscription> TCimHTTPNamespace::Subscribe(boost::shared_ptr<ICIMIndicationFilter>,
+                                                                 const InstanceCallback&, TContext) {
+    Refuse(eVSKNotOffered);
+}
+
+void TCimHTTPNamespace::DeleteInstance(const TCIMReference&, TContext) {
+    Refuse(eVSKNotOffered);
+}
+
+void TCimHTTPNamespace::ModifyInstance(const TCIMReference&, TContext, TContext) {
+    Refuse(eVSKNotOffered);
+}
+
+void TCimHTTPNamespace::ExecuteQuery(const InstanceCallback&, std::string&, const InstanceCallback&,
+                                     TContext) {
+    Refuse(eVSKNotOffered);
 }
 
 }  // namespace NQELVSK20

@@ -10,7 +10,7 @@
 #include <string_view>
 #include <system_error>
 
-#include "connection/PegText.h"
+#include "provider/contract/PegText.h"
 #include "vskcore/TCIMChar16.h"
 #include "vskcore/TCIMDateTime.h"
 #include "vskcore/TCIMReference.h"

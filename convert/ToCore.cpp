@@ -8,9 +8,9 @@
 #include <iterator>
 #include <vector>
 
-#include "connection/PegText.h"
-#include "connection/Precondition.h"
-#include "convert/TypeMapping.h"
+#include "convert/Codes.h"
+#include "provider/contract/PegText.h"
+#include "provider/contract/Refuse.h"
 #include "vskcore/ICIMClass.h"
 #include "vskcore/TCIMChar16.h"
 #include "vskcore/TCIMDateTime.h"
@@ -32,6 +32,7 @@ TCIMValue ToCore(TNumber number) {
     return TCIMValue(number);
 }
 
+// The host's char16 is made from the decimal text of its code: the character A from "65".
 TCIMValue ToCore(const Pegasus::Char16& character) {
     return TCIMValue(TCIMChar16(std::to_string(Pegasus::Uint16(character))));
 }

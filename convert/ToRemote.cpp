@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "connection/PegText.h"
+#include "provider/contract/PegText.h"
 
 namespace NQELVSK20 {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "model/CanonicalPath.h"
+#include "namespace/names/CanonicalPath.h"
 
 namespace NQELVSK20 {
 

@@ -9,10 +9,11 @@
 
 namespace NQELVSK20 {
 
+class ClassMembers;
+class ClassNamespace;
 class ICIMMethodDecl;
 class ICIMNamedElement;
 class TCimHTTPClass;
-class TCimHTTPNamespace;
 
 /// Reads nodes' definitions of one class into the class object, and the declarations of the qualifiers that
 /// they use into the namespace. Members that are there stay: of several definitions the first wins.
@@ -22,9 +23,16 @@ class TCimHTTPNamespace;
 /// is there, and status 25 for a malformed name of a member.
 class RemoteClassReader {
 public:
-    RemoteClassReader(boost::shared_ptr<TCimHTTPNamespace> nameSpace,
-                      boost::shared_ptr<TCimHTTPClass> target);
+    /// `members` are those of `target`; both outlive the reader.
+    RemoteClassReader(boost::shared_ptr<ClassNamespace> nameSpace, boost::shared_ptr<TCimHTTPClass> target,
+                      ClassMembers& members);
 
+    /// Asks every node in turn. Throws, when there are nodes and none of them gave a definition, the remote
+    /// library's ConnectionTimeoutException if the last attempt on one of them timed out, else its
+    /// UninitializedObjectException.
+    void ReadFromNodes(const std::string& remoteNamespace);
+
+    /// Reads one node's definition.
     void Read(const Pegasus::CIMClass& definition);
 
 private:
@@ -41,8 +49,9 @@ private:
     void ReadMethod(const Pegasus::CIMConstMethod& remote);
     void ReadParameter(const Pegasus::CIMConstParameter& remote, ICIMMethodDecl& method);
 
-    boost::shared_ptr<TCimHTTPNamespace> namespace_;
+    boost::shared_ptr<ClassNamespace> namespace_;
     boost::shared_ptr<TCimHTTPClass> target_;
+    ClassMembers& members_;
 };
 
 }  // namespace NQELVSK20

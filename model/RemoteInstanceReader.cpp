@@ -4,13 +4,14 @@
 
 #include <utility>
 
-#include "connection/Log.h"
-#include "connection/PegText.h"
-#include "connection/TCimHTTPNamespace.h"
+#include "connection/client/Nodes.h"
 #include "convert/KeyToCore.h"
 #include "convert/ToCore.h"
-#include "model/RemoteNode.h"
+#include "model/ClassNamespace.h"
 #include "model/TCimHTTPClass.h"
+#include "namespace/names/Names.h"
+#include "provider/contract/Log.h"
+#include "provider/contract/PegText.h"
 #include "vskcore/ICIMProperty.h"
 #include "vskcore/TVSKException.h"
 
@@ -23,6 +24,7 @@ bool Contains(const std::string& text, const char* part) {
 }
 
 void LogUnreadable(const std::string& property) {
+    // Hosts look for the line as it is, its leading digit included.
     LogTrace("4TCimHTTPClass::EnumerateInstances - Unable to retrieve property: " + property);
 }
 
@@ -53,12 +55,12 @@ std::string ReferencedClassName(const std::string& path, const std::string& key)
 
 }  // namespace
 
-RemoteInstanceReader::RemoteInstanceReader(boost::shared_ptr<TCimHTTPNamespace> nameSpace,
+RemoteInstanceReader::RemoteInstanceReader(boost::shared_ptr<ClassNamespace> nameSpace,
                                            boost::shared_ptr<TCimHTTPClass> cimClass, const RemoteNode& node)
     : namespace_(std::move(nameSpace)),
       class_(std::move(cimClass)),
-      mark_(namespace_->getfCimHTTPNamespaceName(), node.key, class_->IsMultiNode()),
-      convertsNulls_(Contains(namespace_->getfCimHTTPNamespaceName(), "root/cimv2")),
+      mark_(namespace_->OwnName(), node.key, class_->IsMultiNode()),
+      convertsNulls_(Contains(namespace_->OwnName(), "root/cimv2")),
       isSlotClass_(class_->GetName(TContext()) == "OMC_ProcessorSlot"),
       dropsRemoteEvents_(node.index == 0 && class_->GetName(TContext()) == "QEL_StandardMessageLogEntry") {
     nodeNumber_.Set(mark_.NodeNumber());
@@ -68,7 +70,7 @@ boost::shared_ptr<ICIMInstance> RemoteInstanceReader::Read(const Pegasus::CIMIns
     auto instance = class_->AllocateInstance(TContext());
     ReadProperties(remote, *instance);
     ReadMissingKeys(remote, *instance);
-    Guarded("nodeid", [&] { instance->SetPropertyValue("nodeid", nodeNumber_, TContext()); });
+    Guarded(kNodeIdKey, [&] { instance->SetPropertyValue(kNodeIdKey, nodeNumber_, TContext()); });
     if (dropsRemoteEvents_ && IsForAnotherNode(*instance)) {
         return {};
     }
@@ -137,7 +139,7 @@ TCIMValue RemoteInstanceReader::ValueOf(const Pegasus::CIMKeyBinding& key, const
         declared = keyTypes_.emplace(name, class_->DeclaredType(name)).first;
     }
     TCIMValue value;
-    if (!ConvertKeyToCoreValue(key, declared->second, namespace_, value)) {
+    if (!ConvertKeyToCoreValue(key, declared->second, class_->GetNamespace(TContext()), value)) {
         LogUnreadable(name);
     }
     if (value.IsReference()) {
@@ -155,7 +157,7 @@ void RemoteInstanceReader::SetReferencedClass(TCIMValue& value, const Pegasus::C
 
 void RemoteInstanceReader::Store(PropertyName& name, TCIMValue value, ICIMInstance& instance) const {
     if (name.stored.empty()) {
-        name.stored = TCimHTTPNamespace::NormalizeName(name.text);
+        name.stored = NormalizeName(name.text);
     }
     if (name.isInstanceId) {
         mark_.MarkInstanceId(value);
@@ -177,7 +179,7 @@ boost::shared_ptr<ICIMClass> RemoteInstanceReader::ReferencedClass(const Pegasus
     if (known != referencedClasses_.end()) {
         return known->second;
     }
-    return referencedClasses_.emplace(className, namespace_->GetClass(className, TContext())).first->second;
+    return referencedClasses_.emplace(className, namespace_->FindClass(className)).first->second;
 }
 
 // Log entries come from every node; the first node's log also holds those of the others, which then say that

@@ -14,9 +14,9 @@
 
 namespace NQELVSK20 {
 
+class ClassNamespace;
 class ICIMInstance;
 class TCimHTTPClass;
-class TCimHTTPNamespace;
 struct RemoteNode;
 
 /// Turns the instances that one node sends of one class into host instances, with the node's mark and the
@@ -26,7 +26,7 @@ struct RemoteNode;
 /// thousands of instances: what is the same for all of them is found out once.
 class RemoteInstanceReader {
 public:
-    RemoteInstanceReader(boost::shared_ptr<TCimHTTPNamespace> nameSpace,
+    RemoteInstanceReader(boost::shared_ptr<ClassNamespace> nameSpace,
                          boost::shared_ptr<TCimHTTPClass> cimClass, const RemoteNode& node);
 
     /// The host's form of an instance, which the caller shares; empty for one that is not to be shown.
@@ -56,7 +56,7 @@ private:
                                                  const std::string& property);
     bool IsForAnotherNode(const ICIMInstance& instance) const;
 
-    boost::shared_ptr<TCimHTTPNamespace> namespace_;
+    boost::shared_ptr<ClassNamespace> namespace_;
     boost::shared_ptr<TCimHTTPClass> class_;
     NodeMark mark_;
     TCIMValue nodeNumber_;

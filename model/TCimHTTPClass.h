@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "model/ClassMembers.h"
 #include "model/InstanceCollection.h"
 #include "model/TQualifierSet.h"
 #include "vskcore/ICIMClass.h"
@@ -14,8 +15,8 @@
 
 namespace NQELVSK20 {
 
+class ClassNamespace;
 class TCimHTTPMethodDecl;
-class TCimHTTPNamespace;
 struct RemoteNode;
 
 /// A class of a remote CIM namespace: its own members and qualifiers, merged from what every node of the
@@ -50,6 +51,11 @@ public:
     /// class at first. A class that derives from this one is left out of account: the chain would have no
     /// end.
     void SuggestSuperclass(const boost::shared_ptr<TCimHTTPClass>& superclass);
+
+    /// The property that tells of each instance which node it came from: a new declaration, not yet added;
+    /// and adding one, under the rules of AddPropertyDecl.
+    boost::shared_ptr<ICIMPropertyDecl> AllocateNodeId();
+    void DeclareNodeId();
 
     /// Adds a method; throws status 16 for a duplicate.
     void AddMethodDecl(boost::shared_ptr<TCimHTTPMethodDecl> declaration);
@@ -176,38 +182,18 @@ public:
     void EnumerateQualifiers(const QualifierCallback& callback, TContext context) const override;
 
 private:
-    friend class RemoteClassReader;  // inserts the members of a remote definition
-
-    using PropertyMap = std::map<std::string, boost::shared_ptr<ICIMPropertyDecl>>;
-    using MethodMap = std::map<std::string, boost::shared_ptr<ICIMMethodDecl>>;
-
     /// The namespace, which every remote call needs; empty, and a broken precondition, once it is gone.
-    boost::shared_ptr<TCimHTTPNamespace> OwnNamespace(const char* operation) const;
+    boost::shared_ptr<ClassNamespace> OwnNamespace(const char* operation) const;
     bool IsRoot() const;
     boost::shared_ptr<ICIMClass> SuperclassToAttachTo(TContext context) const;
 
-    // model/TCimHTTPClassInitialize.cpp
-    bool IsCopiedFromUnion(const TCimHTTPNamespace& nameSpace) const;
-    bool IsInUnion(const TCimHTTPNamespace& nameSpace) const;
-    void ReadFromNodes(const boost::shared_ptr<TCimHTTPNamespace>& nameSpace);
-    void AddNodeProperty();
-
-    // model/ClassMembership.cpp
-    void RefuseReferenceOutsideAssociation(const ICIMPropertyDecl& declaration) const;
-    void RemoveOverridden(const std::string& key, const ICIMPropertyDecl& declaration);
-    void MakeRoomForNew(const std::string& key, const std::string& propertyName);
-    void RemoveProperty(PropertyMap::const_iterator property);
+    bool IsCopiedFromUnion(const ClassNamespace& nameSpace) const;
     bool DerivesFrom(const ICIMClass& other) const;
     boost::shared_ptr<TCimHTTPClass> KnownSuperclass() const;
     void DropSubclass(const ICIMClass& subclass);
-
-    // model/TCimHTTPClassInstances.cpp
     void CollectInstances(bool deep);
-    void CollectFrom(const RemoteNode& node, const boost::shared_ptr<TCimHTTPNamespace>& nameSpace,
-                     bool deep);
+    void CollectFrom(const RemoteNode& node, const boost::shared_ptr<ClassNamespace>& nameSpace, bool deep);
     void ForgetUnlessKept();
-
-    // model/ClassQueries.cpp
     bool HasTrueQualifier(const std::string& name) const;
     void WalkReferencedClasses(const NameCallback& isWanted, const ClassCallback& callback) const;
     std::string ReferencedClassName(const std::string& key, const ICIMPropertyDecl& declaration) const;
@@ -217,12 +203,11 @@ private:
     boost::weak_ptr<ICIMClass> superclass_;  // set by Initialize, and so the mark that it ran
     bool isInNamespace_ = true;              // until LeaveNamespace
     TQualifierSet qualifiers_;
-    PropertyMap properties_;
-    std::map<std::string, std::string> referencedClassNames_;  // of reference properties, by property key
-    std::map<std::string, boost::shared_ptr<ICIMNamedElement>> memberEntries_;  // nothing fills it
+    ClassMembers members_;
+    std::map<std::string, boost::shared_ptr<ICIMNamedElement>>
+        memberEntries_;  // hosts may ask for it; nothing fills it
     std::vector<boost::shared_ptr<ICIMClass>> subclasses_;
     InstanceCollection instances_;
-    MethodMap methods_;
     bool registered_ = false;
     unsigned int timeout_;  // milliseconds
 };

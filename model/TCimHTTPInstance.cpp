@@ -3,8 +3,8 @@
 #include <boost/pointer_cast.hpp>
 #include <utility>
 
-#include "connection/Precondition.h"
 #include "model/TCimHTTPClass.h"
+#include "provider/contract/Refuse.h"
 
 namespace NQELVSK20 {
 

@@ -3,11 +3,11 @@
 #include <boost/pointer_cast.hpp>
 #include <utility>
 
-#include "connection/Log.h"
-#include "connection/TCimHTTPNamespace.h"
-#include "model/Required.h"
 #include "model/TCimHTTPClass.h"
 #include "model/TCimHTTPParameterDecl.h"
+#include "namespace/names/Names.h"
+#include "provider/contract/Log.h"
+#include "provider/contract/Refuse.h"
 
 namespace NQELVSK20 {
 
@@ -38,7 +38,7 @@ boost::shared_ptr<ICIMParameterDecl> TCimHTTPMethodDecl::AllocateParameterDecl(c
 
 boost::shared_ptr<ICIMParameterDecl> TCimHTTPMethodDecl::GetParameterDecl(const std::string& name,
                                                                           TContext) const {
-    const auto found = parameters_.find(TCimHTTPNamespace::NormalizeName(name));
+    const auto found = parameters_.find(NormalizeName(name));
     if (found == parameters_.end()) {
         return boost::shared_ptr<ICIMParameterDecl>();
     }
@@ -59,7 +59,7 @@ TCimHTTPMethodDecl& TCimHTTPMethodDecl::operator=(const TCimHTTPMethodDecl&) {
 
 void TCimHTTPMethodDecl::AddParameter(boost::shared_ptr<TCimHTTPParameterDecl> parameter) {
     const std::string& name = parameter->GetName(TContext());
-    const bool added = parameters_.emplace(TCimHTTPNamespace::NormalizeName(name), parameter).second;
+    const bool added = parameters_.emplace(NormalizeName(name), parameter).second;
     if (!added) {
         // "Inmem" and "property" are what the host's users know this message by.
         Refuse(eVSKAlreadyExists, kLogError,

@@ -3,8 +3,8 @@
 #include <boost/pointer_cast.hpp>
 #include <utility>
 
-#include "model/Required.h"
 #include "model/TCimHTTPMethodDecl.h"
+#include "provider/contract/Refuse.h"
 #include "vskcore/ICIMClass.h"
 
 namespace NQELVSK20 {

@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "model/Required.h"
 #include "model/TCimHTTPClass.h"
+#include "provider/contract/Refuse.h"
 
 namespace NQELVSK20 {
 

@@ -2,9 +2,8 @@
 
 #include <utility>
 
-#include "connection/Refuse.h"
-#include "model/NameOrder.h"
-#include "model/Required.h"
+#include "namespace/names/Names.h"
+#include "provider/contract/Refuse.h"
 #include "vskcore/ICIMNamedElement.h"
 #include "vskcore/ICIMNamespace.h"
 

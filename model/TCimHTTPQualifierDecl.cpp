@@ -1,12 +1,10 @@
 #include "model/TCimHTTPQualifierDecl.h"
 
-#include <boost/pointer_cast.hpp>
 #include <utility>
 
-#include "connection/TCimHTTPNamespace.h"
-#include "model/NameOrder.h"
-#include "model/Required.h"
-#include "namespace/TNamespaceMembers.h"
+#include "model/ClassNamespace.h"
+#include "namespace/names/Names.h"
+#include "provider/contract/Refuse.h"
 
 namespace NQELVSK20 {
 
@@ -17,9 +15,8 @@ TCimHTTPQualifierDecl::TCimHTTPQualifierDecl(boost::shared_ptr<ICIMNamespace> na
 void TCimHTTPQualifierDecl::Validate(TContext) {}
 
 void TCimHTTPQualifierDecl::Commit(TContext) {
-    const auto nameSpace = Required(boost::dynamic_pointer_cast<TCimHTTPNamespace>(namespace_.lock()),
-                                    "TCimHTTPQualifierDecl::Commit");
-    TNamespaceMembers::AddQualifierDecl(*nameSpace, shared_from_this());
+    Required(ClassNamespace::Behind(namespace_.lock()), "TCimHTTPQualifierDecl::Commit")
+        ->Enter(shared_from_this());
 }
 
 void TCimHTTPQualifierDecl::Reserved4(TContext) {}

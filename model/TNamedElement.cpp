@@ -2,10 +2,9 @@
 
 #include <utility>
 
-#include "connection/Refuse.h"
-#include "connection/TCimHTTPNamespace.h"
-#include "model/NameOrder.h"
 #include "model/TCimHTTPQualifier.h"
+#include "namespace/names/Names.h"
+#include "provider/contract/Refuse.h"
 #include "vskcore/ICIMMethodDecl.h"
 #include "vskcore/ICIMParameterDecl.h"
 #include "vskcore/ICIMPropertyDecl.h"
@@ -60,7 +59,7 @@ void TNamedElement<TInterface>::EnumerateQualifiers(const ICIMNamedElement::Qual
 
 template <class TInterface>
 void TNamedElement<TInterface>::Validate(TContext) {
-    TCimHTTPNamespace::NormalizeName(name_);
+    NormalizeName(name_);
 }
 
 template <class TInterface>

@@ -4,10 +4,9 @@
 #include <cassert>
 #include <utility>
 
-#include "connection/Refuse.h"
-#include "connection/TCimHTTPNamespace.h"
-#include "model/Required.h"
 #include "model/TCimHTTPQualifier.h"
+#include "namespace/names/Names.h"
+#include "provider/contract/Refuse.h"
 #include "vskcore/ICIMQualifierDecl.h"
 
 namespace NQELVSK20 {
@@ -26,7 +25,7 @@ bool AreIdentical(const ICIMQualifier& left, const ICIMQualifier& right) {
 
 void TQualifierSet::Add(boost::shared_ptr<ICIMQualifier> qualifier) {
     auto own = Required(boost::dynamic_pointer_cast<TCimHTTPQualifier>(qualifier), "TQualifierSet::Add");
-    const std::string key = TCimHTTPNamespace::NormalizeName(own->GetName(TContext()));
+    const std::string key = NormalizeName(own->GetName(TContext()));
 
     const auto stored = qualifiers_.find(key);
     if (stored == qualifiers_.end()) {
@@ -40,7 +39,7 @@ void TQualifierSet::Add(boost::shared_ptr<ICIMQualifier> qualifier) {
 }
 
 boost::shared_ptr<ICIMQualifier> TQualifierSet::Find(const std::string& name) const {
-    const auto found = qualifiers_.find(TCimHTTPNamespace::NormalizeName(name));
+    const auto found = qualifiers_.find(NormalizeName(name));
     if (found == qualifiers_.end()) {
         return boost::shared_ptr<ICIMQualifier>();
     }

@@ -1,18 +1,24 @@
-// How a namespace answers for a class: from its cache, from the host's union namespace, or from the server.
+#include "namespace/ClassLookup.h"
 
 #include <Pegasus/Common/CIMClass.h>
+#include <Pegasus/Common/CIMName.h>
 #include <Pegasus/Common/CIMPropertyList.h>
 #include <Pegasus/Common/Exception.h>
 
-#include "connection/Log.h"
-#include "connection/PegClient.h"
-#include "connection/PegText.h"
-#include "connection/TCimHTTPNamespace.h"
-#include "model/DefinitionTimeout.h"
+#include <algorithm>
+#include <boost/pointer_cast.hpp>
+
+#include "cimhttp/PegClient.h"
+#include "connection/client/HypervisorDetection.h"
+#include "connection/client/Nodes.h"
+#include "connection/client/Waiting.h"
 #include "model/TCimHTTPClass.h"
-#include "namespace/PendingClass.h"
-#include "namespace/RaisedTimeout.h"
-#include "namespace/UnionLookup.h"
+#include "namespace/ClassCache.h"
+#include "namespace/names/Names.h"
+#include "provider/contract/Log.h"
+#include "provider/contract/PegText.h"
+#include "provider/contract/Refuse.h"
+#include "qelc/TQELCNamespace.h"
 #include "qelc/VQMInfo.h"
 #include "union/TUnionNamespace.h"
 #include "vskcore/TCIMCopy.h"
@@ -21,6 +27,9 @@ namespace NQELVSK20 {
 
 namespace {
 
+using NamespacePointer = boost::shared_ptr<ICIMNamespace>;
+using ClassPointer = boost::shared_ptr<ICIMClass>;
+
 constexpr const char* kPluginVersion = "1.0";
 
 // Every log line of one lookup begins so.
@@ -28,6 +37,7 @@ std::string LookupOf(const std::string& name) {
     return "TCimHTTPNamespace::GetClass " + name;
 }
 
+// Compared to the letter: hosts that want the class on a single node ask for it in another letter case.
 bool IsAbsentOnSingleNode(const std::string& name) {
     return name == "QEL_RemoteNode" && VQMInfo::GetInstance()->GetNodeCount() < 2;
 }
@@ -42,32 +52,47 @@ bool Succeeds(const TOperation& operation) {
     }
 }
 
-// The property that tells of each instance which node it came from.
-void DeclareNodeId(TCimHTTPClass& cimClass) {
-    const auto declaration = cimClass.AllocatePropertyDecl("NodeID", TCIMValue(), TContext());
-    declaration->SetValue(TCIMValue(""), TContext());
-    cimClass.AddPropertyDecl(declaration, TContext());
-}
+// Marks a class as being fetched for as long as the mark lives. A class is fetched after its superclass, so
+// the classes being fetched at one moment are a class and its descendants. A server whose classes derive from
+// themselves, or from ever new ones, must not send the lookup round for ever.
+class PendingClass {
+public:
+    PendingClass(std::set<std::string>& pending, const std::string& key)
+        : pending_(pending),
+          key_(key),
+          isAllowed_(pending.size() < ClassLookup::kMaxLevels && pending.insert(key).second) {}
+    ~PendingClass() {
+        if (isAllowed_) {
+            pending_.erase(key_);
+        }
+    }
+    PendingClass(const PendingClass&) = delete;
+    PendingClass& operator=(const PendingClass&) = delete;
+
+    /// False when the class is its own ancestor or stands too deep.
+    bool IsAllowed() const { return isAllowed_; }
+
+private:
+    std::set<std::string>& pending_;
+    std::string key_;
+    bool isAllowed_;
+};
 
 }  // namespace
 
-boost::shared_ptr<ICIMClass> TCimHTTPNamespace::GetClass(const std::string& name, TContext context) {
-    if (!connected_) {
-        return {};
+unsigned int RaisedTimeout(const TContext& context, const std::string& key, unsigned int defaultTimeout) {
+    const auto value = context.find(key);
+    if (value == context.end()) {
+        return defaultTimeout;
     }
-    try {
-        return LookUpClass(name, context);
-    } catch (...) {
-        // The host asks for classes that may not exist, in names that may be none; it is told "no class".
-        return {};
-    }
+    return std::max(defaultTimeout, value->second.operator unsigned int());
 }
 
-boost::shared_ptr<ICIMClass> TCimHTTPNamespace::LookUpClass(const std::string& name,
-                                                            const TContext& context) {
-    if (name.empty() || name == "<root>") {
+ClassPointer ClassLookup::Find(const NamespacePointer& self, const std::string& name,
+                               const TContext& context) {
+    if (name.empty() || name == kRootClassName) {
         LogTrace(LookupOf(name) + " : return <root>");
-        return rootClass_;
+        return sources_.cache.Root();
     }
     if (IsAbsentOnSingleNode(name)) {
         LogTrace("TCimHTTPNamespace::GetClass skip QEL_RemoteNode");
@@ -75,29 +100,49 @@ boost::shared_ptr<ICIMClass> TCimHTTPNamespace::LookUpClass(const std::string& n
     }
     const std::string key = NormalizeName(name);
     LogTrace("TCimHTTPNamespace::GetClass from Pegasus for: " + name);
-    if (const auto cached = CachedClass(key)) {
+    if (const auto cached = sources_.cache.Find(key)) {
         LogTrace(LookupOf(name) + " Found in TCimHTTPNamespace");
         return cached;
     }
-    CheckIsESXi5();
-    if (!isEsxi_) {
-        if (const auto copied = TakeFromUnion(name, key, context)) {
+    DetectHypervisor(sources_.nodes.First(), sources_.hypervisor);
+    if (!sources_.hypervisor.isEsxi) {
+        if (const auto copied = TakeFromUnion(self, name, context)) {
             return copied;
         }
     }
-    auto fetched = FetchClass(name, key, context);
-    failedCopies_.erase(key);
+    auto fetched = Fetch(self, name, context);
+    givenUp_.erase(key);
     return fetched;
 }
 
-boost::shared_ptr<ICIMClass> TCimHTTPNamespace::TakeFromUnion(const std::string& name, const std::string& key,
-                                                              const TContext& context) {
+// A host sets both namespaces up before it asks for classes; when one is missing, that is a broken
+// precondition, and there is no union namespace.
+boost::shared_ptr<TUnionNamespace> ClassLookup::UnionNamespaceBehind(const std::string& where) const {
+    const auto common = boost::dynamic_pointer_cast<TQELCNamespace>(sources_.upcall);
+    if (!PointerIsSet(common != nullptr, where)) {
+        return {};
+    }
+    const auto unionNamespace = boost::dynamic_pointer_cast<TUnionNamespace>(common->GetUpcallNamespace());
+    PointerIsSet(unionNamespace != nullptr, where);
+    return unionNamespace;
+}
+
+// Asked also for a class whose copy failed: hosts expect the question and, when it fails, the line in the
+// log.
+bool ClassLookup::IsCopiedFromUnion(const std::string& name, const std::string& where) const {
+    const auto unionNamespace = UnionNamespaceBehind(where);
+    return unionNamespace && unionNamespace->GetClass(name, TContext()) &&
+           givenUp_.count(NormalizeName(name)) == 0;
+}
+
+ClassPointer ClassLookup::TakeFromUnion(const NamespacePointer& self, const std::string& name,
+                                        const TContext& context) {
     boost::shared_ptr<TCimHTTPClass> copied;
     try {
-        copied = CopyFromUnion(name, key, context);
+        copied = CopyFromUnion(self, name, context);
     } catch (...) {
         LogTrace(LookupOf(name) + " Catch an exception while trying to get this class in union namespace");
-        GiveUpCopy(key);
+        GiveUpCopy(NormalizeName(name));
         return {};
     }
     if (!copied) {
@@ -105,18 +150,18 @@ boost::shared_ptr<ICIMClass> TCimHTTPNamespace::TakeFromUnion(const std::string&
     }
     LogTrace(LookupOf(name) + " Now it is Found in TCimHTTPNamespace from union namespace");
     // A class that another plug-in stamped refuses a stamp of ours; its instances are marked all the same.
-    const bool isStamped = Succeeds([&] { Stamp(*copied); });
-    const bool isMarked = Succeeds([&] { DeclareNodeId(*copied); });
+    const bool isStamped = Succeeds([&] { Stamp(*self, *copied); });
+    const bool isMarked = Succeeds([&] { copied->DeclareNodeId(); });
     if (!isStamped || !isMarked) {
         LogTrace("Catch exception for construct plugin name and version");
     }
     return copied;
 }
 
-boost::shared_ptr<TCimHTTPClass> TCimHTTPNamespace::CopyFromUnion(const std::string& name,
-                                                                  const std::string& key,
-                                                                  const TContext& context) {
-    const auto unionNamespace = UnionNamespaceBehind(*this, LookupOf(name));
+boost::shared_ptr<TCimHTTPClass> ClassLookup::CopyFromUnion(const NamespacePointer& self,
+                                                            const std::string& name,
+                                                            const TContext& context) {
+    const auto unionNamespace = UnionNamespaceBehind(LookupOf(name));
     if (!unionNamespace) {
         return {};
     }
@@ -127,8 +172,9 @@ boost::shared_ptr<TCimHTTPClass> TCimHTTPNamespace::CopyFromUnion(const std::str
     if (!found) {
         return {};
     }
-    TCIMCopy::CopyClass(found, shared_from_this());
-    auto copied = CachedClass(key);
+    TCIMCopy::CopyClass(found, self);
+    const std::string key = NormalizeName(name);
+    auto copied = sources_.cache.Find(key);
     if (!copied) {
         GiveUpCopy(key);
     }
@@ -136,20 +182,15 @@ boost::shared_ptr<TCimHTTPClass> TCimHTTPNamespace::CopyFromUnion(const std::str
 }
 
 // The lookup goes on with the nodes, which then define the class although the union namespace knows it.
-void TCimHTTPNamespace::GiveUpCopy(const std::string& key) {
-    failedCopies_.insert(key);
-    const auto half = classes_.find(key);
-    if (half != classes_.end()) {
-        half->second->LeaveTree();
-        half->second->LeaveNamespace();
-        classes_.erase(half);
-    }
+void ClassLookup::GiveUpCopy(const std::string& key) {
+    givenUp_.insert(key);
+    sources_.cache.Discard(key);
 }
 
-boost::shared_ptr<ICIMClass> TCimHTTPNamespace::FetchClass(const std::string& name, const std::string& key,
-                                                           const TContext& context) {
+ClassPointer ClassLookup::Fetch(const NamespacePointer& self, const std::string& name,
+                                const TContext& context) {
     try {
-        return BuildFetchedClass(name, key, context);
+        return Build(self, name, context);
     } catch (const Pegasus::ConnectionTimeoutException& error) {
         LogTrace("TCimHTTPNamespace::GetClass after AllocateClass from Pegasus for: " + name +
                  " returned exception: " + ToText(error));
@@ -159,36 +200,36 @@ boost::shared_ptr<ICIMClass> TCimHTTPNamespace::FetchClass(const std::string& na
     }
 }
 
-Pegasus::CIMClass TCimHTTPNamespace::FetchDefinition(const std::string& name, const TContext& context) {
-    const Pegasus::CIMClass definition = firstClient_->GetClass(
-        ToText(*remoteName_), name, RaisedTimeout(context, "GCTimeout", kDefinitionTimeoutMs), false, true,
-        false, Pegasus::CIMPropertyList());
+Pegasus::CIMClass ClassLookup::FetchDefinition(const std::string& name, const TContext& context) const {
+    PegClient& client = *sources_.nodes.First();
+    const Pegasus::CIMClass definition = client.GetClass(
+        ToText(*sources_.remoteName), name, RaisedTimeout(context, "GCTimeout", kDefinitionTimeoutMs), false,
+        true, false, Pegasus::CIMPropertyList());
     // The client keeps its time-outs to itself; here one is told from "no such class" again.
-    if (definition.isUninitialized() && firstClient_->LastRequestTimedOut()) {
+    if (definition.isUninitialized() && client.LastRequestTimedOut()) {
         throw Pegasus::ConnectionTimeoutException();
     }
     return definition;
 }
 
-boost::shared_ptr<ICIMClass> TCimHTTPNamespace::BuildFetchedClass(const std::string& name,
-                                                                  const std::string& key,
-                                                                  const TContext& context) {
+ClassPointer ClassLookup::Build(const NamespacePointer& self, const std::string& name,
+                                const TContext& context) {
+    const std::string key = NormalizeName(name);
     const PendingClass pending(pending_, key);
-    if (!pending.IsAllowed() || firstClient_ == nullptr || !remoteName_) {
+    if (!pending.IsAllowed() || sources_.nodes.First() == nullptr || !sources_.remoteName) {
         return {};
     }
     const Pegasus::CIMClass definition = FetchDefinition(name, context);
     const std::string className = ToText(definition.getClassName());
-    ICIMNamespace& self = *this;
-    const auto superclass = self.GetClass(ToText(definition.getSuperClassName()), TContext());
+    const auto superclass = self->GetClass(ToText(definition.getSuperClassName()), TContext());
     if (!superclass) {
         return {};
     }
     const auto built =
-        boost::dynamic_pointer_cast<TCimHTTPClass>(AllocateClass(className, superclass, context));
-    Stamp(*built);
+        boost::dynamic_pointer_cast<TCimHTTPClass>(self->AllocateClass(className, superclass, context));
+    Stamp(*self, *built);
     built->Commit(TContext());
-    if (const auto cached = CachedClass(key)) {
+    if (const auto cached = sources_.cache.Find(key)) {
         LogTrace(LookupOf(name) + " Now it is Found in TCimHTTPNamespace");
         return cached;
     }
@@ -196,13 +237,13 @@ boost::shared_ptr<ICIMClass> TCimHTTPNamespace::BuildFetchedClass(const std::str
     return built;
 }
 
-void TCimHTTPNamespace::Stamp(TCimHTTPClass& cimClass) const {
+void ClassLookup::Stamp(ICIMNamespace& self, TCimHTTPClass& cimClass) const {
     const auto add = [&](const char* qualifier, const std::string& value) {
-        const auto declaration = GetQualifierDecl(qualifier, TContext());
+        const auto declaration = self.GetQualifierDecl(qualifier, TContext());
         cimClass.AddQualifier(cimClass.AllocateQualifier(declaration, TCIMValue(value), TContext()),
                               TContext());
     };
-    add("PLUGINNAME", pluginName_);
+    add("PLUGINNAME", sources_.pluginName);
     add("PLUGINVERSION", kPluginVersion);
 }
 

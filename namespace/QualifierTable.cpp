@@ -1,30 +1,15 @@
-// The qualifier declarations of a namespace.
+#include "namespace/QualifierTable.h"
 
-#include <boost/pointer_cast.hpp>
-
-#include "connection/Log.h"
-#include "connection/Refuse.h"
-#include "connection/TCimHTTPNamespace.h"
 #include "model/TCimHTTPQualifierDecl.h"
+#include "namespace/names/Names.h"
+#include "provider/contract/Log.h"
+#include "provider/contract/Refuse.h"
 
 namespace NQELVSK20 {
 
-boost::shared_ptr<ICIMQualifierDecl> TCimHTTPNamespace::AllocateQualifierDecl(
-    const std::string& name, const TCIMValue& defaultValue, ICIMQualifierDecl::EScope scope,
-    ICIMQualifierDecl::EFlavor flavor, TContext) {
-    return boost::shared_ptr<ICIMQualifierDecl>(
-        new TCimHTTPQualifierDecl(shared_from_this(), name, defaultValue, scope, flavor));
-}
-
-void TCimHTTPNamespace::DeclarePluginQualifier(const std::string& name, const std::string& defaultValue) {
-    AddQualifierDecl(boost::dynamic_pointer_cast<TCimHTTPQualifierDecl>(
-        AllocateQualifierDecl(name, TCIMValue(defaultValue), ICIMQualifierDecl::eScopeNone,
-                              ICIMQualifierDecl::eFlavorNone, TContext())));
-}
-
-void TCimHTTPNamespace::AddQualifierDecl(boost::shared_ptr<TCimHTTPQualifierDecl> declaration) {
+void QualifierTable::Add(const boost::shared_ptr<TCimHTTPQualifierDecl>& declaration) {
     const std::string name = declaration->GetName(TContext());
-    const auto [entry, isNew] = qualifierDecls_.emplace(NormalizeName(name), declaration);
+    const auto [entry, isNew] = declarations_.emplace(NormalizeName(name), declaration);
     if (isNew) {
         return;
     }
@@ -35,15 +20,14 @@ void TCimHTTPNamespace::AddQualifierDecl(boost::shared_ptr<TCimHTTPQualifierDecl
     entry->second = declaration;
 }
 
-boost::shared_ptr<ICIMQualifierDecl> TCimHTTPNamespace::GetQualifierDecl(const std::string& name,
-                                                                         TContext) const {
-    const auto entry = qualifierDecls_.find(NormalizeName(name));
-    return entry == qualifierDecls_.end() ? boost::shared_ptr<ICIMQualifierDecl>() : entry->second;
+boost::shared_ptr<ICIMQualifierDecl> QualifierTable::Find(const std::string& name) const {
+    const auto entry = declarations_.find(NormalizeName(name));
+    return entry == declarations_.end() ? boost::shared_ptr<ICIMQualifierDecl>() : entry->second;
 }
 
-void TCimHTTPNamespace::EnumerateQualifierDecls(const QualifierDeclCallback& callback, TContext) const {
+void QualifierTable::Enumerate(const ICIMNamespace::QualifierDeclCallback& callback) const {
     // A callback may add declarations, which leaves the walk's place in the map as it is.
-    for (const auto& entry : qualifierDecls_) {
+    for (const auto& entry : declarations_) {
         if (!callback(entry.second)) {
             return;
         }

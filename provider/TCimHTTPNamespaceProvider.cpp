@@ -1,9 +1,10 @@
-#include "provider/TCimHTTPNamespaceProvider.h"
+#include "cimhttp/TCimHTTPNamespaceProvider.h"
 
 #include <utility>
 
-#include "connection/Precondition.h"
-#include "connection/TCimHTTPNamespace.h"
+#include "cimhttp/TCimHTTPNamespace.h"
+#include "provider/contract/PluginProvider.h"
+#include "provider/contract/Refuse.h"
 #include "vskcore/INamespaceProviderManager.h"
 #include "vskcore/TCIMValue.h"
 #include "vskcore/TRootObject.h"
@@ -13,6 +14,10 @@ namespace NQELVSK20 {
 boost::shared_ptr<TCimHTTPNamespaceProvider> TCimHTTPNamespaceProvider::GetInstance() {
     static const boost::shared_ptr<TCimHTTPNamespaceProvider> instance(new TCimHTTPNamespaceProvider);
     return instance;
+}
+
+boost::shared_ptr<INamespaceProvider> PluginProvider() {
+    return TCimHTTPNamespaceProvider::GetInstance();
 }
 
 TVSKStatusCode TCimHTTPNamespaceProvider::Initialize() {

@@ -4,7 +4,7 @@
 
 #include <stdexcept>
 
-#include "connection/Ports.h"
+#include "cimhttp/PegClient.h"
 #include "tools/Failure.h"
 
 namespace tool {

@@ -1,6 +1,6 @@
 #include "tools/Machine.h"
 
-#include "connection/Ports.h"
+#include "cimhttp/PegClient.h"
 
 namespace tool {
 

@@ -7,9 +7,9 @@
 #include <boost/pointer_cast.hpp>
 #include <cstdlib>
 
-#include "connection/Ports.h"
-#include "connection/TCimHTTPNamespace.h"
-#include "provider/TCimHTTPNamespaceProvider.h"
+#include "cimhttp/PegClient.h"
+#include "cimhttp/TCimHTTPNamespace.h"
+#include "cimhttp/TCimHTTPNamespaceProvider.h"
 #include "qelc/TQELCNamespace.h"
 #include "tools/Credentials.h"
 #include "tools/Failure.h"

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "connection/PegClient.h"
-#include "connection/TCimHTTPNamespace.h"
+#include "cimhttp/PegClient.h"
+#include "cimhttp/TCimHTTPNamespace.h"
 #include "tests/support/PluginTest.h"
 #include "tests/support/TCimHTTPNamespaceTestAccess.h"
 #include "vskcore/THostSetup.h"

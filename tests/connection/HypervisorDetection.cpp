@@ -3,7 +3,7 @@
 #include <locale>
 #include <string>
 
-#include "connection/TCimHTTPNamespace.h"
+#include "cimhttp/TCimHTTPNamespace.h"
 #include "tests/support/Declarations.h"
 #include "tests/support/PluginTest.h"
 #include "tests/support/TCimHTTPNamespaceTestAccess.h"

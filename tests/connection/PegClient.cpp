@@ -1,4 +1,4 @@
-#include "connection/PegClient.h"
+#include "cimhttp/PegClient.h"
 
 #include <Pegasus/Common/CIMPropertyList.h>
 #include <gtest/gtest.h>
@@ -17,7 +17,7 @@
 #include <thread>
 #include <vector>
 
-#include "connection/PegText.h"
+#include "provider/contract/PegText.h"
 #include "tests/support/PluginTest.h"
 
 namespace NQELVSK20 {

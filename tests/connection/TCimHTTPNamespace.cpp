@@ -1,11 +1,11 @@
-#include "connection/TCimHTTPNamespace.h"
+#include "cimhttp/TCimHTTPNamespace.h"
 
 #include <Pegasus/Common/CIMName.h>
 #include <Pegasus/Common/Exception.h>
 #include <gtest/gtest.h>
 
-#include "connection/PegClient.h"
-#include "connection/PegText.h"
+#include "cimhttp/PegClient.h"
+#include "provider/contract/PegText.h"
 #include "qelc/TQELCNamespace.h"
 #include "tests/support/PluginTest.h"
 #include "tests/support/StatusOf.h"

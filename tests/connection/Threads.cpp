@@ -5,8 +5,8 @@
 #include <filesystem>
 #include <iterator>
 
-#include "connection/PegClient.h"
-#include "connection/TCimHTTPNamespace.h"
+#include "cimhttp/PegClient.h"
+#include "cimhttp/TCimHTTPNamespace.h"
 #include "tests/support/PluginTest.h"
 
 namespace NQELVSK20 {

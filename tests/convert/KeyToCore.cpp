@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
-#include "connection/PegText.h"
-#include "connection/TCimHTTPNamespace.h"
+#include "cimhttp/TCimHTTPNamespace.h"
+#include "provider/contract/PegText.h"
 #include "vskcore/TCIMChar16.h"
 #include "vskcore/TCIMDateTime.h"
 #include "vskcore/TCIMReference.h"

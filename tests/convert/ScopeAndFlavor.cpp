@@ -1,4 +1,4 @@
-#include "convert/ScopeAndFlavor.h"
+#include "convert/Codes.h"
 
 #include <gtest/gtest.h>
 

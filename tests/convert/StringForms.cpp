@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "connection/PegText.h"
 #include "convert/ToRemote.h"
+#include "provider/contract/PegText.h"
 #include "vskcore/TCIMDateTime.h"
 #include "vskcore/THostSetup.h"
 

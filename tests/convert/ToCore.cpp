@@ -15,7 +15,7 @@
 #include <string>
 #include <vector>
 
-#include "connection/TCimHTTPNamespace.h"
+#include "cimhttp/TCimHTTPNamespace.h"
 #include "model/TCimHTTPClass.h"
 #include "tests/support/RecordingLogger.h"
 #include "vskcore/TCIMChar16.h"

@@ -12,8 +12,8 @@
 #include <string>
 #include <vector>
 
-#include "connection/PegText.h"
 #include "convert/ToCore.h"
+#include "provider/contract/PegText.h"
 #include "vskcore/TCIMChar16.h"
 #include "vskcore/TCIMDateTime.h"
 #include "vskcore/TCIMReference.h"

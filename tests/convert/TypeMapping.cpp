@@ -1,4 +1,4 @@
-#include "convert/TypeMapping.h"
+#include "convert/Codes.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "model/CanonicalPath.h"
+#include "namespace/names/CanonicalPath.h"
 
 #include <gtest/gtest.h>
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "connection/TCimHTTPNamespace.h"
+#include "cimhttp/TCimHTTPNamespace.h"
 #include "model/TCimHTTPClass.h"
 #include "model/TCimHTTPMethodDecl.h"
 #include "model/TCimHTTPParameterDecl.h"

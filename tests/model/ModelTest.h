@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "connection/TCimHTTPNamespace.h"
+#include "cimhttp/TCimHTTPNamespace.h"
 #include "model/TCimHTTPClass.h"
 #include "tests/support/Declarations.h"
 #include "tests/support/PluginTest.h"

@@ -8,6 +8,8 @@
 
 #include <string>
 
+#include "model/ClassMembers.h"
+#include "model/ClassNamespace.h"
 #include "tests/model/ElementTest.h"
 
 namespace NQELVSK20 {
@@ -25,10 +27,12 @@ protected:
         return Pegasus::CIMQualifier(Pegasus::CIMName(name), value, flavor);
     }
 
+    RemoteClassReader Reader() { return {ClassNamespace::Behind(nameSpace_), class_, members_}; }
+
     void ReadQualifier(const Pegasus::CIMQualifier& qualifier) {
         Pegasus::CIMClass definition{Pegasus::CIMName("CIM_Fan")};
         definition.addQualifier(qualifier);
-        RemoteClassReader(nameSpace_, class_).Read(definition);
+        Reader().Read(definition);
     }
 
     const TCIMValue& ClassQualifier(const char* name) const {
@@ -38,6 +42,8 @@ protected:
     boost::shared_ptr<ICIMQualifierDecl> Declaration(const char* name) const {
         return nameSpace_->GetQualifierDecl(name, TContext());
     }
+
+    ClassMembers members_;
 };
 
 TEST_F(RemoteClassReaderTest, ADeclarationHasTheFlavorOfTheQualifierThatItWasFirstSeenWith) {
@@ -79,10 +85,11 @@ TEST_F(RemoteClassReaderTest, TheNodePropertyEntersWithTheFirstDefinition) {
         definition.addProperty(Pegasus::CIMProperty(Pegasus::CIMName(property), value));
         return definition;
     };
-    RemoteClassReader reader(nameSpace_, class_);
+    RemoteClassReader reader = Reader();
     reader.Read(definitionWith("Speed", CIMValue(Pegasus::Uint16(1))));
     reader.Read(definitionWith("NODEID", CIMValue(Pegasus::Uint8(1))));
-    const auto node = class_->GetPropertyDecl("NodeID", TContext());
+    const auto node = members_.FindProperty("NodeID");
+    ASSERT_TRUE(node);
     EXPECT_EQ(node->GetName(TContext()), "NodeID");
     EXPECT_EQ(node->GetType(TContext()), ReadType::eString);
 }

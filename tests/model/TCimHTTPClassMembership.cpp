@@ -2,9 +2,9 @@
 
 #include <string>
 
+#include "model/ClassNamespace.h"
 #include "model/TCimHTTPMethodDecl.h"
 #include "model/TCimHTTPPropertyDecl.h"
-#include "namespace/TNamespaceMembers.h"
 #include "tests/model/ModelTest.h"
 #include "vskcore/ICIMQualifierDecl.h"
 
@@ -269,7 +269,7 @@ TEST_F(TCimHTTPClassMembership, AReferenceIsRefusedBeforeItsNameIsLookedAt) {
 TEST_F(TCimHTTPClassMembership, WithoutAConnectionACommitAttachesTheClassToTheSuperclassGiven) {
     class_->Commit(TContext());
     EXPECT_EQ(StatusOf([&] { Allocate(namespace_, "x_fan")->Commit(TContext()); }), eVSKAlreadyExists);
-    const auto root = TNamespaceMembers::RootClass(*namespace_);
+    const auto root = namespace_->ForClasses().RootClass();
     EXPECT_EQ(SubclassesOf(*root), Names{"X_Fan"});
     const Class small =
         boost::dynamic_pointer_cast<TCimHTTPClass>(namespace_->AllocateClass("X_Small", class_, TContext()));

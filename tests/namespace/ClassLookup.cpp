@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "connection/PegClient.h"
-#include "connection/TCimHTTPNamespace.h"
+#include "cimhttp/PegClient.h"
+#include "cimhttp/TCimHTTPNamespace.h"
 #include "model/TCimHTTPClass.h"
 #include "qelc/TQELCNamespace.h"
 #include "tests/support/Declarations.h"

@@ -2,7 +2,7 @@
 
 #include <clocale>
 
-#include "connection/TCimHTTPNamespace.h"
+#include "cimhttp/TCimHTTPNamespace.h"
 #include "tests/support/RecordingLogger.h"
 #include "vskcore/TVSKException.h"
 

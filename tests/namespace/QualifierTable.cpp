@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "connection/TCimHTTPNamespace.h"
+#include "cimhttp/TCimHTTPNamespace.h"
 #include "model/TCimHTTPQualifierDecl.h"
 #include "tests/support/PluginTest.h"
 #include "tests/support/TCimHTTPNamespaceTestAccess.h"

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "connection/TCimHTTPNamespace.h"
-#include "provider/TCimHTTPNamespaceProvider.h"
+#include "cimhttp/TCimHTTPNamespace.h"
+#include "cimhttp/TCimHTTPNamespaceProvider.h"
 #include "qelc/TQELCNamespace.h"
 #include "tests/support/Declarations.h"
 #include "tests/support/PluginTest.h"

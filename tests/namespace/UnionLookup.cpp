@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "connection/TCimHTTPNamespace.h"
+#include "cimhttp/TCimHTTPNamespace.h"
 #include "qelc/TQELCNamespace.h"
 #include "tests/support/Declarations.h"
 #include "tests/support/PluginTest.h"

@@ -1,4 +1,4 @@
-#include "provider/TCimHTTPNamespaceProvider.h"
+#include "cimhttp/TCimHTTPNamespaceProvider.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <stdexcept>
 #include <vector>
 
-#include "connection/TCimHTTPNamespace.h"
+#include "cimhttp/TCimHTTPNamespace.h"
 #include "tests/support/PluginTest.h"
 #include "tests/support/StatusOf.h"
 #include "vskcore/INamespaceProviderManager.h"

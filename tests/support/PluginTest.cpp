@@ -1,8 +1,8 @@
 #include "tests/support/PluginTest.h"
 
-#include "connection/TCimHTTPNamespace.h"
-#include "connection/Waiting.h"
-#include "provider/TCimHTTPNamespaceProvider.h"
+#include "cimhttp/TCimHTTPNamespace.h"
+#include "cimhttp/TCimHTTPNamespaceProvider.h"
+#include "connection/client/Waiting.h"
 #include "qelc/TQELCNamespace.h"
 #include "tests/support/TCimHTTPNamespaceTestAccess.h"
 #include "union/TUnionNamespace.h"
@@ -10,12 +10,6 @@
 #include "vskcore/THostSetup.h"
 
 namespace NQELVSK20 {
-
-namespace {
-
-constexpr unsigned int kConnectTimeoutMs = 65535000;
-
-}  // namespace
 
 PluginTest::PluginTest() : common_(new TQELCNamespace), union_(new TUnionNamespace) {
     common_->SetUpcallNamespace(union_, TContext());

@@ -3,7 +3,7 @@
 #include <initializer_list>
 #include <string>
 
-#include "connection/PegClient.h"
+#include "cimhttp/PegClient.h"
 #include "tests/support/TestMachine.h"
 
 namespace NQELVSK20 {

@@ -4,7 +4,9 @@
 #include <utility>
 #include <vector>
 
-#include "connection/TCimHTTPNamespace.h"
+#include "cimhttp/TCimHTTPNamespace.h"
+#include "connection/client/HypervisorDetection.h"
+#include "connection/client/Nodes.h"
 
 namespace NQELVSK20 {
 
@@ -12,7 +14,7 @@ namespace NQELVSK20 {
 class TCimHTTPNamespaceTestAccess {
 public:
     /// The detection runs once a process; a test wants it anew, or out of its way.
-    static void SetDetectionDone(bool done) { TCimHTTPNamespace::detectionDone_ = done; }
+    static void SetDetectionDone(bool done) { HypervisorDetectionDone() = done; }
 
     static void CheckIsESXi5(TCimHTTPNamespace& nameSpace) { nameSpace.CheckIsESXi5(); }
 
@@ -29,16 +31,16 @@ public:
     }
 
     static const std::vector<std::string>& Hosts(const TCimHTTPNamespace& nameSpace) {
-        return nameSpace.hosts_;
+        return nameSpace.SavedCredentials().hosts;
     }
     static const std::vector<std::string>& Users(const TCimHTTPNamespace& nameSpace) {
-        return nameSpace.users_;
+        return nameSpace.SavedCredentials().users;
     }
     static const std::vector<std::string>& Passwords(const TCimHTTPNamespace& nameSpace) {
-        return nameSpace.passwords_;
+        return nameSpace.SavedCredentials().passwords;
     }
-    static unsigned int Port(const TCimHTTPNamespace& nameSpace) { return nameSpace.port_; }
-    static bool IsMultiNode(const TCimHTTPNamespace& nameSpace) { return nameSpace.multiNode_; }
+    static unsigned int Port(const TCimHTTPNamespace& nameSpace) { return nameSpace.SavedCredentials().port; }
+    static bool IsMultiNode(const TCimHTTPNamespace& nameSpace) { return nameSpace.IsMultiNode(); }
 
     static void AddClass(TCimHTTPNamespace& nameSpace, boost::shared_ptr<TCimHTTPClass> cimClass) {
         nameSpace.AddClass(std::move(cimClass));

@@ -21,7 +21,7 @@ public:
         bool http = true;
         bool sampleData = true;  ///< The sample machine's data; false: empty repositories.
         std::optional<cimom::Credentials> credentials;
-        cimom::LocalOnlyRules localOnly;  ///< Which family of servers the nodes are like.
+        cimom::LocalOnlyRules localOnly;                  ///< Which family of servers the nodes are like.
         std::vector<cimom::Credentials> nodeCredentials;  ///< One a node, in node order; empty: the above.
     };
 

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace NQELVSK20 {
+
+/// One attempt of a node's client that failed.
+struct ClientFailure {
+    enum class Kind {
+        kCannotConnect,       ///< No connection could be opened.
+        kRefusedCredentials,  ///< The server does not take user and password, or asks for some.
+        kCimError,            ///< The server answered with a CIM error (DSP0200).
+        kTimeout,             ///< No answer in time.
+        kBroken               ///< Anything else: the connection was lost, or the answer is none.
+    };
+
+    std::size_t node = 0;   ///< Zero-based, in the order in which the nodes were connected.
+    std::string operation;  ///< As in the log, e.g. "EnumerateInstances", "HTTPSConnect".
+    std::string subject;    ///< The class, or the method, that was asked for; empty when connecting.
+    Kind kind = Kind::kBroken;
+    int code = 0;      ///< The CIM status code of a CIM error; 0 for the other kinds.
+    std::string text;  ///< The remote library's message.
+};
+
+/// Hears what becomes of the connections and requests of a namespace's nodes, while it happens and on the
+/// thread that it happens on. Must not call back into the namespace, and must not throw.
+class ClientObserver {
+public:
+    virtual ~ClientObserver() = default;
+
+    /// An attempt failed. False asks for no further one of this request, where the client would make another.
+    virtual bool AttemptFailed(const ClientFailure& failure) = 0;
+
+    /// The attempt after the one that failed so was answered.
+    virtual void Recovered(const ClientFailure& failure) = 0;
+
+    /// A connection to a node was opened, also a new one after a request's connection broke.
+    virtual void Connected(std::size_t node, bool isEncrypted) = 0;
+};
+
+}  // namespace NQELVSK20

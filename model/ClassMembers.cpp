@@ -1,0 +1,132 @@
+#include "model/ClassMembers.h"
+
+#include "namespace/names/Names.h"
+#include "provider/contract/Log.h"
+#include "provider/contract/Refuse.h"
+#include "vskcore/TVSKException.h"
+
+namespace NQELVSK20 {
+
+namespace {
+
+template <class TDeclarations>
+typename TDeclarations::mapped_type FindIn(const TDeclarations& declarations, const std::string& name) {
+    const auto entry = declarations.find(NormalizeName(name));
+    return entry == declarations.end() ? typename TDeclarations::mapped_type() : entry->second;
+}
+
+// An override carries the qualifier. Its lookup throws when it is absent; a host's declaration may also give
+// an empty pointer.
+void RequireOverride(const ICIMPropertyDecl& declaration) {
+    if (!declaration.GetQualifier("OVERRIDE", TContext())) {
+        Refuse(eVSKNotFound);
+    }
+}
+
+}  // namespace
+
+void ClassMembers::InsertProperty(const std::string& key,
+                                  const boost::shared_ptr<ICIMPropertyDecl>& declaration) {
+    properties_.emplace(key, declaration);
+}
+
+void ClassMembers::InsertReference(const std::string& key,
+                                   const boost::shared_ptr<ICIMPropertyDecl>& declaration,
+                                   const std::string& referencedClass) {
+    if (properties_.emplace(key, declaration).second) {
+        referencedClasses_[key] = referencedClass;
+    }
+}
+
+void ClassMembers::InsertMethod(const std::string& key,
+                                const boost::shared_ptr<ICIMMethodDecl>& declaration) {
+    methods_.emplace(key, declaration);
+}
+
+void ClassMembers::AddProperty(const ICIMClass& owner,
+                               const boost::shared_ptr<ICIMPropertyDecl>& declaration) {
+    const std::string& name = declaration->GetName(TContext());
+    const std::string& className = owner.GetName(TContext());
+    if (declaration->GetType(TContext()) == TCIMValue::TCIMType::eReference &&
+        !owner.IsAssociation(TContext())) {
+        Refuse(
+            eVSKReferenceNotAllowed, kLogError,
+            "TCimHTTP: Attempt to add reference property " + name + " to non-association class " + className);
+    }
+    const std::string key = NormalizeName(name);
+    try {
+        RequireOverride(*declaration);
+        RemoveOverridden(owner, key, *declaration);
+    } catch (const TVSKException& error) {
+        // An override of nothing is refused with the same status as what is no override: both are new.
+        if (error.GetStatusCode() != eVSKNotFound) {
+            Refuse(error.GetStatusCode(), kLogError,
+                   "TCimHTTP: Attempt define property " + name + " in class " + className +
+                       "failed. Reason = " + error.what());
+        }
+        MakeRoomForNew(owner, key, name);
+    }
+    properties_.emplace(key, declaration);
+}
+
+// The declaration that `declaration` overrides gives way once every check has passed.
+void ClassMembers::RemoveOverridden(const ICIMClass& owner, const std::string& key,
+                                    const ICIMPropertyDecl& declaration) {
+    const std::string attempt = "TCimHTTP: Attempt to override property " + declaration.GetName(TContext()) +
+                                " in class " + owner.GetName(TContext()) + ": ";
+    const auto stored = properties_.find(key);
+    if (stored == properties_.end()) {
+        Refuse(eVSKNotFound, kLogError, attempt + "property doesn't exist in base class");
+    }
+    if (stored->second->GetType(TContext()) != declaration.GetType(TContext())) {
+        Refuse(eVSKTypeMismatch, kLogError, attempt + "different types");
+    }
+    if (stored->second->GetClass(TContext()).get() == &owner) {
+        Refuse(eVSKAlreadyExists, kLogError, attempt + "original was defined in this class");
+    }
+    Remove(stored);
+}
+
+void ClassMembers::MakeRoomForNew(const ICIMClass& owner, const std::string& key,
+                                  const std::string& propertyName) {
+    const auto stored = properties_.find(key);
+    if (stored == properties_.end()) {
+        return;
+    }
+    // Port types are declared again by each layer of the host's schema; the last one is the one that counts.
+    if (propertyName.find("PortType") == std::string::npos) {
+        Refuse(eVSKAlreadyExists, kLogError,
+               "TCimHTTP: Attempt to add property " + propertyName + " to class " +
+                   owner.GetName(TContext()) + ": already exists");
+    }
+    Remove(stored);
+}
+
+void ClassMembers::Remove(Properties::const_iterator property) {
+    referencedClasses_.erase(property->first);
+    properties_.erase(property);
+}
+
+void ClassMembers::AddMethod(const ICIMClass& owner, const boost::shared_ptr<ICIMMethodDecl>& declaration) {
+    const std::string& name = declaration->GetName(TContext());
+    if (!methods_.emplace(NormalizeName(name), declaration).second) {
+        Refuse(eVSKAlreadyExists, kLogError,
+               "TCimHTTP: Attempt to add method " + name + " to class " + owner.GetName(TContext()) +
+                   ": already exists");
+    }
+}
+
+boost::shared_ptr<ICIMPropertyDecl> ClassMembers::FindProperty(const std::string& name) const {
+    return FindIn(properties_, name);
+}
+
+boost::shared_ptr<ICIMMethodDecl> ClassMembers::FindMethod(const std::string& name) const {
+    return FindIn(methods_, name);
+}
+
+std::string ClassMembers::ReferencedClass(const std::string& key) const {
+    const auto entry = referencedClasses_.find(key);
+    return entry == referencedClasses_.end() ? std::string() : entry->second;
+}
+
+}  // namespace NQELVSK20

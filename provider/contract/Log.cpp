@@ -1,0 +1,16 @@
+#include "provider/contract/Log.h"
+
+#include "vskcore/ILogger.h"
+#include "vskcore/TRootObject.h"
+
+namespace NQELVSK20 {
+
+void LogError(const std::string& text) {
+    TRootObject::GetCoreLogger()->Log(kLogError, text);
+}
+
+void LogTrace(const std::string& text) {
+    TRootObject::GetCoreLogger()->Log(kLogTrace, text);
+}
+
+}  // namespace NQELVSK20
