@@ -88,10 +88,8 @@ std::optional<TCIMValue> ToReal(const std::string& text) {
     return ReadsWhole(digits, real) ? std::optional<TCIMValue>(TCIMValue(real)) : std::nullopt;
 }
 
-std::optional<TCIMValue> ToBoolean(std::string text) {
-    for (char& c : text) {
-        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    }
+std::optional<TCIMValue> ToBoolean(const std::string& written) {
+    const std::string text = LowerCase(written);
     if (text != "true" && text != "false") {
         return std::nullopt;
     }

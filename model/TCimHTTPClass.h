@@ -9,7 +9,7 @@
 
 #include "model/ClassMembers.h"
 #include "model/InstanceCollection.h"
-#include "model/TQualifierSet.h"
+#include "model/QualifierSet.h"
 #include "vskcore/ICIMClass.h"
 #include "vskcore/ICIMNamedElement.h"
 
@@ -202,7 +202,7 @@ private:
     std::string name_;
     boost::weak_ptr<ICIMClass> superclass_;  // set by Initialize, and so the mark that it ran
     bool isInNamespace_ = true;              // until LeaveNamespace
-    TQualifierSet qualifiers_;
+    QualifierSet qualifiers_;
     ClassMembers members_;
     std::map<std::string, boost::shared_ptr<ICIMNamedElement>>
         memberEntries_;  // hosts may ask for it; nothing fills it

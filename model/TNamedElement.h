@@ -4,7 +4,7 @@
 #include <boost/shared_ptr.hpp>
 #include <string>
 
-#include "model/TQualifierSet.h"
+#include "model/QualifierSet.h"
 
 namespace NQELVSK20 {
 
@@ -46,7 +46,7 @@ private:
     virtual boost::shared_ptr<ICIMNamespace> OwnNamespace() const = 0;
 
     std::string name_;
-    TQualifierSet qualifiers_;
+    QualifierSet qualifiers_;
 };
 
 }  // namespace NQELVSK20

@@ -1,17 +1,12 @@
 #include "namespace/names/Names.h"
 
-#include <algorithm>
-
 #include "provider/contract/Log.h"
+#include "provider/contract/PegText.h"
 #include "provider/contract/Refuse.h"
 
 namespace NQELVSK20 {
 
 namespace {
-
-char LowerCase(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
 
 bool IsNameStart(char c) {
     return (c >= 'a' && c <= 'z') || c == '_';
@@ -23,17 +18,15 @@ bool IsNamePart(char c) {
 
 }  // namespace
 
-std::string LowerCase(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(), [](char c) { return LowerCase(c); });
-    return text;
-}
-
+// One pass: this runs for every name that is looked up.
 std::string NormalizeName(const std::string& name) {
-    std::string normalized = LowerCase(name);
-    const bool isName = normalized.empty() || (IsNameStart(normalized.front()) &&
-                                               std::all_of(normalized.begin(), normalized.end(), IsNamePart));
-    if (!isName) {
-        Refuse(eVSKInvalidName, kLogError, "CimHTTP: CIM name '" + name + "' is invalid");
+    std::string normalized = name;
+    for (std::size_t i = 0; i < normalized.size(); ++i) {
+        char& c = normalized[i];
+        c = LowerCase(c);
+        if (!(i == 0 ? IsNameStart(c) : IsNamePart(c))) {
+            Refuse(eVSKInvalidName, kLogError, "CimHTTP: CIM name '" + name + "' is invalid");
+        }
     }
     return normalized;
 }

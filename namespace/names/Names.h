@@ -20,8 +20,4 @@ std::string NormalizeName(const std::string& name);
 bool EqualByName(const std::string& left, const std::string& right);
 bool LessByName(const std::string& left, const std::string& right);
 
-/// `text` with the ASCII letters in lower case, whatever locale the host has set: CIM identifiers are not
-/// language.
-std::string LowerCase(std::string text);
-
 }  // namespace NQELVSK20

@@ -8,6 +8,20 @@
 
 namespace NQELVSK20 {
 
+/// An ASCII letter in lower case, whatever locale the host has set: what CIM compares without regard to case
+/// is not language. Any other character as it is.
+inline char LowerCase(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+/// The same for every character of a text.
+inline std::string LowerCase(std::string text) {
+    for (char& c : text) {
+        c = LowerCase(c);
+    }
+    return text;
+}
+
 /// Text of the remote library as UTF-8.
 inline std::string ToText(const Pegasus::String& text) {
     return static_cast<const char*>(text.getCString());

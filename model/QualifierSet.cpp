@@ -1,4 +1,4 @@
-#include "model/TQualifierSet.h"
+#include "model/QualifierSet.h"
 
 #include <boost/pointer_cast.hpp>
 #include <cassert>
@@ -23,8 +23,8 @@ bool AreIdentical(const ICIMQualifier& left, const ICIMQualifier& right) {
 
 }  // namespace
 
-void TQualifierSet::Add(boost::shared_ptr<ICIMQualifier> qualifier) {
-    auto own = Required(boost::dynamic_pointer_cast<TCimHTTPQualifier>(qualifier), "TQualifierSet::Add");
+void QualifierSet::Add(boost::shared_ptr<ICIMQualifier> qualifier) {
+    auto own = Required(boost::dynamic_pointer_cast<TCimHTTPQualifier>(qualifier), "QualifierSet::Add");
     const std::string key = NormalizeName(own->GetName(TContext()));
 
     const auto stored = qualifiers_.find(key);
@@ -38,7 +38,7 @@ void TQualifierSet::Add(boost::shared_ptr<ICIMQualifier> qualifier) {
     }
 }
 
-boost::shared_ptr<ICIMQualifier> TQualifierSet::Find(const std::string& name) const {
+boost::shared_ptr<ICIMQualifier> QualifierSet::Find(const std::string& name) const {
     const auto found = qualifiers_.find(NormalizeName(name));
     if (found == qualifiers_.end()) {
         return boost::shared_ptr<ICIMQualifier>();
@@ -46,7 +46,7 @@ boost::shared_ptr<ICIMQualifier> TQualifierSet::Find(const std::string& name) co
     return found->second;
 }
 
-void TQualifierSet::Enumerate(const ICIMNamedElement::QualifierCallback& callback) const {
+void QualifierSet::Enumerate(const ICIMNamedElement::QualifierCallback& callback) const {
     for (const auto& entry : qualifiers_) {
         if (!callback(entry.second)) {
             return;

@@ -12,7 +12,7 @@ class TCimHTTPQualifier;
 
 /// The qualifiers of one element, by normalised name, and the rule for adding one: the one place for
 /// classes, properties, methods and parameters alike. Shares ownership of the qualifiers.
-class TQualifierSet {
+class QualifierSet {
 public:
     /// Adds a qualifier, which must be one of this plug-in's. One of the same name that is there already
     /// gives way when its flavor allows overriding; else the new one is dropped when value and flavor are

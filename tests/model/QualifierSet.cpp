@@ -1,4 +1,4 @@
-#include "model/TQualifierSet.h"
+#include "model/QualifierSet.h"
 
 #include "model/TCimHTTPQualifier.h"
 #include "tests/model/ElementTest.h"
@@ -27,7 +27,7 @@ protected:
         return names;
     }
 
-    TQualifierSet set_;
+    QualifierSet set_;
 };
 
 TEST_F(QualifierSetTest, IsEmptyAtFirst) {
@@ -137,7 +137,7 @@ TEST_F(QualifierSetTest, RefusesMalformedNames) {
 }
 
 TEST_F(QualifierSetTest, NeedsAQualifier) {
-    ExpectMissingPointer(log_, "TQualifierSet::Add", [&] { set_.Add(boost::shared_ptr<ICIMQualifier>()); });
+    ExpectMissingPointer(log_, "QualifierSet::Add", [&] { set_.Add(boost::shared_ptr<ICIMQualifier>()); });
 }
 
 TEST_F(QualifierSetTest, NeedsAQualifierOfThisPlugin) {
@@ -150,7 +150,7 @@ TEST_F(QualifierSetTest, NeedsAQualifierOfThisPlugin) {
     const auto foreign = foreignClass->AllocatePropertyDecl("Speed", TCIMValue(1u), TContext())
                              ->AllocateQualifier("Key", TCIMValue(true), TContext());
     ASSERT_TRUE(foreign);
-    ExpectMissingPointer(log_, "TQualifierSet::Add", [&] { set_.Add(foreign); });
+    ExpectMissingPointer(log_, "QualifierSet::Add", [&] { set_.Add(foreign); });
 }
 
 }  // namespace
