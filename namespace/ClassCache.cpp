@@ -29,7 +29,7 @@ void ClassCache::Remember(const boost::shared_ptr<TCimHTTPClass>& cimClass) {
             std::remove_if(own_.begin(), own_.end(), [](const auto& known) { return known.expired(); }),
             own_.end());
     }
-    own_.push_back(cimClass);
+    own_.emplace_back(cimClass);
 }
 
 boost::shared_ptr<TCimHTTPClass> ClassCache::Add(const boost::shared_ptr<TCimHTTPClass>& cimClass) {
