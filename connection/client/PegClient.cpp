@@ -69,6 +69,7 @@ private:
     template <class TSend>
     Outcome Attempt(const TSend& send, ClientFailure& failure);
     bool MayTryAgain(const ClientFailure& failure);
+    void GiveUp(const ClientFailure& failure);
     ClientFailure FailureOf(const char* operation, const std::string& subject) const;
 
     /// How long the client library waits from now on, in milliseconds.
@@ -94,6 +95,13 @@ ClientFailure PegClient::Impl::FailureOf(const char* operation, const std::strin
 
 bool PegClient::Impl::MayTryAgain(const ClientFailure& failure) {
     return observer_ == nullptr || observer_->AttemptFailed(failure);
+}
+
+// A later request would show the server the same credentials again, and some lock an account that does.
+void PegClient::Impl::GiveUp(const ClientFailure& failure) {
+    if (failure.kind == Kind::kRefusedCredentials) {
+        Disconnect();
+    }
 }
 
 void PegClient::Impl::Remember(const std::string& host, const std::string& user,
@@ -190,7 +198,11 @@ void PegClient::Impl::Request(PegClient& self, const char* operation, const std:
             }
             return;
         }
-        if (!MayTryAgain(failure) || outcome == Outcome::kRefused) {
+        if (!MayTryAgain(failure)) {
+            GiveUp(failure);
+            return;
+        }
+        if (outcome == Outcome::kRefused) {
             return;
         }
         if (outcome == Outcome::kTimedOut) {

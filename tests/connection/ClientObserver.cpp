@@ -330,6 +330,21 @@ TEST_F(ClientObserverTest, AVetoLeavesRefusedCredentialsWithOneLogin) {
     EXPECT_TRUE(pauses_.empty());
 }
 
+TEST_F(ClientObserverTest, NoLaterRequestLogsInAgainAfterAVeto) {
+    TestMachine machine(Guarded());
+    ASSERT_TRUE(ConnectPlainly(machine, "wrong"));
+    observer_.allowed_ = 0;
+    for (const ObservedRequest& request : ObservedRequests()) {
+        request.send(client_);
+    }
+    EXPECT_EQ(LoginsSeen(machine), 1U);
+    EXPECT_EQ(observer_.failures_.size(), 1U);
+    client_.Disconnect();
+    ASSERT_TRUE(ConnectPlainly(machine, "secret"));
+    GetClass();
+    EXPECT_EQ(observer_.failures_.size(), 1U) << "it can be connected anew";
+}
+
 TEST_F(ClientObserverTest, AVetoOfTheSecondAttemptsFailureOpensNoConnection) {
     TestMachine machine;
     ASSERT_TRUE(ConnectPlainly(machine));

@@ -29,7 +29,8 @@ class ClientObserver {
 public:
     virtual ~ClientObserver() = default;
 
-    /// An attempt failed. False asks for no further one of this request, where the client would make another.
+    /// An attempt failed. False asks for no further one of this request, where the client would make another;
+    /// a client whose credentials were refused then disconnects, so that no later request shows them again.
     virtual bool AttemptFailed(const ClientFailure& failure) = 0;
 
     /// The attempt after the one that failed so was answered.
