@@ -79,6 +79,7 @@ void Nodes::DisconnectAllBut(const Nodes& kept) {
                                         [&](const auto& other) { return other.begin()->second == client; });
         if (!isKept) {
             client->Disconnect();
+            client->SetObserver(nullptr);
         }
     }
 }

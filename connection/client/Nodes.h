@@ -47,7 +47,7 @@ public:
     /// Disconnects every node and forgets all but the first.
     void Disconnect();
 
-    /// Disconnects the nodes whose clients `kept` does not share.
+    /// Disconnects the nodes whose clients `kept` does not share; nobody observes those any more.
     void DisconnectAllBut(const Nodes& kept);
 
     /// In milliseconds, for every node's client.

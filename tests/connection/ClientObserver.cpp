@@ -418,5 +418,16 @@ TEST_F(ClientObserverTest, HearsNothingOfTheFirstNodesClientWhenItsNamespaceHasE
     EXPECT_EQ(observer_.events_, Events());
 }
 
+TEST_F(ClientObserverTest, HearsNothingOfAClientThatItsNamespaceGaveUpForAnothers) {
+    const auto nameSpace = MakeNamespace();
+    const auto other = MakeNamespace();
+    nameSpace->ObserveClients(&observer_);
+    PegClient* const givenUp = nameSpace->getPegClient();
+    *nameSpace = *other;
+    nameSpace->ObserveClients(nullptr);
+    EXPECT_FALSE(givenUp->HTTPConnect(TestMachine::AddressOf(0), "", "", 5988));
+    EXPECT_EQ(observer_.events_, Events());
+}
+
 }  // namespace
 }  // namespace NQELVSK20
