@@ -1,39 +1,40 @@
 #pragma once
 
-#include <optional>
+#include <cstddef>
 #include <string>
 #include <vector>
 
-#include "tools/ConnectReport.h"
 #include "tools/Node.h"
 
 namespace tool {
 
-/// The machine that is asked: its nodes, and how each is reached once they are connected.
+/// The machine that is asked: its nodes, and how each is reached.
 class Machine {
 public:
-    explicit Machine(std::vector<Node> nodes) : nodes_(std::move(nodes)) {}
+    /// How a node is reached, and why not otherwise.
+    struct Link {
+        std::string httpsFailure;  ///< Empty: not tried, or it went well.
+        std::string httpFailure;
+        bool reached = false;
+        bool overHttps = false;  ///< The protocol in use; has a meaning for a node that was reached.
+
+        /// Both, with a blank between.
+        std::string failures() const;
+    };
+
+    explicit Machine(std::vector<Node> nodes) : nodes_(std::move(nodes)), links_(nodes_.size()) {}
 
     const std::vector<Node>& nodes() const { return nodes_; }
+    Link& link(std::size_t node) { return links_.at(node); }
+    const Link& link(std::size_t node) const { return links_.at(node); }
 
-    void setOutcomes(std::vector<ConnectReport::Outcome> outcomes) { outcomes_ = std::move(outcomes); }
-
-    /// A node for messages: HOST:PORT, or HOST alone before it is connected; with its number when there are
-    /// several. No node: one of them.
-    std::string where(std::optional<std::size_t> node) const;
-
-    /// The node whose address, with the port of HTTPS, stands in a message; none when no node's does.
-    std::optional<std::size_t> nodeNamedIn(const std::string& message) const;
-
-    /// Whether a node is reached over HTTPS; false before it is connected.
-    bool isOverHttps(std::size_t node) const;
-
-    /// A node was connected anew, over the protocol told.
-    void setOverHttps(std::size_t node, bool overHttps);
+    /// A node for messages: HOST:PORT, or HOST alone before it is reached; with its number when there are
+    /// several.
+    std::string where(std::size_t node) const;
 
 private:
     std::vector<Node> nodes_;
-    std::vector<ConnectReport::Outcome> outcomes_;  // empty before the nodes are connected
+    std::vector<Link> links_;  // in node order
 };
 
 }  // namespace tool

@@ -22,6 +22,11 @@ void Notices::say(const std::string& text) {
     }
 }
 
+void Notices::fail(const std::string& text) {
+    ++failures_;
+    say(text);
+}
+
 void Notices::trace(const std::string& text) {
     write(text);
 }

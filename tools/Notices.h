@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <ostream>
 #include <set>
 #include <string>
@@ -18,6 +19,12 @@ public:
     /// A notice, with the program's name before it.
     void say(const std::string& text);
 
+    /// The same of a failure, which counts even when it was told before.
+    void fail(const std::string& text);
+
+    /// How many failures there were so far.
+    std::size_t failures() const { return failures_; }
+
     /// A line of the log as it stands, every time.
     void trace(const std::string& text);
 
@@ -27,6 +34,7 @@ private:
     std::ostream& error_;
     Progress& progress_;
     std::set<std::string> said_;
+    std::size_t failures_ = 0;
 };
 
 }  // namespace tool

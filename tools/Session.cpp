@@ -27,6 +27,7 @@ namespace tool {
 namespace {
 
 using namespace NQELVSK20;
+using Wanted = ClientListener::Wanted;
 
 constexpr std::size_t kEmbeddedNodes = 3;
 constexpr const char* kProviderName = "cimhttp";
@@ -56,8 +57,6 @@ template <typename CALL>
 std::optional<std::string> complaintAbout(const CALL& call) {
     try {
         call();
-    } catch (const CredentialsRefused&) {
-        // The logger keeps it: some of the plug-in's operations swallow exceptions.
     } catch (const TVSKException& error) {
         return error.what();
     } catch (const Pegasus::Exception& error) {
@@ -72,7 +71,8 @@ Session::Session(const Options& options, Notices& notices, Progress& progress)
     : options_(options),
       notices_(notices),
       machine_(nodesToAsk()),
-      logger_(machine_, notices, progress, options.verbose) {
+      logger_(notices, options.verbose),
+      listener_(machine_, notices, progress) {
     setUpHost();
 }
 
@@ -134,22 +134,20 @@ boost::shared_ptr<TCimHTTPNamespace> Session::allocateNamespace() {
 
 void Session::connect() {
     nameSpace_ = allocateNamespace();
-    ConnectReport& report = logger_.beginConnect();
-    try {
+    nameSpace_->ObserveClients(&listener_);
+    listener_.beginConnect();
+    const auto complaint = complaintAbout([&] {
+        // The plug-in tells in its trace alone what is wrong with a name.
+        const Pegasus::CIMNamespaceName name(options_.nameSpace.c_str());
         nameSpace_->Init();
         connectNodes();
-    } catch (const TVSKException&) {
-        throw Failure();  // said by the logger
-    } catch (const CredentialsRefused& refusal) {
-        report.finish(options_.transport);
-        machine_.setOutcomes(report.outcomes());
-        reportRefusal(refusal);
+    });
+    if (complaint) {
+        throw Failure(*complaint);
     }
-    report.finish(options_.transport);
-    machine_.setOutcomes(report.outcomes());
-    logger_.beginQuestion({});
-    reportConnection(report);
-    if (!report.outcomes().front().reached) {
+    requireFirstNode();
+    listener_.endConnect();
+    if (!machine_.link(0).reached) {
         throw Failure(machine_.nodes().size() == 1
                           ? ""
                           : "definitions, names and methods come from the first node: "
@@ -182,78 +180,37 @@ void Session::connectNodes() {
     }
 }
 
-void Session::reportConnection(const ConnectReport& report) {
-    for (std::size_t i = 0; i < report.outcomes().size(); ++i) {
-        const ConnectReport::Outcome& outcome = report.outcomes()[i];
-        const std::string where = machine_.where(i);
-        if (!outcome.reached) {
-            logger_.fail(where + ": cannot connect: " + outcome.httpsFailure +
-                         (outcome.httpsFailure.empty() || outcome.httpFailure.empty() ? "" : " ") +
-                         outcome.httpFailure);
-        } else if (!outcome.httpsFailure.empty()) {
-            notices_.say(where + ": connected over HTTP, without encryption: HTTPS is not offered");
-        }
+template <typename CALL>
+void Session::ask(Wanted wanted, const std::string& subject, const CALL& call) {
+    listener_.beginQuestion(wanted, subject);
+    if (const auto complaint = complaintAbout(call)) {
+        throw Failure(subject + ": " + *complaint);
     }
 }
 
 template <typename CALL>
-void Session::ask(const std::string& subject, const CALL& call) {
-    logger_.beginQuestion(subject);
-    const std::optional<std::string> complaint = complaintAbout(call);
-    logger_.endQuestion();
-    if (complaint) {
-        throw Failure(subject + ": " + *complaint);
-    }
-    if (logger_.refusal()) {
-        reportRefusal(*logger_.refusal());
-    }
+void Session::askFirstNode(Wanted wanted, const std::string& subject, const CALL& call) {
+    ask(wanted, subject, call);
+    requireFirstNode();
 }
 
-void Session::reportRefusal(CredentialsRefused refusal) {
-    if (!refusal.node) {
-        refusal.node = findRefusingNode();
+void Session::requireFirstNode() const {
+    if (listener_.isRefusedBy(0)) {
+        throw Failure();  // said by the listener
     }
-    const std::string user = refusal.node ? machine_.nodes()[*refusal.node].user : std::string();
-    throw Failure(machine_.where(refusal.node) +
-                  (user.empty() ? ": asks for a user and a password: --user NAME or --node USER@HOST"
-                                : ": refuses user '" + user + "' with the password given"));
-}
-
-// The log does not tell every node from the others, so each is asked a small question alone.
-std::optional<std::size_t> Session::findRefusingNode() {
-    for (std::size_t i = 0; i < machine_.nodes().size(); ++i) {
-        if (refuses(i)) {
-            return i;
-        }
-    }
-    return std::nullopt;
-}
-
-bool Session::refuses(std::size_t node) {
-    const auto alone = allocateNamespace();
-    const Node& asked = machine_.nodes()[node];
-    logger_.forgetRefusal();
-    logger_.beginConnect();
-    try {
-        alone->Init();
-        alone->connect(asked.host, asked.user, asked.password);
-        std::vector<std::string> names;
-        alone->EnumerateClassNames(options_.nameSpace, {}, names, false);
-    } catch (const CredentialsRefused&) {
-        return true;
-    }
-    return false;
 }
 
 std::vector<std::string> Session::classNames(const std::string& className) {
     std::vector<std::string> names;
-    ask(className, [&] { nameSpace_->EnumerateClassNames(options_.nameSpace, className, names, false); });
+    askFirstNode(Wanted::kContent, className,
+                 [&] { nameSpace_->EnumerateClassNames(options_.nameSpace, className, names, false); });
     return names;
 }
 
 std::vector<std::string> Session::instanceNames(const std::string& className) {
     std::vector<std::string> names;
-    ask(className, [&] { nameSpace_->EnumerateInstanceNames(options_.nameSpace, className, names); });
+    askFirstNode(Wanted::kContent, className,
+                 [&] { nameSpace_->EnumerateInstanceNames(options_.nameSpace, className, names); });
     return names;
 }
 
@@ -267,17 +224,18 @@ std::string Session::whyNotOffered(const std::string& className) const {
 boost::shared_ptr<ICIMClass> Session::getClass(const std::string& className) {
     requireClassName(className);
     boost::shared_ptr<ICIMClass> found;
-    const std::size_t failuresBefore = logger_.failures();
-    ask(className, [&] { found = nameSpace_->GetClass(className, context()); });
+    const std::size_t failuresBefore = failures();
+    askFirstNode(Wanted::kDefinition, className, [&] { found = nameSpace_->GetClass(className, context()); });
     if (!found) {
-        throw Failure(logger_.failures() != failuresBefore ? std::string() : whyNotOffered(className));
+        throw Failure(failures() != failuresBefore ? std::string() : whyNotOffered(className));
     }
     return found;
 }
 
 boost::shared_ptr<ICIMClass> Session::superclassOf(const ICIMClass& cimClass) {
     boost::shared_ptr<ICIMClass> superclass;
-    ask(cimClass.GetName(TContext()), [&] { superclass = cimClass.GetSuperClass(TContext()); });
+    askFirstNode(Wanted::kDefinition, cimClass.GetName(TContext()),
+                 [&] { superclass = cimClass.GetSuperClass(TContext()); });
     const bool isTop = !superclass || superclass->GetName(TContext()) == "<root>";
     return isTop ? nullptr : superclass;
 }
@@ -289,14 +247,15 @@ void Session::sayFailure(const std::exception& failure) {
 }
 
 void Session::walk(const std::string& className) {
-    ask(className, [&] {
+    askFirstNode(Wanted::kContent, className, [&] {
         nameSpace_->EnumerateInstances(*nameSpace_->getPegNSP(), Pegasus::CIMName(className.c_str()));
     });
 }
 
 void Session::enumerateInstances(ICIMClass& cimClass, bool deep,
                                  const ICIMInstance::InstanceCallback& callback) {
-    ask(cimClass.GetName(TContext()), [&] { cimClass.EnumerateInstances(callback, deep, TContext()); });
+    ask(Wanted::kContent, cimClass.GetName(TContext()),
+        [&] { cimClass.EnumerateInstances(callback, deep, TContext()); });
 }
 
 TCIMReference Session::reference(const std::string& path) const {
@@ -308,18 +267,19 @@ TCIMReference Session::reference(const std::string& path) const {
 boost::shared_ptr<ICIMInstance> Session::getInstance(const std::string& path) {
     boost::shared_ptr<ICIMInstance> instance;
     const TCIMReference wanted = reference(path);
-    ask(wanted.GetClassName(), [&] { instance = nameSpace_->GetInstance(wanted, context()); });
+    askFirstNode(Wanted::kContent, wanted.GetClassName(),
+                 [&] { instance = nameSpace_->GetInstance(wanted, context()); });
     return instance;
 }
 
 Session::MethodResult Session::invoke(ICIMClass& cimClass, const std::string& path, const std::string& method,
                                       const TContext& inputs) {
     MethodResult result;
-    const std::size_t failuresBefore = logger_.failures();
-    ask(method, [&] {
+    const std::size_t failuresBefore = failures();
+    askFirstNode(Wanted::kContent, method, [&] {
         cimClass.InvokeMethod(result.value, reference(path), method, inputs, result.outputs, context());
     });
-    if (logger_.failures() != failuresBefore) {
+    if (failures() != failuresBefore) {
         throw Failure();
     }
     return result;

@@ -1,12 +1,13 @@
 #pragma once
 
 #include <boost/shared_ptr.hpp>
+#include <cstddef>
 #include <exception>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
+#include "tools/ClientListener.h"
 #include "tools/ConsoleLogger.h"
 #include "tools/EmbeddedMachine.h"
 #include "tools/Machine.h"
@@ -27,10 +28,11 @@ class TCimHTTPNamespace;
 namespace tool {
 
 /// The host around the plug-in: loads its provider, has a namespace allocated and connected to the machine's
-/// nodes, and passes questions on. Failures on the way are said on standard error by its logger.
+/// nodes, and passes questions on. Failures on the way are said on standard error.
 ///
-/// One session a process: the plug-in and the host's services are process-wide. Every operation throws
-/// Failure when a server refuses user or password.
+/// One session a process: the plug-in and the host's services are process-wide. Every operation but
+/// enumerateInstances throws Failure when the first node refuses user or password; what another one refuses
+/// costs its own part of the answer.
 class Session {
 public:
     /// What `options` says: the nodes with their passwords, or the embedded machine. Throws UsageError when
@@ -87,8 +89,10 @@ public:
 
     const std::string& nameSpaceName() const { return options_.nameSpace; }
     const Machine& machine() const { return machine_; }
-    bool hasFailed() const { return logger_.hasFailed(); }
-    const ConsoleLogger& logger() const { return logger_; }
+    bool hasFailed() const { return failures() != 0; }
+
+    /// Errors and remote failures that were said so far.
+    std::size_t failures() const { return notices_.failures(); }
 
 private:
     std::vector<Node> nodesToAsk();
@@ -96,22 +100,22 @@ private:
     void setUpHost();
     boost::shared_ptr<NQELVSK20::TCimHTTPNamespace> allocateNamespace();
     void connectNodes();
-    void reportConnection(const ConnectReport& report);
-    [[noreturn]] void reportRefusal(CredentialsRefused refusal);
-    std::optional<std::size_t> findRefusingNode();
-    bool refuses(std::size_t node);
+    void requireFirstNode() const;
     std::string whyNotOffered(const std::string& className) const;
     NQELVSK20::TContext context() const;
 
     template <typename CALL>
-    void ask(const std::string& subject, const CALL& call);
+    void ask(ClientListener::Wanted wanted, const std::string& subject, const CALL& call);
+    template <typename CALL>
+    void askFirstNode(ClientListener::Wanted wanted, const std::string& subject, const CALL& call);
 
     const Options options_;
     Notices& notices_;
     std::unique_ptr<EmbeddedMachine> embedded_;  // null when nodes were named
     Machine machine_;
     ConsoleLogger logger_;
-    boost::shared_ptr<NQELVSK20::TCimHTTPNamespace> nameSpace_;  // goes before the logger and the machine
+    ClientListener listener_;
+    boost::shared_ptr<NQELVSK20::TCimHTTPNamespace> nameSpace_;  // goes before logger, listener and machine
 };
 
 }  // namespace tool

@@ -106,6 +106,27 @@ TEST(Retries, ANodeThatAnswersAtTheSecondAttemptDoesNotFailTheCommand) {
                                    EndsWith("; the second attempt was answered\n")));
 }
 
+TEST(Retries, NodesThatFailOnceEachWhileAClassIsBuiltAreToldApart) {
+    TestMachine machine(3);
+    for (const std::size_t node : {std::size_t{1}, std::size_t{2}}) {
+        cimom::Fault fault = brokenOnce("GetClass", "OMC_UnitaryComputerSystem");
+        fault.address = machine.Host(node);
+        machine.Server().inject(fault);
+    }
+    const Outcome outcome =
+        run(asking(machine, {"--format", "json", "instances", "OMC_UnitaryComputerSystem"}));
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(nlohmann::json::parse(outcome.out).size(), 3U);
+    const auto lines = linesOf(outcome.err);
+    ASSERT_EQ(lines.size(), 2U) << outcome.err;
+    for (std::size_t node = 1; node < 3; ++node) {
+        EXPECT_THAT(lines[node - 1],
+                    AllOf(StartsWith("cimhttp: node " + std::to_string(node + 1) + " (" + machine.Host(node) +
+                                     ":5989): definition of class OMC_UnitaryComputerSystem: "),
+                          EndsWith("; the second attempt was answered")));
+    }
+}
+
 TEST(Retries, AConnectionThatComesBackOverHttpIsTold) {
     TestMachine machine(1);
     machine.Server().inject(brokenOnce("EnumerateClassNames"));

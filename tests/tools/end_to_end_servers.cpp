@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "tests/support/TestMachine.h"
@@ -34,6 +35,15 @@ std::vector<std::string> nodesOf(const TestMachine& machine, std::vector<std::st
     }
     arguments.insert(arguments.end(), rest.begin(), rest.end());
     return arguments;
+}
+
+std::size_t loginsSeen(TestMachine& machine, std::size_t node) {
+    const auto requests = machine.Server().requests();
+    return static_cast<std::size_t>(
+        std::count_if(requests.begin(), requests.end(), [&](const cimom::SeenRequest& request) {
+            return request.address == machine.Host(node) &&
+                   request.head.find("\r\nAuthorization: ") != std::string::npos;
+        }));
 }
 
 }  // namespace
@@ -207,6 +217,7 @@ TEST(Passwords, AWrongOneEndsInOneLineThatShowsItNot) {
     EXPECT_EQ(outcome.out, "");
     EXPECT_EQ(outcome.err,
               "cimhttp: " + machine.Host(0) + ":5989: refuses user 'admin' with the password given\n");
+    EXPECT_EQ(loginsSeen(machine, 0), 1U);
 }
 
 TEST(Passwords, AMissingUserIsAskedForInOneLine) {
@@ -217,15 +228,35 @@ TEST(Passwords, AMissingUserIsAskedForInOneLine) {
                                ":5988: asks for a user and a password: --user NAME or --node USER@HOST\n");
 }
 
-TEST(Passwords, TheNodeThatRefusesIsNamed) {
+TEST(Passwords, ANodeThatRefusesThemIsNamedAndCostsItsOwnRowsOnly) {
     TestMachine machine(guarded(3));
     const TemporaryFile file(kPassword + "\nwr0ng-guess\n" + kPassword + "\n");
-    const Outcome outcome = run(nodesOf(machine, {"--user", "admin", "--password-file", file.path(),
-                                                  "instances", "OMC_UnitaryComputerSystem"}));
+    const Outcome outcome = run(nodesOf(machine, {"--format", "json", "--user", "admin", "--password-file",
+                                                  file.path(), "instances", "OMC_UnitaryComputerSystem"}));
     EXPECT_EQ(outcome.status, 1);
-    ASSERT_EQ(linesOf(outcome.err).size(), 1U) << outcome.err;
-    EXPECT_THAT(outcome.err,
-                StartsWith("cimhttp: node 2 (" + machine.Host(1) + ":5989): refuses user 'admin'"));
+    const auto instances = nlohmann::json::parse(outcome.out);
+    ASSERT_EQ(instances.size(), 2U);
+    EXPECT_EQ(instances[0]["node"], "1");
+    EXPECT_EQ(instances[1]["node"], "3");
+    EXPECT_EQ(outcome.err, "cimhttp: node 2 (" + machine.Host(1) +
+                               ":5989): refuses user 'admin' with the password given\n");
+    EXPECT_EQ(loginsSeen(machine, 1), 1U);
+}
+
+TEST(Passwords, TheFirstNodeThatRefusesThemEndsTheCommand) {
+    TestMachine machine(guarded(2));
+    const TemporaryFile file("wr0ng-guess\n" + kPassword + "\n");
+    for (const char* command : {"classes", "instances", "names", "tree", "class"}) {
+        machine.ClearRequests();
+        const Outcome outcome =
+            run(nodesOf(machine, {"--format", "json", "--user", "admin", "--password-file", file.path(),
+                                  command, "OMC_UnitaryComputerSystem"}));
+        EXPECT_EQ(outcome.status, 1) << command;
+        EXPECT_EQ(outcome.out, "") << command;
+        EXPECT_EQ(outcome.err, "cimhttp: node 1 (" + machine.Host(0) +
+                                   ":5989): refuses user 'admin' with the password given\n");
+        EXPECT_EQ(loginsSeen(machine, 0), 1U) << command;
+    }
 }
 
 TEST(Passwords, AreNeverShown) {

@@ -28,16 +28,6 @@ std::vector<std::string> declaredColumns(const std::vector<std::string>& columns
     return declared;
 }
 
-void sayLeftOut(const CommandContext& context) {
-    std::string names;
-    for (const std::string& name : context.session.logger().undeclaredProperties()) {
-        names += (names.empty() ? "" : ", ") + name;
-    }
-    if (!names.empty()) {
-        context.notices.say("left out, since the class of the instances does not declare them: " + names);
-    }
-}
-
 // The plug-in goes down to the subclasses that it knows, and it knows those that were fetched.
 void fetchSubclasses(const CommandContext& context, const std::string& className,
                      std::set<std::string, NameLess>& seen) {
@@ -57,6 +47,7 @@ void fetchSubclasses(const CommandContext& context, const std::string& className
 
 std::size_t print(const CommandContext& context, NQELVSK20::ICIMClass& cimClass, InstancePrinter& printer) {
     std::size_t count = 0;
+    context.progress.showNow("asking for instances of " + context.options.className);
     const auto isEnough = [&] { return context.options.limit && count >= *context.options.limit; };
     context.session.enumerateInstances(
         cimClass, context.options.deep, [&](const boost::shared_ptr<ICIMInstance>& instance) {
@@ -87,7 +78,6 @@ bool runInstances(const CommandContext& context) {
     const auto printer = makeInstancePrinter(context.options.format,
                                              {context.output, schemas, schema, columns, terminal::width()});
     const std::size_t count = print(context, *cimClass, *printer);
-    sayLeftOut(context);
     return count != 0 || nothingFound(context, "there are no instances of " + className);
 }
 

@@ -43,9 +43,9 @@ bool isPath(const std::string& name, const std::string& path, const std::string&
 // Whether the first node's server has an instance of just that path.
 bool isServersOwn(const std::string& path, const std::string& className, const ClassSchema& schema,
                   Session& session) {
-    const std::size_t failuresBefore = session.logger().failures();
+    const std::size_t failuresBefore = session.failures();
     const std::vector<std::string> names = session.instanceNames(className);
-    if (session.logger().failures() != failuresBefore) {
+    if (session.failures() != failuresBefore) {
         throw Failure();  // said; a method is not run on a guess
     }
     return std::any_of(names.begin(), names.end(),

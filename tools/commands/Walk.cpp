@@ -32,6 +32,7 @@ using Counts = std::map<std::string, Count>;  // by node
 Counts countInstances(const CommandContext& context, NQELVSK20::ICIMClass& cimClass) {
     Counts counts;
     std::size_t read = 0;
+    context.progress.showNow("asking for instances of " + context.options.className);
     context.session.enumerateInstances(cimClass, false, [&](const boost::shared_ptr<ICIMInstance>& instance) {
         const InstanceView view(*instance);
         counts[view.node].add({1, view.properties.size()});
