@@ -16,8 +16,6 @@
 namespace NQELVSK20 {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 using ::testing::StartsWith;
 using Kind = ClientFailure::Kind;
 using Events = std::vector<std::string>;
@@ -376,8 +374,8 @@ TEST_F(ClientObserverTest, HearsOfTheNodesThatAreConnectedLater) {
     nameSpace->disconnect();
     observer_.events_.clear();
     ConnectTo(*nameSpace, machine);
-    EXPECT_THAT(observer_.events_,
-                ElementsAre("connected 0 encrypted", "connected 1 encrypted", "connected 2 encrypted"));
+    EXPECT_EQ(observer_.events_,
+              (Events{"connected 0 encrypted", "connected 1 encrypted", "connected 2 encrypted"}));
 }
 
 TEST_F(ClientObserverTest, IsToldTheNodeOfANamespaceThatFailed) {
