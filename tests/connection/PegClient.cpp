@@ -198,17 +198,22 @@ private:
     rlimit before_{};
 };
 
-// Some go to the bundled library's event loop before it comes to the socket: none of them may be missed.
 TEST_P(PegClientConnectTest, SocketThatCannotBeMadeIsLogged) {
-    const std::string host = TestMachine::AddressOf(0);
-    for (rlim_t left = 0; left < 3; ++left) {
+    const DescriptorLimit limit(0);
+    EXPECT_FALSE(GetParam().connect(client_, TestMachine::AddressOf(0), ""));
+    EXPECT_EQ(log_.Lines(), (Lines{{3, Failure("CannotCreateSocketException") + "Cannot create socket"}}));
+}
+
+// The bundled library's event loop takes some before it comes to the socket, OpenPegasus' client none:
+// whichever step fails for want of one, it is logged and leaves no exception.
+TEST_P(PegClientConnectTest, LackOfDescriptorsIsLoggedWhereverItIsMet) {
+    for (rlim_t left = 1; left < 4; ++left) {
         log_.Clear();
         {
             const DescriptorLimit limit(left);
-            EXPECT_FALSE(GetParam().connect(client_, host, ""));
+            EXPECT_FALSE(GetParam().connect(client_, TestMachine::AddressOf(0), ""));
         }
-        EXPECT_EQ(log_.Lines(), (Lines{{3, Failure("CannotCreateSocketException") + "Cannot create socket"}}))
-            << left << " left";
+        EXPECT_EQ(log_.Lines().size(), 1U) << left << " left";
     }
 }
 
