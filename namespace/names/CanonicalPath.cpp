@@ -3,9 +3,6 @@
 #include <Pegasus/Common/CIMObjectPath.h>
 #include <Pegasus/Common/Exception.h>
 
-#include <algorithm>
-#include <vector>
-
 #include "namespace/names/Names.h"
 #include "provider/contract/PegText.h"
 
@@ -29,17 +26,11 @@ std::string CanonicalValue(const Pegasus::CIMKeyBinding& key) {
 
 std::string CanonicalForm(const Pegasus::CIMObjectPath& path) {
     const Pegasus::Array<Pegasus::CIMKeyBinding>& keys = path.getKeyBindings();
-    std::vector<std::string> parts;
-    for (Pegasus::Uint32 i = 0; i < keys.size(); ++i) {
+    std::string form = LowerCase(ToText(path.getClassName()));
+    for (Pegasus::Uint32 i = 0; i < keys.size(); ++i) {  // the remote library has sorted them by name
         const std::string value = CanonicalValue(keys[i]);
         // The length keeps a value from passing for the keys that follow it.
-        parts.push_back(LowerCase(ToText(keys[i].getName())) + "=" + std::to_string(value.size()) + ":" +
-                        value);
-    }
-    std::sort(parts.begin(), parts.end());
-    std::string form = LowerCase(ToText(path.getClassName()));
-    for (const std::string& part : parts) {
-        form += "," + part;
+        form += "," + LowerCase(ToText(keys[i].getName())) + "=" + std::to_string(value.size()) + ":" + value;
     }
     return form;
 }

@@ -432,6 +432,41 @@ TEST_F(TCimHTTPClassInitialize, WithoutANamespaceItIsABrokenPrecondition) {
 #endif
 }
 
+TEST_F(TCimHTTPClassInitialize, CommittingWithoutANamespaceIsABrokenPrecondition) {
+    Class fan;
+    {
+        const Namespace nameSpace = MakeUninitNamespace();
+        fan = Allocate(nameSpace, "X_Fan");
+    }
+#ifdef NDEBUG
+    log_.Clear();
+    fan->Commit(TContext());
+    EXPECT_EQ(log_.Lines(), (Lines{{0, "TCimHTTPClass::Commit X_Fan: assertion failed: px != 0"}}));
+#else
+    EXPECT_DEATH(fan->Commit(TContext()), "px != 0");
+#endif
+}
+
+TEST_F(TCimHTTPClassInitialize, EnumeratingWithoutARemoteNameIsABrokenPreconditionForEachNode) {
+    ::testing::FLAGS_gtest_death_test_style = "threadsafe";
+    TestMachine machine(Nodes(2));
+    Declare(machine, {ClassXml("X_Fan", "", KeyXml("Id", "string")),
+                      InstanceXml("X_Fan", PropertyXml("Id", "string", "a"))});
+    const Namespace nameSpace = Connected(machine);
+    const Class fan = GetClass(nameSpace, "X_Fan");
+    nameSpace->DeInit();
+    machine.ClearRequests();
+#ifdef NDEBUG
+    log_.Clear();
+    EXPECT_TRUE(InstancesOf(fan).empty());
+    const RecordingLogger::Line line(0, "TCimHTTPClass::EnumerateInstances X_Fan: assertion failed: px != 0");
+    EXPECT_EQ(log_.Lines(), (Lines{{3, "DEBUG: TCimHTTPClass:EI Total Clients 2\n"}, line, line}));
+#else
+    EXPECT_DEATH(InstancesOf(fan), "px != 0");
+#endif
+    EXPECT_EQ(machine.Requests(), Names{});
+}
+
 // What the servers are asked for a class with three ancestors: its definition and each ancestor's from the
 // default node, then from the top down every node's local definition and, to attach the class, its
 // superclass.
