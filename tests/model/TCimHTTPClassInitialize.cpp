@@ -467,6 +467,24 @@ TEST_F(TCimHTTPClassInitialize, EnumeratingWithoutARemoteNameIsABrokenPreconditi
     EXPECT_EQ(machine.Requests(), Names{});
 }
 
+TEST_F(TCimHTTPClassInitialize, AskingForTheSuperclassWithoutARemoteNameIsABrokenPrecondition) {
+    ::testing::FLAGS_gtest_death_test_style = "threadsafe";
+    TestMachine machine(Nodes(1));
+    Declare(machine, {ClassXml("X_Fan", "")});
+    const Namespace nameSpace = Connected(machine);
+    const Class fan = GetClass(nameSpace, "X_Fan");
+    nameSpace->DeInit();
+    machine.ClearRequests();
+#ifdef NDEBUG
+    log_.Clear();
+    EXPECT_FALSE(fan->GetSuperClass(TContext()));
+    EXPECT_EQ(log_.Lines(), (Lines{{0, "TCimHTTPClass::GetSuperClass X_Fan: assertion failed: px != 0"}}));
+#else
+    EXPECT_DEATH(fan->GetSuperClass(TContext()), "px != 0");
+#endif
+    EXPECT_EQ(machine.Requests(), Names{});
+}
+
 // What the servers are asked for a class with three ancestors: its definition and each ancestor's from the
 // default node, then from the top down every node's local definition and, to attach the class, its
 // superclass.
