@@ -40,40 +40,32 @@ std::size_t IndexOf(int nodeIndex) {
 
 }  // namespace
 
-/// What a namespace is made of, and what its classes see of it. A copy is a copy of the members: the remote
-/// objects and classes behind them are shared.
-class TCimHTTPNamespace::Impl : public ClassNamespace {
-public:
-    Impl(TCimHTTPNamespace& self, bool replaceDuplicates, std::string name)
-        : name_(std::move(name)), qualifiers_(replaceDuplicates), cache_(replaceDuplicates), self_(self) {}
+/// What a copy of a namespace takes over: the remote objects and classes behind it are shared.
+struct TCimHTTPNamespace::Members {
+    Members(bool replaceDuplicates, std::string name)
+        : name_(std::move(name)), qualifiers_(replaceDuplicates), cache_(replaceDuplicates) {}
 
-    Impl(TCimHTTPNamespace& self, const Impl& other)
-        : remoteName_(other.remoteName_),
-          nodes_(other.nodes_),
-          credentials_(other.credentials_),
-          hypervisor_(other.hypervisor_),
-          upcall_(other.upcall_),
-          pluginName_(other.pluginName_),
-          name_(other.name_),
-          connected_(other.connected_),
-          multiNode_(other.multiNode_),
-          qualifiers_(other.qualifiers_),
-          cache_(other.cache_),
-          self_(self) {}
+    boost::shared_ptr<Pegasus::CIMNamespaceName> remoteName_;
+    Nodes nodes_;
+    Credentials credentials_;
+    Hypervisor hypervisor_;
+    boost::shared_ptr<ICIMNamespace> upcall_;
+    std::string pluginName_;
+    std::string name_;
+    bool connected_ = false;
+    bool multiNode_ = false;
+    QualifierTable qualifiers_;
+    ClassCache cache_;
+};
+
+/// What a namespace is made of, and what its classes see of it.
+class TCimHTTPNamespace::Impl : public ClassNamespace, public Members {
+public:
+    Impl(TCimHTTPNamespace& self, const Members& members) : Members(members), self_(self) {}
 
     Impl& operator=(const Impl& other) {
         nodes_.DisconnectAllBut(other.nodes_);
-        remoteName_ = other.remoteName_;
-        nodes_ = other.nodes_;
-        credentials_ = other.credentials_;
-        hypervisor_ = other.hypervisor_;
-        upcall_ = other.upcall_;
-        pluginName_ = other.pluginName_;
-        name_ = other.name_;
-        connected_ = other.connected_;
-        multiNode_ = other.multiNode_;
-        qualifiers_ = other.qualifiers_;
-        cache_ = other.cache_;
+        static_cast<Members&>(*this) = other;
         return *this;
     }
 
@@ -99,17 +91,6 @@ public:
         qualifiers_.Add(declaration);
     }
 
-    boost::shared_ptr<Pegasus::CIMNamespaceName> remoteName_;
-    Nodes nodes_;
-    Credentials credentials_;
-    Hypervisor hypervisor_;
-    boost::shared_ptr<ICIMNamespace> upcall_;
-    std::string pluginName_;
-    std::string name_;
-    bool connected_ = false;
-    bool multiNode_ = false;
-    QualifierTable qualifiers_;
-    ClassCache cache_;
     ClassLookup lookup_{{cache_, nodes_, hypervisor_, remoteName_, upcall_, pluginName_}};
 
 private:
@@ -133,7 +114,7 @@ boost::shared_ptr<ICIMQualifierDecl> TCimHTTPNamespace::Impl::FindQualifierDecl(
 // Life
 
 TCimHTTPNamespace::TCimHTTPNamespace(bool replaceDuplicates, std::string name)
-    : impl_(std::make_unique<Impl>(*this, replaceDuplicates, std::move(name))) {}
+    : impl_(std::make_unique<Impl>(*this, Members(replaceDuplicates, std::move(name)))) {}
 
 TCimHTTPNamespace::TCimHTTPNamespace(const TCimHTTPNamespace& other)
     : ICIMNamespace(),

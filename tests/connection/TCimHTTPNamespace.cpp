@@ -11,6 +11,7 @@
 #include "tests/support/StatusOf.h"
 #include "tests/support/TCimHTTPNamespaceTestAccess.h"
 #include "union/TUnionNamespace.h"
+#include "vskcore/ICIMQualifier.h"
 #include "vskcore/THostSetup.h"
 #include "vskcore/TVSKException.h"
 
@@ -218,6 +219,33 @@ TEST_F(NamespaceTest, CopiesShareTheRemoteObjectsAndOutliveEachOther) {
                     .begin()
                     ->second->EnumerateClassNames("root/cimv2", "", false, 5000)
                     .empty());
+}
+
+TEST_F(NamespaceTest, CopiesTakeOverEverything) {
+    TestMachine machine(2);
+    const boost::shared_ptr<TCimHTTPNamespace> original(new TCimHTTPNamespace(true, "root/cimv2"));
+    original->Initialize({{"pluginNameQualDeclValue", TCIMValue("one.nsp")}});
+    original->SetUpcallNamespace(common_, TContext());
+    original->Init();
+    original->connect(machine.Hosts(), {"a", "b"}, {"", ""});
+    const boost::shared_ptr<TCimHTTPNamespace> copy(new TCimHTTPNamespace(*original));
+    const auto assigned = MakeNamespace("root/other");
+    *assigned = *original;
+    for (const auto& nameSpace : {copy, assigned}) {
+        EXPECT_EQ(nameSpace->getfCimHTTPNamespaceName(), "root/cimv2");
+        EXPECT_EQ(nameSpace->getPegNSP(), original->getPegNSP());
+        EXPECT_EQ(nameSpace->GetUpcallNamespace(), common_);
+        EXPECT_EQ(TCimHTTPNamespaceTestAccess::Users(*nameSpace), (std::vector<std::string>{"a", "b"}));
+        EXPECT_TRUE(TCimHTTPNamespaceTestAccess::IsMultiNode(*nameSpace));
+        const auto cimClass = nameSpace->GetClass("CIM_ManagedElement", TContext());
+        ASSERT_TRUE(cimClass);
+        EXPECT_EQ(dynamic_cast<ICIMNamedElement&>(*cimClass)
+                      .GetQualifier("PLUGINNAME", TContext())
+                      ->GetValue(TContext())
+                      .ToString(10),
+                  "one.nsp");
+        nameSpace->AllocateClass("CIM_ManagedElement", {}, TContext())->Commit(TContext());  // replaces it
+    }
 }
 
 }  // namespace

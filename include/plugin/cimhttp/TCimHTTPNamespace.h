@@ -165,6 +165,7 @@ public:
 private:
     friend class TCimHTTPNamespaceTestAccess;  // tests look at saved credentials and node-wise connects
 
+    struct Members;
     class Impl;
 
     /// Throws when the remote library or the host refuses to make a remote object: logged, status 42.
