@@ -9,8 +9,8 @@ namespace NQELVSK20 {
 
 namespace {
 
-constexpr std::uint16_t kHttpsPort = 5989;
-constexpr std::uint16_t kHttpPort = 5988;
+constexpr std::uint16_t kTlsPort = 5989;
+constexpr std::uint16_t kPlainPort = 5988;
 constexpr std::size_t kNodesPerProcess = 7;
 
 }  // namespace
@@ -35,10 +35,10 @@ TestMachine::TestMachine(const Options& options) {
                                     ? cimom::Repository::sampleNode(static_cast<unsigned>(node))
                                     : std::make_shared<cimom::Repository>());
         if (options.https) {
-            Listen(node, true, kHttpsPort, options);
+            Listen(node, true, kTlsPort, options);
         }
         if (options.http) {
-            Listen(node, false, kHttpPort, options);
+            Listen(node, false, kPlainPort, options);
         }
     }
     server_.start();
@@ -57,8 +57,8 @@ void TestMachine::Listen(std::size_t node, bool tls, std::uint16_t port, const O
 }
 
 void TestMachine::Kill(std::size_t node) {
-    server_.close(Host(node), kHttpsPort);
-    server_.close(Host(node), kHttpPort);
+    server_.close(Host(node), kTlsPort);
+    server_.close(Host(node), kPlainPort);
 }
 
 bool TestMachine::Option(std::size_t request, const std::string& name) const {
