@@ -205,8 +205,7 @@ void TCimHTTPNamespace::connect(std::string host, std::string user, std::string 
     if (!impl_->connected_) {
         SaveConnectAuthInfo(host, user, password, kHttpPort);
         connect(0, host, user, password);
-        // Before the flag here, after it in ConnectViaHttps: hosts may watch the flag while the server is
-        // asked.
+        // Before the flag here, after it in ConnectViaHttps, as hosts rely on.
         CheckIsESXi5();
         impl_->connected_ = true;
     }
@@ -227,7 +226,7 @@ void TCimHTTPNamespace::connect(std::vector<std::string> hosts, std::vector<std:
         for (std::size_t i = 0; i < hosts.size(); ++i) {
             connect(static_cast<int>(i), hosts[i], users[i], passwords[i]);
         }
-        // No hypervisor has several management controllers: nobody is asked.
+        // No detection here, as hosts rely on: it runs when a class is first missed.
         impl_->connected_ = true;
     }
     LogTrace("Exiting TCimHTTPNamespace::connect - Connect to multinode cimom via http or https");

@@ -37,7 +37,7 @@ std::string LookupOf(const std::string& name) {
     return "TCimHTTPNamespace::GetClass " + name;
 }
 
-// Compared to the letter: hosts that want the class on a single node ask for it in another letter case.
+// Compared to the letter: in any other letter case the class is fetched, as hosts rely on.
 bool IsAbsentOnSingleNode(const std::string& name) {
     return name == "QEL_RemoteNode" && VQMInfo::GetInstance()->GetNodeCount() < 2;
 }

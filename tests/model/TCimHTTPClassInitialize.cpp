@@ -19,6 +19,16 @@ using Type = TCIMValue::TCIMType;
 
 class TCimHTTPClassInitialize : public ModelTest {
 protected:
+    /// The first node leaves so many requests without an answer; -1: every one.
+    void Silence(TestMachine& machine, int times) {
+        cimom::Fault silence;
+        silence.kind = cimom::Fault::Kind::NoAnswer;
+        silence.address = machine.Host(0);
+        silence.times = times;
+        machine.Server().inject(silence);
+        shortened_ = 150;
+    }
+
     /// Nodes to time out on: a handshake takes longer on a busy machine than a test wants to wait.
     static TestMachine::Options WithoutTls(std::size_t count) {
         TestMachine::Options options = Nodes(count);
@@ -343,11 +353,7 @@ TEST_F(TCimHTTPClassInitialize, AClassIsRefusedByATimeoutWhenANodesLastAttemptWa
     TestMachine machine(WithoutTls(2));
     DeclareOn(machine, 0, {ClassXml("X_Fan", "")});
     const Namespace nameSpace = Connected(machine);
-    cimom::Fault silence;
-    silence.kind = cimom::Fault::Kind::NoAnswer;
-    silence.address = machine.Host(0);
-    machine.Server().inject(silence);
-    shortened_ = 150;
+    Silence(machine, -1);
     EXPECT_THROW(Allocate(nameSpace, "X_Fan"), Pegasus::ConnectionTimeoutException);
     EXPECT_EQ(machine.Requests(), (Names{"0 GetClass X_Fan", "0 GetClass X_Fan", "1 GetClass X_Fan"}));
 }
@@ -355,11 +361,7 @@ TEST_F(TCimHTTPClassInitialize, AClassIsRefusedByATimeoutWhenANodesLastAttemptWa
 TEST_F(TCimHTTPClassInitialize, ATimeoutThatTheSecondAttemptMadeGoodIsNone) {
     TestMachine machine(WithoutTls(1));
     const Namespace nameSpace = Connected(machine);
-    cimom::Fault silence;
-    silence.kind = cimom::Fault::Kind::NoAnswer;
-    silence.times = 1;
-    machine.Server().inject(silence);
-    shortened_ = 150;
+    Silence(machine, 1);
     longestShortened_ = 15000;
     EXPECT_THROW(Allocate(nameSpace, "X_Fan"), Pegasus::UninitializedObjectException) << "it has no X_Fan";
 }
@@ -368,11 +370,7 @@ TEST_F(TCimHTTPClassInitialize, OneNodesDefinitionIsEnoughWhateverBecameOfTheOth
     TestMachine machine(WithoutTls(3));
     DeclareOn(machine, 2, {ClassXml("X_Fan", "", KeyXml("Id", "string"))});
     const Namespace nameSpace = Connected(machine);
-    cimom::Fault silence;
-    silence.kind = cimom::Fault::Kind::NoAnswer;
-    silence.address = machine.Host(0);
-    machine.Server().inject(silence);
-    shortened_ = 150;
+    Silence(machine, -1);
     EXPECT_EQ(PropertiesOf(Allocate(nameSpace, "X_Fan")), (Names{"Id", "NodeID"}));
 }
 
