@@ -8,9 +8,9 @@
 #include <optional>
 #include <thread>
 
-#include "cimom/FaultPlan.h"
-#include "cimom/Listener.h"
-#include "cimom/RequestLog.h"
+#include "cimom/http/FaultPlan.h"
+#include "cimom/http/Listener.h"
+#include "cimom/http/RequestLog.h"
 
 namespace cimom {
 

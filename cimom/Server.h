@@ -4,50 +4,14 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "cimom/Fault.h"
-#include "cimom/LocalOnlyRules.h"
-#include "cimom/Repository.h"
+#include "cimom/http/Endpoint.h"
+#include "cimom/http/Fault.h"
+#include "cimom/http/SeenRequest.h"
 
 namespace cimom {
-
-/// User name and password that an endpoint asks for with Basic authentication (RFC 7617).
-struct Credentials {
-    std::string user;
-    std::string password;
-};
-
-/// One listening socket and the data that it serves.
-struct Endpoint {
-    std::string address = "127.0.0.1";       ///< IPv4 or IPv6 address literal to bind to.
-    std::uint16_t port = 0;                  ///< TCP port; 0 takes any free one.
-    bool tls = false;                        ///< HTTPS with the server's self-signed certificate.
-    bool onlyTls10 = false;                  ///< Offer TLS 1.0 and its ciphers only, as old controllers do.
-    std::shared_ptr<Repository> repository;  ///< The node's data; shared between endpoints of one node.
-    std::optional<Credentials> credentials;  ///< Absent: no authentication.
-    LocalOnlyRules localOnly;                ///< Which family of servers this one is like.
-    /// Chunked answers with trailers, in chunks of at most that many bytes, to requests that say
-    /// "TE: trailers"; 0: always Content-Length.
-    std::size_t chunkBytes = 0;
-    /// The server closes a connection, unannounced, after that many answers; 0: it never does.
-    std::size_t requestsPerConnection = 0;
-    /// Largest request body in bytes; a larger one is answered with 413. Default 16 MiB.
-    std::size_t maxBodyBytes = std::size_t{16} << 20;
-};
-
-/// One HTTP request as it arrived, for tests that look at what went over the wire.
-struct SeenRequest {
-    std::string address;     ///< Address of the endpoint that received it.
-    std::uint16_t port = 0;  ///< Port of that endpoint.
-    std::string head;        ///< Request line and header fields as sent.
-    std::string body;        ///< Body, transfer coding removed.
-    std::string operation;   ///< CIM method called, e.g. "GetClass"; empty when it could not be read.
-    std::string className;   ///< Class the operation names, or that of the path it names; may be empty.
-    int status = 0;          ///< HTTP status answered; 0 when a fault suppressed the answer.
-};
 
 /// An embedded CIM server (CIM-XML over HTTP, DSP0200 and DSP0201).
 ///

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "cimom/Text.h"
+#include "cimom/common/Text.h"
 
 namespace cimom {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cimom/MethodCall.h"
+#include "cimom/methods/MethodCall.h"
 
 namespace cimom {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "cimom/LocalOnlyRules.h"
+#include "cimom/operations/LocalOnlyRules.h"
 
 namespace cimom {
 

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "cimom/RepositoryData.h"
 #include "cimom/Server.h"
+#include "cimom/data/RepositoryData.h"
 #include "tests/support/Process.h"
 
 namespace cimom {

@@ -106,6 +106,23 @@ TEST_F(CheckLayers, RefusesTheFloorAboveInTheClientLibrary) {
               "(cimxml/wire/Scalars.h)\n");
 }
 
+TEST_F(CheckLayers, RefusesTheFloorAboveInTheEmbeddedServer) {
+    EXPECT_EQ(CheckInclude("cimom/schema/ClassStore.cpp", "#include \"cimom/data/Instance.h\""),
+              "cimom/schema/ClassStore.cpp:1: cimom/schema may not include cimom/data "
+              "(cimom/data/Instance.h)\n");
+    Write("cimom/schema/ClassStore.cpp", "");
+    EXPECT_EQ(CheckInclude("cimom/http/RequestLog.h", "#include \"cimom/Server.h\""),
+              "cimom/http/RequestLog.h:1: cimom/http may not include cimom (cimom/Server.h)\n");
+}
+
+TEST_F(CheckLayers, KeepsWhatIsBehindTheEmbeddedServersFaceFromItsProgramAndTheTools) {
+    EXPECT_EQ(CheckInclude("cimom/program/main.cpp", "#include \"cimom/http/Listener.h\""),
+              "cimom/program/main.cpp:1: cimom/program may not include cimom/http (cimom/http/Listener.h)\n");
+    Write("cimom/program/main.cpp", "#include \"cimom/Server.h\"");
+    EXPECT_EQ(CheckInclude("tools/EmbeddedMachine.cpp", "#include \"cimom/data/Instance.h\""),
+              "tools/EmbeddedMachine.cpp:1: tools may not include cimom/data (cimom/data/Instance.h)\n");
+}
+
 TEST_F(CheckLayers, RefusesTestsInTheProduct) {
     EXPECT_EQ(CheckInclude("cimom/Server.cpp", "#include \"tests/support/Process.h\""),
               "cimom/Server.cpp:1: cimom may not include tests (tests/support/Process.h)\n");

@@ -12,7 +12,7 @@
 #include <cstring>
 #include <stdexcept>
 
-#include "cimom/Text.h"
+#include "cimom/common/Text.h"
 
 namespace cimom::test {
 namespace {

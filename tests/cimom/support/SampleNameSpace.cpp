@@ -2,10 +2,10 @@
 
 #include <stdexcept>
 
-#include "cimom/IntrinsicOperations.h"
-#include "cimom/MethodTable.h"
-#include "cimom/RepositoryData.h"
-#include "cimom/Xml.h"
+#include "cimom/common/Xml.h"
+#include "cimom/data/RepositoryData.h"
+#include "cimom/methods/MethodTable.h"
+#include "cimom/operations/IntrinsicOperations.h"
 
 namespace cimom::test {
 

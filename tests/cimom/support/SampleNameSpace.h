@@ -3,8 +3,8 @@
 #include <pugixml.hpp>
 #include <string>
 
-#include "cimom/NameSpace.h"
-#include "cimom/Repository.h"
+#include "cimom/data/NameSpace.h"
+#include "cimom/data/Repository.h"
 #include "tests/cimom/support/Requests.h"
 
 namespace cimom::test {

@@ -1,10 +1,10 @@
 #include "tests/cimom/support/SmallNameSpace.h"
 
-#include "cimom/CimRequest.h"
-#include "cimom/DeclarationReader.h"
-#include "cimom/IntrinsicOperations.h"
-#include "cimom/MethodTable.h"
-#include "cimom/Xml.h"
+#include "cimom/common/Xml.h"
+#include "cimom/data/DeclarationReader.h"
+#include "cimom/methods/MethodTable.h"
+#include "cimom/operations/CimRequest.h"
+#include "cimom/operations/IntrinsicOperations.h"
 
 namespace cimom::test {
 

@@ -3,7 +3,7 @@
 #include <pugixml.hpp>
 #include <string>
 
-#include "cimom/NameSpace.h"
+#include "cimom/data/NameSpace.h"
 #include "tests/cimom/support/Requests.h"
 
 namespace cimom::test {
@@ -59,7 +59,7 @@ int errorOf(const Task& task);
 
 }  // namespace cimom::test
 
-#include "cimom/CimError.h"
+#include "cimom/common/CimError.h"
 
 template <typename Task>
 int cimom::test::errorOf(const Task& task) {
