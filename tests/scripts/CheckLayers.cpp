@@ -1,39 +1,21 @@
 // scripts/check-layers on trees with one planted violation each.
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
-#include <map>
 #include <string>
 
+#include "tests/scripts/PlantedTree.h"
 #include "tests/support/Process.h"
 
 namespace {
 
-namespace fs = std::filesystem;
-
 class CheckLayers : public ::testing::Test {
 protected:
-    CheckLayers()
-        : root_(fs::temp_directory_path() /
-                ("check-layers-" + std::to_string(getpid()) + "-" +
-                 ::testing::UnitTest::GetInstance()->current_test_info()->name())) {
-        fs::create_directories(root_);
-    }
-    ~CheckLayers() override { fs::remove_all(root_); }
-
-    /// A file with the lines given.
-    void Write(const std::string& path, const std::string& text) const {
-        const fs::path file = root_ / path;
-        fs::create_directories(file.parent_path());
-        std::ofstream(file) << text << '\n';
-    }
+    void Write(const std::string& path, const std::string& text) const { tree_.Write(path, text); }
 
     /// What the script says of the tree; empty when it finds nothing. Its exit status has to agree.
     std::string Check() const {
-        const auto result = support::runProcess({CHECK_LAYERS, root_.string()});
+        const auto result = support::runProcess({CHECK_LAYERS, tree_.Path()});
         EXPECT_EQ(result.err, "");
         EXPECT_EQ(result.status, result.out.empty() ? 0 : 1);
         return result.out;
@@ -45,7 +27,7 @@ protected:
         return Check();
     }
 
-    const fs::path root_;
+    const PlantedTree tree_{"check-layers"};
 };
 
 TEST_F(CheckLayers, FindsNothingInThisProject) {
