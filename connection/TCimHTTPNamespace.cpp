@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "cimhttp/PegClient.h"
-#include "connection/client/HypervisorDetection.h"
 #include "connection/client/Nodes.h"
 #include "connection/client/Waiting.h"
 #include "model/ClassNamespace.h"
@@ -14,13 +13,11 @@
 #include "model/TCimHTTPQualifierDecl.h"
 #include "namespace/ClassCache.h"
 #include "namespace/ClassLookup.h"
-#include "namespace/QualifierTable.h"
 #include "namespace/Queries.h"
 #include "namespace/names/Names.h"
-#include "provider/contract/Log.h"
+#include "provider/contract/HostReport.h"
 #include "provider/contract/PegText.h"
 #include "provider/contract/PluginProvider.h"
-#include "provider/contract/Refuse.h"
 #include "vskcore/ICIMIndicationFilter.h"
 #include "vskcore/ICIMSubscription.h"
 
@@ -48,7 +45,6 @@ struct TCimHTTPNamespace::Members {
     boost::shared_ptr<Pegasus::CIMNamespaceName> remoteName_;
     Nodes nodes_;
     Credentials credentials_;
-    Hypervisor hypervisor_;
     boost::shared_ptr<ICIMNamespace> upcall_;
     std::string pluginName_;
     std::string name_;
@@ -75,7 +71,7 @@ public:
         return nodes_.All().size() > 1 ? nodes_.Client(0) : nodes_.First();
     }
     bool IsConnected() const override { return connected_; }
-    bool ServesHypervisor() const override { return hypervisor_.isEsxi; }
+    bool ServesHypervisor() const override { return nodes_.Detected().isEsxi; }
     const std::string& OwnName() const override { return name_; }
     bool GetRemoteName(std::string& name) const override;
     boost::shared_ptr<ICIMClass> FindClass(const std::string& name) override;
@@ -91,7 +87,7 @@ public:
         qualifiers_.Add(declaration);
     }
 
-    ClassLookup lookup_{{cache_, nodes_, hypervisor_, remoteName_, upcall_, pluginName_}};
+    ClassLookup lookup_{{cache_, nodes_, remoteName_, upcall_, pluginName_}};
 
 private:
     TCimHTTPNamespace& self_;
@@ -308,7 +304,7 @@ bool TCimHTTPNamespace::IsMultiNode() const {
 }
 
 void TCimHTTPNamespace::CheckIsESXi5() {
-    DetectHypervisor(impl_->nodes_.First(), impl_->hypervisor_);
+    impl_->nodes_.DetectHypervisor();
 }
 
 void TCimHTTPNamespace::setTimeout(unsigned int milliseconds) {
@@ -348,11 +344,11 @@ std::string TCimHTTPNamespace::getfCimHTTPNamespaceName() const {
 }
 
 bool TCimHTTPNamespace::getIsServeESXi() const {
-    return impl_->hypervisor_.isEsxi;
+    return impl_->nodes_.Detected().isEsxi;
 }
 
 bool TCimHTTPNamespace::getIsServeESXi5() const {
-    return impl_->hypervisor_.isEsxi5;
+    return impl_->nodes_.Detected().isEsxi5;
 }
 
 // Classes and qualifier declarations

@@ -1,19 +1,11 @@
 #include "model/ClassMembers.h"
 
-#include "namespace/names/Names.h"
-#include "provider/contract/Log.h"
-#include "provider/contract/Refuse.h"
+#include "provider/contract/HostReport.h"
 #include "vskcore/TVSKException.h"
 
 namespace NQELVSK20 {
 
 namespace {
-
-template <class TDeclarations>
-typename TDeclarations::mapped_type FindIn(const TDeclarations& declarations, const std::string& name) {
-    const auto entry = declarations.find(NormalizeName(name));
-    return entry == declarations.end() ? typename TDeclarations::mapped_type() : entry->second;
-}
 
 // An override carries the qualifier. Its lookup throws when it is absent; a host's declaration may also give
 // an empty pointer.
@@ -24,24 +16,6 @@ void RequireOverride(const ICIMPropertyDecl& declaration) {
 }
 
 }  // namespace
-
-void ClassMembers::InsertProperty(const std::string& key,
-                                  const boost::shared_ptr<ICIMPropertyDecl>& declaration) {
-    properties_.emplace(key, declaration);
-}
-
-void ClassMembers::InsertReference(const std::string& key,
-                                   const boost::shared_ptr<ICIMPropertyDecl>& declaration,
-                                   const std::string& referencedClass) {
-    if (properties_.emplace(key, declaration).second) {
-        referencedClasses_[key] = referencedClass;
-    }
-}
-
-void ClassMembers::InsertMethod(const std::string& key,
-                                const boost::shared_ptr<ICIMMethodDecl>& declaration) {
-    methods_.emplace(key, declaration);
-}
 
 void ClassMembers::AddProperty(const ICIMClass& owner,
                                const boost::shared_ptr<ICIMPropertyDecl>& declaration) {
@@ -114,14 +88,6 @@ void ClassMembers::AddMethod(const ICIMClass& owner, const boost::shared_ptr<ICI
                "TCimHTTP: Attempt to add method " + name + " to class " + owner.GetName(TContext()) +
                    ": already exists");
     }
-}
-
-boost::shared_ptr<ICIMPropertyDecl> ClassMembers::FindProperty(const std::string& name) const {
-    return FindIn(properties_, name);
-}
-
-boost::shared_ptr<ICIMMethodDecl> ClassMembers::FindMethod(const std::string& name) const {
-    return FindIn(methods_, name);
 }
 
 std::string ClassMembers::ReferencedClass(const std::string& key) const {

@@ -4,6 +4,7 @@
 #include <map>
 #include <string>
 
+#include "namespace/names/Names.h"
 #include "vskcore/ICIMClass.h"
 
 namespace NQELVSK20 {
@@ -18,12 +19,20 @@ public:
     // As a server defines them, under their normalised names, with no rule but that the first one of a name
     // stays.
 
-    void InsertProperty(const std::string& key, const boost::shared_ptr<ICIMPropertyDecl>& declaration);
+    void InsertProperty(const std::string& key, const boost::shared_ptr<ICIMPropertyDecl>& declaration) {
+        properties_.emplace(key, declaration);
+    }
 
     /// The same for a reference property, with the class that it refers to by its definition.
     void InsertReference(const std::string& key, const boost::shared_ptr<ICIMPropertyDecl>& declaration,
-                         const std::string& referencedClass);
-    void InsertMethod(const std::string& key, const boost::shared_ptr<ICIMMethodDecl>& declaration);
+                         const std::string& referencedClass) {
+        if (properties_.emplace(key, declaration).second) {
+            referencedClasses_[key] = referencedClass;
+        }
+    }
+    void InsertMethod(const std::string& key, const boost::shared_ptr<ICIMMethodDecl>& declaration) {
+        methods_.emplace(key, declaration);
+    }
 
     // By the host's hand, under the rules of CIM (DSP0004). A refusal changes nothing.
 
@@ -35,8 +44,12 @@ public:
     void AddMethod(const ICIMClass& owner, const boost::shared_ptr<ICIMMethodDecl>& declaration);
 
     // Empty when there is none of that name, in any letter case. Throw status 25 for a malformed name.
-    boost::shared_ptr<ICIMPropertyDecl> FindProperty(const std::string& name) const;
-    boost::shared_ptr<ICIMMethodDecl> FindMethod(const std::string& name) const;
+    boost::shared_ptr<ICIMPropertyDecl> FindProperty(const std::string& name) const {
+        return FindByName(properties_, name);
+    }
+    boost::shared_ptr<ICIMMethodDecl> FindMethod(const std::string& name) const {
+        return FindByName(methods_, name);
+    }
 
     const Properties& AllProperties() const { return properties_; }
     const Methods& AllMethods() const { return methods_; }

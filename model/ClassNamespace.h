@@ -4,12 +4,13 @@
 #include <string>
 #include <vector>
 
+#include "cimhttp/ClassNamespaceAccess.h"
 #include "connection/client/Nodes.h"
+#include "vskcore/ICIMNamespace.h"
 
 namespace NQELVSK20 {
 
 class ICIMClass;
-class ICIMNamespace;
 class ICIMQualifierDecl;
 class TCimHTTPClass;
 class TCimHTTPQualifierDecl;
@@ -21,7 +22,11 @@ public:
 
     /// What the classes of a host's namespace see of it; shares ownership of the namespace. Empty for a
     /// namespace that is none of this plug-in's, and for none.
-    static boost::shared_ptr<ClassNamespace> Behind(const boost::shared_ptr<ICIMNamespace>& nameSpace);
+    static boost::shared_ptr<ClassNamespace> Behind(const boost::shared_ptr<ICIMNamespace>& nameSpace) {
+        auto* const access = dynamic_cast<ClassNamespaceAccess*>(nameSpace.get());
+        return access == nullptr ? boost::shared_ptr<ClassNamespace>()
+                                 : boost::shared_ptr<ClassNamespace>(nameSpace, &access->ForClasses());
+    }
 
     /// The nodes in node order; none before the namespace's Init.
     virtual std::vector<RemoteNode> RemoteNodes() const = 0;

@@ -12,7 +12,6 @@
 
 #include "cimhttp/PegClient.h"
 #include "connection/client/Waiting.h"
-#include "convert/Codes.h"
 #include "convert/ToCore.h"
 #include "model/ClassMembers.h"
 #include "model/ClassNamespace.h"
@@ -20,7 +19,7 @@
 #include "model/TCimHTTPQualifier.h"
 #include "model/TCimHTTPQualifierDecl.h"
 #include "namespace/names/Names.h"
-#include "provider/contract/Log.h"
+#include "provider/contract/HostReport.h"
 #include "provider/contract/PegText.h"
 #include "vskcore/ICIMParameterDecl.h"
 

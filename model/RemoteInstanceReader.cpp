@@ -10,7 +10,7 @@
 #include "model/ClassNamespace.h"
 #include "model/TCimHTTPClass.h"
 #include "namespace/names/Names.h"
-#include "provider/contract/Log.h"
+#include "provider/contract/HostReport.h"
 #include "provider/contract/PegText.h"
 #include "vskcore/ICIMProperty.h"
 #include "vskcore/TVSKException.h"
@@ -51,6 +51,29 @@ std::string ReferencedClassName(const std::string& path, const std::string& key)
     }
     const std::size_t stop = path.find('.', colon + 1);
     return stop == std::string::npos ? std::string() : path.substr(colon + 1, stop - colon - 1);
+}
+
+const std::string kControllerWord = "vqm";
+
+bool IsController(const std::string& namespaceName) {
+    return namespaceName.find(kControllerWord) != std::string::npos;
+}
+
+// The one-based number of the controller whose zero-based digit follows the word. Machines have four
+// controllers at most; any other character is no count and stays as it is.
+std::string ControllerNumber(const std::string& namespaceName) {
+    const std::string digit =
+        namespaceName.substr(namespaceName.find(kControllerWord) + kControllerWord.size(), 1);
+    if (digit == "3") {
+        return "4";
+    }
+    if (digit == "2") {
+        return "3";
+    }
+    if (digit == "1") {
+        return "2";
+    }
+    return digit == "0" ? "1" : digit;
 }
 
 }  // namespace
@@ -191,6 +214,18 @@ bool RemoteInstanceReader::IsForAnotherNode(const ICIMInstance& instance) const 
         return !value.IsNull() && !value.operator bool();
     } catch (const TVSKException&) {
         return false;  // the server's class has no such property
+    }
+}
+
+NodeMark::NodeMark(const std::string& namespaceName, const std::string& nodeKey, bool isMultiNode)
+    : nodeNumber_(IsController(namespaceName) ? ControllerNumber(namespaceName) : nodeKey),
+      instanceIdPrefix_("Node" + (isMultiNode ? nodeKey : nodeNumber_) + ":"),
+      marksOnlyEmpty_(!isMultiNode && !IsController(namespaceName)) {}
+
+void NodeMark::MarkInstanceId(TCIMValue& value) const {
+    const std::string text = value.ToString(10);
+    if (text.empty() || !marksOnlyEmpty_) {
+        value.Set(instanceIdPrefix_ + text);
     }
 }
 

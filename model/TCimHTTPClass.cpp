@@ -12,14 +12,10 @@
 #include "model/MethodCall.h"
 #include "model/RemoteClassReader.h"
 #include "model/RemoteInstanceReader.h"
-#include "model/TCimHTTPInstance.h"
 #include "model/TCimHTTPMethodDecl.h"
 #include "model/TCimHTTPPropertyDecl.h"
-#include "model/TCimHTTPQualifier.h"
-#include "namespace/names/Names.h"
-#include "provider/contract/Log.h"
+#include "provider/contract/HostReport.h"
 #include "provider/contract/PegText.h"
-#include "provider/contract/Refuse.h"
 #include "vskcore/TVSKException.h"
 
 namespace NQELVSK20 {
@@ -39,15 +35,10 @@ bool IsKey(const ICIMPropertyDecl& declaration) {
     }
 }
 
-// Calls back with every entry in key order until false. Walks a copy: the callback may change the class.
+// Walks a copy: the callback may change the class.
 template <class TMap, class TCallback>
-void EnumerateEntries(const TMap& map, const TCallback& callback) {
-    const TMap entries = map;  // NOLINT(performance-unnecessary-copy-initialization)
-    for (const auto& entry : entries) {
-        if (!callback(entry.second)) {
-            return;
-        }
-    }
+void EnumerateEntries(TMap entries, const TCallback& callback) {
+    CallUntilFalse(entries, callback);
 }
 
 }  // namespace
@@ -63,11 +54,6 @@ boost::shared_ptr<ClassNamespace> TCimHTTPClass::OwnNamespace(const char* operat
     PointerIsSet(nameSpace != nullptr, std::string("TCimHTTPClass::") + operation + " " + name_);
     return nameSpace;
 }
-
-bool TCimHTTPClass::IsRoot() const {
-    return name_ == kRootClassName;
-}
-
 void TCimHTTPClass::Initialize() {
     if (superclass_.lock()) {
         return;
@@ -111,8 +97,6 @@ void TCimHTTPClass::DeclareNodeId() {
     AddPropertyDecl(AllocateNodeId(), TContext());
 }
 
-void TCimHTTPClass::Validate(TContext) {}
-
 void TCimHTTPClass::Commit(TContext context) {
     const auto nameSpace = OwnNamespace("Commit");
     if (!nameSpace) {
@@ -138,15 +122,6 @@ void TCimHTTPClass::LeaveNamespace() {
     isInNamespace_ = false;
     ForgetInstances();
 }
-
-const std::string& TCimHTTPClass::GetName(TContext) const {
-    return name_;
-}
-
-boost::shared_ptr<ICIMNamespace> TCimHTTPClass::GetNamespace(TContext) const {
-    return namespace_.lock();
-}
-
 boost::shared_ptr<ICIMPropertyDecl> TCimHTTPClass::AllocatePropertyDecl(const std::string& name,
                                                                         const TCIMValue& defaultValue,
                                                                         TContext) {
@@ -179,14 +154,6 @@ bool TCimHTTPClass::operator==(const ICIMClass& other) const {
 
 bool TCimHTTPClass::operator<(const ICIMClass& other) const {
     return name_ < other.GetName(TContext());
-}
-
-TCimHTTPClass& TCimHTTPClass::operator=(const ICIMClass&) {
-    return *this;
-}
-
-TCimHTTPClass& TCimHTTPClass::operator=(const TCimHTTPClass&) {
-    return *this;
 }
 
 // Members
@@ -575,23 +542,5 @@ void TCimHTTPClass::Reserved5(TContext) {
 void TCimHTTPClass::Reserved21(const std::string&, TContext) {
     Refuse(eVSKNotSupported);
 }
-
-TCIMValue TCimHTTPClass::Reserved28(const std::string&, TContext) const {
-    return TCIMValue();
-}
-
-bool TCimHTTPClass::Reserved32(TContext) const {
-    return false;
-}
-
-void TCimHTTPClass::Reserved33(TContext) {}
-
-// These take their argument and drop it.
-void TCimHTTPClass::Reserved35(boost::shared_ptr<ICIMClass>, TContext) {}
-void TCimHTTPClass::Reserved38(boost::shared_ptr<ICIMInstance>, TContext) {}
-void TCimHTTPClass::Reserved39(boost::shared_ptr<ICIMInstance>, TContext) {}
-void TCimHTTPClass::Reserved41(boost::shared_ptr<ICIMPropertyDecl>, TContext) {}
-void TCimHTTPClass::Reserved42(boost::shared_ptr<ICIMMethodDecl>, TContext) {}
-void TCimHTTPClass::Reserved43(boost::shared_ptr<ICIMMethodDecl>, TContext) {}
 
 }  // namespace NQELVSK20

@@ -8,8 +8,9 @@
 #include <vector>
 
 #include "model/ClassMembers.h"
-#include "model/InstanceCollection.h"
-#include "model/QualifierSet.h"
+#include "model/TCimHTTPInstance.h"
+#include "model/TCimHTTPQualifier.h"
+#include "namespace/names/Names.h"
 #include "vskcore/ICIMClass.h"
 #include "vskcore/ICIMNamedElement.h"
 
@@ -92,7 +93,7 @@ public:
 
     // ICIMClass
     /// Accepts everything: members are checked when they are added.
-    void Validate(TContext context) override;
+    void Validate(TContext) override {}
 
     /// Enters the class into its namespace and attaches it to its superclass, which it asks the server for;
     /// when the server cannot tell, or tells one that cannot be had, to the one suggested. Throws status 16
@@ -100,10 +101,10 @@ public:
     void Commit(TContext context) override;
     void Reserved4(TContext context) override;
     void Reserved5(TContext context) override;
-    const std::string& GetName(TContext context) const override;
+    const std::string& GetName(TContext) const override { return name_; }
 
     /// Empty once the namespace is gone.
-    boost::shared_ptr<ICIMNamespace> GetNamespace(TContext context) const override;
+    boost::shared_ptr<ICIMNamespace> GetNamespace(TContext) const override { return namespace_.lock(); }
     bool IsAssociation(TContext context) const override;
     bool IsAbstract(TContext context) const override;
     bool IsTopLevel(TContext context) const override;
@@ -139,31 +140,31 @@ public:
                                                          TContext context) override;
     boost::shared_ptr<ICIMMethodDecl> GetMethodDecl(const std::string& name, TContext context) const override;
     void EnumerateMethodDecls(const MethodDeclCallback& callback, TContext context) const override;
-    TCIMValue Reserved28(const std::string& name, TContext context) const override;
+    TCIMValue Reserved28(const std::string&, TContext) const override { return TCIMValue(); }
     bool operator==(const ICIMClass& other) const override;
     bool operator<(const ICIMClass& other) const override;
 
     /// Do nothing: classes are not copied by assignment.
-    TCimHTTPClass& operator=(const ICIMClass& other) override;
-    TCimHTTPClass& operator=(const TCimHTTPClass& other);
-    bool Reserved32(TContext context) const override;
-    void Reserved33(TContext context) override;
+    TCimHTTPClass& operator=(const ICIMClass&) override { return *this; }
+    TCimHTTPClass& operator=(const TCimHTTPClass&) { return *this; }
+    bool Reserved32(TContext) const override { return false; }
+    void Reserved33(TContext) override {}
 
     /// Makes this class the superclass of another, which leaves its former superclass. One that has the name
     /// of a subclass takes its place. A class that this one derives from is refused with status 31: the chain
     /// would have no end.
     void AddSubclass(boost::shared_ptr<ICIMClass> subclass, TContext context) override;
-    void Reserved35(boost::shared_ptr<ICIMClass> subclass, TContext context) override;
+    void Reserved35(boost::shared_ptr<ICIMClass>, TContext) override {}
 
     /// Collects an instance, unless one of the same path is there or the class has left its namespace.
     void AddInstance(boost::shared_ptr<ICIMInstance> instance, TContext context) override;
     void RemoveInstance(boost::shared_ptr<ICIMInstance> instance, TContext context) override;
-    void Reserved38(boost::shared_ptr<ICIMInstance> instance, TContext context) override;
-    void Reserved39(boost::shared_ptr<ICIMInstance> instance, TContext context) override;
+    void Reserved38(boost::shared_ptr<ICIMInstance>, TContext) override {}
+    void Reserved39(boost::shared_ptr<ICIMInstance>, TContext) override {}
     void AddPropertyDecl(boost::shared_ptr<ICIMPropertyDecl> declaration, TContext context) override;
-    void Reserved41(boost::shared_ptr<ICIMPropertyDecl> declaration, TContext context) override;
-    void Reserved42(boost::shared_ptr<ICIMMethodDecl> declaration, TContext context) override;
-    void Reserved43(boost::shared_ptr<ICIMMethodDecl> declaration, TContext context) override;
+    void Reserved41(boost::shared_ptr<ICIMPropertyDecl>, TContext) override {}
+    void Reserved42(boost::shared_ptr<ICIMMethodDecl>, TContext) override {}
+    void Reserved43(boost::shared_ptr<ICIMMethodDecl>, TContext) override {}
 
     /// Runs the method through the first node only. A malformed path, name or argument throws the remote
     /// library's exception; a failed call is logged and gives a null result.
@@ -184,7 +185,7 @@ public:
 private:
     /// The namespace, which every remote call needs; empty, and a broken precondition, once it is gone.
     boost::shared_ptr<ClassNamespace> OwnNamespace(const char* operation) const;
-    bool IsRoot() const;
+    bool IsRoot() const { return name_ == kRootClassName; }
     boost::shared_ptr<ICIMClass> SuperclassToAttachTo(TContext context) const;
 
     bool IsCopiedFromUnion(const ClassNamespace& nameSpace) const;

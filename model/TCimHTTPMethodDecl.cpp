@@ -6,8 +6,7 @@
 #include "model/TCimHTTPClass.h"
 #include "model/TCimHTTPParameterDecl.h"
 #include "namespace/names/Names.h"
-#include "provider/contract/Log.h"
-#include "provider/contract/Refuse.h"
+#include "provider/contract/HostReport.h"
 
 namespace NQELVSK20 {
 
@@ -25,10 +24,6 @@ boost::shared_ptr<ICIMClass> TCimHTTPMethodDecl::GetClass(TContext) const {
     return owner_.lock();
 }
 
-TCIMValue::TCIMType TCimHTTPMethodDecl::GetType(TContext) const {
-    return returnType_;
-}
-
 boost::shared_ptr<ICIMParameterDecl> TCimHTTPMethodDecl::AllocateParameterDecl(const std::string& name,
                                                                                TCIMValue::TCIMType type,
                                                                                TContext) {
@@ -38,25 +33,12 @@ boost::shared_ptr<ICIMParameterDecl> TCimHTTPMethodDecl::AllocateParameterDecl(c
 
 boost::shared_ptr<ICIMParameterDecl> TCimHTTPMethodDecl::GetParameterDecl(const std::string& name,
                                                                           TContext) const {
-    const auto found = parameters_.find(NormalizeName(name));
-    if (found == parameters_.end()) {
-        return boost::shared_ptr<ICIMParameterDecl>();
-    }
-    return found->second;
+    return FindByName(parameters_, name);
 }
 
 void TCimHTTPMethodDecl::EnumerateParameterDecls(const ParameterCallback& callback, TContext) const {
-    for (const auto& entry : parameters_) {
-        if (!callback(entry.second)) {
-            return;
-        }
-    }
+    CallUntilFalse(parameters_, callback);
 }
-
-TCimHTTPMethodDecl& TCimHTTPMethodDecl::operator=(const TCimHTTPMethodDecl&) {
-    return *this;
-}
-
 void TCimHTTPMethodDecl::AddParameter(boost::shared_ptr<TCimHTTPParameterDecl> parameter) {
     const std::string& name = parameter->GetName(TContext());
     const bool added = parameters_.emplace(NormalizeName(name), parameter).second;

@@ -24,7 +24,7 @@ public:
 
     /// Empty once the class is gone.
     boost::shared_ptr<ICIMClass> GetClass(TContext context) const override;
-    TCIMValue::TCIMType GetType(TContext context) const override;
+    TCIMValue::TCIMType GetType(TContext) const override { return returnType_; }
     boost::shared_ptr<ICIMParameterDecl> AllocateParameterDecl(const std::string& name,
                                                                TCIMValue::TCIMType type,
                                                                TContext context) override;
@@ -33,7 +33,7 @@ public:
     void EnumerateParameterDecls(const ParameterCallback& callback, TContext context) const override;
 
     using TNamedElement::operator=;
-    TCimHTTPMethodDecl& operator=(const TCimHTTPMethodDecl& other);
+    TCimHTTPMethodDecl& operator=(const TCimHTTPMethodDecl&) { return *this; }
 
 private:
     friend class TCimHTTPParameterDecl;  // its Commit, and nothing else, calls AddParameter

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "model/TCimHTTPMethodDecl.h"
-#include "provider/contract/Refuse.h"
+#include "provider/contract/HostReport.h"
 #include "vskcore/ICIMClass.h"
 
 namespace NQELVSK20 {
@@ -22,16 +22,8 @@ boost::shared_ptr<ICIMMethodDecl> TCimHTTPParameterDecl::GetMethod(TContext) con
     return owner_.lock();
 }
 
-TCIMValue::TCIMType TCimHTTPParameterDecl::GetType(TContext) const {
-    return type_;
-}
-
 bool TCimHTTPParameterDecl::IsArray(TContext) const {
     return type_ >= TCIMValue::TCIMType::eUnknownArray;
-}
-
-TCimHTTPParameterDecl& TCimHTTPParameterDecl::operator=(const TCimHTTPParameterDecl&) {
-    return *this;
 }
 
 boost::shared_ptr<ICIMNamespace> TCimHTTPParameterDecl::OwnNamespace() const {

@@ -22,11 +22,11 @@ public:
 
     /// Empty once the method is gone.
     boost::shared_ptr<ICIMMethodDecl> GetMethod(TContext context) const override;
-    TCIMValue::TCIMType GetType(TContext context) const override;
+    TCIMValue::TCIMType GetType(TContext) const override { return type_; }
     bool IsArray(TContext context) const override;
 
     using TNamedElement::operator=;
-    TCimHTTPParameterDecl& operator=(const TCimHTTPParameterDecl& other);
+    TCimHTTPParameterDecl& operator=(const TCimHTTPParameterDecl&) { return *this; }
 
 private:
     boost::shared_ptr<ICIMNamespace> OwnNamespace() const override;

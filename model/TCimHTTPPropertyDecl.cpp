@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "model/TCimHTTPClass.h"
-#include "provider/contract/Refuse.h"
+#include "provider/contract/HostReport.h"
 
 namespace NQELVSK20 {
 
@@ -15,31 +15,8 @@ void TCimHTTPPropertyDecl::Commit(TContext context) {
     Required(owner_.lock(), "TCimHTTPPropertyDecl::Commit")
         ->AddPropertyDecl(shared_from_this(), std::move(context));
 }
-
-void TCimHTTPPropertyDecl::Reserved10(TContext) {}
-
 boost::shared_ptr<ICIMClass> TCimHTTPPropertyDecl::GetClass(TContext) const {
     return owner_.lock();
-}
-
-TCIMValue::TCIMType TCimHTTPPropertyDecl::GetType(TContext) const {
-    return value_.GetType();
-}
-
-bool TCimHTTPPropertyDecl::IsArray(TContext) const {
-    return value_.IsArray();
-}
-
-const TCIMValue& TCimHTTPPropertyDecl::GetValue(TContext) const {
-    return value_;
-}
-
-void TCimHTTPPropertyDecl::SetValue(const TCIMValue& value, TContext) {
-    value_ = value;
-}
-
-TCimHTTPPropertyDecl& TCimHTTPPropertyDecl::operator=(const TCimHTTPPropertyDecl&) {
-    return *this;
 }
 
 boost::shared_ptr<ICIMNamespace> TCimHTTPPropertyDecl::OwnNamespace() const {

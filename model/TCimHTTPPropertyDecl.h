@@ -19,17 +19,17 @@ public:
 
     /// Adds the property to its class, subject to the class's rules.
     void Commit(TContext context) override;
-    void Reserved10(TContext context) override;
+    void Reserved10(TContext) override {}
 
     /// Empty once the class is gone.
     boost::shared_ptr<ICIMClass> GetClass(TContext context) const override;
-    TCIMValue::TCIMType GetType(TContext context) const override;
-    bool IsArray(TContext context) const override;
-    const TCIMValue& GetValue(TContext context) const override;
-    void SetValue(const TCIMValue& value, TContext context) override;
+    TCIMValue::TCIMType GetType(TContext) const override { return value_.GetType(); }
+    bool IsArray(TContext) const override { return value_.IsArray(); }
+    const TCIMValue& GetValue(TContext) const override { return value_; }
+    void SetValue(const TCIMValue& value, TContext) override { value_ = value; }
 
     using TNamedElement::operator=;
-    TCimHTTPPropertyDecl& operator=(const TCimHTTPPropertyDecl& other);
+    TCimHTTPPropertyDecl& operator=(const TCimHTTPPropertyDecl&) { return *this; }
 
 private:
     boost::shared_ptr<ICIMNamespace> OwnNamespace() const override;

@@ -1,13 +1,28 @@
 #include "model/TCimHTTPQualifier.h"
 
+#include <boost/pointer_cast.hpp>
+#include <cassert>
 #include <utility>
 
 #include "namespace/names/Names.h"
-#include "provider/contract/Refuse.h"
-#include "vskcore/ICIMNamedElement.h"
+#include "provider/contract/HostReport.h"
 #include "vskcore/ICIMNamespace.h"
+#include "vskcore/ICIMQualifierDecl.h"
 
 namespace NQELVSK20 {
+
+namespace {
+
+bool MayBeOverridden(const ICIMQualifier& qualifier) {
+    return (qualifier.GetFlavor(TContext()) & ICIMQualifierDecl::eFlavorEnableOverride) != 0;
+}
+
+bool AreIdentical(const ICIMQualifier& left, const ICIMQualifier& right) {
+    return !(left.GetValue(TContext()) != right.GetValue(TContext())) &&
+           left.GetFlavor(TContext()) == right.GetFlavor(TContext());
+}
+
+}  // namespace
 
 TCimHTTPQualifier::TCimHTTPQualifier(boost::shared_ptr<ICIMNamespace> nameSpace,
                                      boost::shared_ptr<ICIMQualifierDecl> declaration, const TCIMValue& value,
@@ -30,38 +45,12 @@ boost::shared_ptr<TCimHTTPQualifier> TCimHTTPQualifier::Allocate(boost::shared_p
     return boost::shared_ptr<TCimHTTPQualifier>(
         new TCimHTTPQualifier(std::move(nameSpace), std::move(declaration), value, std::move(element)));
 }
-
-void TCimHTTPQualifier::Validate(TContext) {}
-
 void TCimHTTPQualifier::Commit(TContext context) {
     Required(element_.lock(), "TCimHTTPQualifier::Commit")
         ->AddQualifier(shared_from_this(), std::move(context));
 }
-
-void TCimHTTPQualifier::Reserved4(TContext) {}
-
 const std::string& TCimHTTPQualifier::GetName(TContext context) const {
     return declaration_->GetName(std::move(context));
-}
-
-boost::shared_ptr<ICIMNamespace> TCimHTTPQualifier::GetNamespace(TContext) const {
-    return namespace_.lock();
-}
-
-TCIMValue::TCIMType TCimHTTPQualifier::GetType(TContext) const {
-    return value_.GetType();
-}
-
-bool TCimHTTPQualifier::IsArray(TContext) const {
-    return value_.IsArray();
-}
-
-boost::shared_ptr<ICIMQualifierDecl> TCimHTTPQualifier::GetQualifierDecl(TContext) const {
-    return declaration_;
-}
-
-const TCIMValue& TCimHTTPQualifier::GetValue(TContext) const {
-    return value_;
 }
 
 void TCimHTTPQualifier::SetValue(const TCIMValue& value, TContext) {
@@ -78,11 +67,6 @@ void TCimHTTPQualifier::RemoveFlavor(unsigned int bits, TContext) {
     flavor_ &= ~bits;
     propagated_ = false;
 }
-
-unsigned int TCimHTTPQualifier::GetFlavor(TContext) const {
-    return flavor_;
-}
-
 bool TCimHTTPQualifier::operator==(const ICIMQualifier& other) const {
     return EqualByName(GetName(TContext()), other.GetName(TContext()));
 }
@@ -91,16 +75,27 @@ bool TCimHTTPQualifier::operator<(const ICIMQualifier& other) const {
     return LessByName(GetName(TContext()), other.GetName(TContext()));
 }
 
-bool TCimHTTPQualifier::IsPropagated(TContext) const {
-    return propagated_;
+void QualifierSet::Add(boost::shared_ptr<ICIMQualifier> qualifier) {
+    auto own = Required(boost::dynamic_pointer_cast<TCimHTTPQualifier>(qualifier), "QualifierSet::Add");
+    const std::string key = NormalizeName(own->GetName(TContext()));
+
+    const auto stored = qualifiers_.find(key);
+    if (stored == qualifiers_.end()) {
+        [[maybe_unused]] const auto ret = qualifiers_.emplace(key, std::move(own));
+        assert(ret.second);
+    } else if (MayBeOverridden(*stored->second)) {
+        stored->second = std::move(own);  // in its place: an enumeration under way stays valid
+    } else if (!AreIdentical(*own, *stored->second)) {
+        Refuse(eVSKQualifierConflict);
+    }
 }
 
-TCimHTTPQualifier& TCimHTTPQualifier::operator=(const ICIMQualifier&) {
-    return *this;
+boost::shared_ptr<ICIMQualifier> QualifierSet::Find(const std::string& name) const {
+    return FindByName(qualifiers_, name);
 }
 
-TCimHTTPQualifier& TCimHTTPQualifier::operator=(const TCimHTTPQualifier&) {
-    return *this;
+void QualifierSet::Enumerate(const ICIMNamedElement::QualifierCallback& callback) const {
+    CallUntilFalse(qualifiers_, callback);
 }
 
 }  // namespace NQELVSK20

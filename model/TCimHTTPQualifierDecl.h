@@ -18,29 +18,29 @@ public:
                           const TCIMValue& value, EScope scope, EFlavor flavor);
     TCimHTTPQualifierDecl(const TCimHTTPQualifierDecl&) = delete;
 
-    void Validate(TContext context) override;
+    void Validate(TContext) override {}
 
     /// Enters the declaration into its namespace; throws status 16 for a duplicate.
     void Commit(TContext context) override;
-    void Reserved4(TContext context) override;
-    const std::string& GetName(TContext context) const override;
+    void Reserved4(TContext) override {}
+    const std::string& GetName(TContext) const override { return name_; }
 
     /// Empty once the namespace is gone.
-    boost::shared_ptr<ICIMNamespace> GetNamespace(TContext context) const override;
-    TCIMValue::TCIMType GetType(TContext context) const override;
-    bool IsArray(TContext context) const override;
-    const TCIMValue& GetValue(TContext context) const override;
-    void SetValue(const TCIMValue& value, TContext context) override;
-    unsigned int GetScope(TContext context) const override;
-    void AddFlavor(unsigned int bits, TContext context) override;
-    void RemoveFlavor(unsigned int bits, TContext context) override;
-    unsigned int GetFlavor(TContext context) const override;
+    boost::shared_ptr<ICIMNamespace> GetNamespace(TContext) const override { return namespace_.lock(); }
+    TCIMValue::TCIMType GetType(TContext) const override { return value_.GetType(); }
+    bool IsArray(TContext) const override { return value_.IsArray(); }
+    const TCIMValue& GetValue(TContext) const override { return value_; }
+    void SetValue(const TCIMValue& value, TContext) override { value_ = value; }
+    unsigned int GetScope(TContext) const override { return scope_; }
+    void AddFlavor(unsigned int bits, TContext) override { flavor_ |= bits; }
+    void RemoveFlavor(unsigned int bits, TContext) override { flavor_ &= ~bits; }
+    unsigned int GetFlavor(TContext) const override { return flavor_; }
     bool operator==(const ICIMQualifierDecl& other) const override;
     bool operator<(const ICIMQualifierDecl& other) const override;
 
     /// Do nothing: declarations are not copied by assignment.
-    TCimHTTPQualifierDecl& operator=(const ICIMQualifierDecl& other) override;
-    TCimHTTPQualifierDecl& operator=(const TCimHTTPQualifierDecl& other);
+    TCimHTTPQualifierDecl& operator=(const ICIMQualifierDecl&) override { return *this; }
+    TCimHTTPQualifierDecl& operator=(const TCimHTTPQualifierDecl&) { return *this; }
 
 private:
     boost::weak_ptr<ICIMNamespace> namespace_;

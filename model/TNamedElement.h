@@ -3,12 +3,13 @@
 #include <boost/enable_shared_from_this.hpp>
 #include <boost/shared_ptr.hpp>
 #include <string>
+#include <utility>
 
-#include "model/QualifierSet.h"
+#include "model/TCimHTTPQualifier.h"
+#include "namespace/names/Names.h"
+#include "provider/contract/HostReport.h"
 
 namespace NQELVSK20 {
-
-class ICIMNamespace;
 
 /// What declarations of properties, methods and parameters share: a name, comparison by it, and qualifiers.
 /// `TInterface` is the host's interface of the kind of element. Must be owned by a boost::shared_ptr.
@@ -17,29 +18,56 @@ class TNamedElement : public TInterface, public boost::enable_shared_from_this<T
 public:
     TNamedElement(const TNamedElement&) = delete;
 
-    void AddQualifier(boost::shared_ptr<ICIMQualifier> qualifier, TContext context) override;
+    void AddQualifier(boost::shared_ptr<ICIMQualifier> qualifier, TContext) override {
+        qualifiers_.Add(std::move(qualifier));
+    }
+
     boost::shared_ptr<ICIMQualifier> AllocateQualifier(const std::string& name, const TCIMValue& value,
-                                                       TContext context) override;
+                                                       TContext) override {
+        return TCimHTTPQualifier::Allocate(OwnNamespace(), name, value, this->shared_from_this());
+    }
+
     boost::shared_ptr<ICIMQualifier> AllocateQualifier(boost::shared_ptr<ICIMQualifierDecl> declaration,
-                                                       const TCIMValue& value, TContext context) override;
+                                                       const TCIMValue& value, TContext) override {
+        return boost::shared_ptr<ICIMQualifier>(
+            new TCimHTTPQualifier(OwnNamespace(), std::move(declaration), value, this->shared_from_this()));
+    }
+
     boost::shared_ptr<ICIMQualifier> FindQualifier(const std::string& name, bool& found,
-                                                   TContext context) const override;
-    boost::shared_ptr<ICIMQualifier> GetQualifier(const std::string& name, TContext context) const override;
-    void EnumerateQualifiers(const ICIMNamedElement::QualifierCallback& callback,
-                             TContext context) const override;
+                                                   TContext) const override {
+        auto qualifier = qualifiers_.Find(name);
+        found = qualifier != nullptr;
+        return qualifier;
+    }
+
+    boost::shared_ptr<ICIMQualifier> GetQualifier(const std::string& name, TContext) const override {
+        auto qualifier = qualifiers_.Find(name);
+        if (!qualifier) {
+            Refuse(eVSKNotFound);
+        }
+        return qualifier;
+    }
+
+    void EnumerateQualifiers(const ICIMNamedElement::QualifierCallback& callback, TContext) const override {
+        qualifiers_.Enumerate(callback);
+    }
 
     /// Throws status 25 for a malformed name, which no element could be added under.
-    void Validate(TContext context) override;
-    const std::string& GetName(TContext context) const override;
-    bool operator==(const TInterface& other) const override;
-    bool operator<(const TInterface& other) const override;
+    void Validate(TContext) override { NormalizeName(name_); }
+    const std::string& GetName(TContext) const override { return name_; }
+    bool operator==(const TInterface& other) const override {
+        return EqualByName(name_, other.GetName(TContext()));
+    }
+    bool operator<(const TInterface& other) const override {
+        return LessByName(name_, other.GetName(TContext()));
+    }
 
     /// Do nothing: declarations are not copied by assignment.
-    TNamedElement& operator=(const TInterface& other) override;
-    TNamedElement& operator=(const TNamedElement& other);
+    TNamedElement& operator=(const TInterface&) override { return *this; }
+    TNamedElement& operator=(const TNamedElement&) { return *this; }
 
 protected:
-    explicit TNamedElement(std::string name);
+    explicit TNamedElement(std::string name) : name_(std::move(name)) {}
 
 private:
     /// The namespace whose qualifier declarations the element uses; empty when its owner is gone.

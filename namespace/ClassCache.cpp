@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "model/TCimHTTPClass.h"
+#include "model/TCimHTTPQualifierDecl.h"
 #include "namespace/names/Names.h"
-#include "provider/contract/Log.h"
-#include "provider/contract/Refuse.h"
+#include "provider/contract/HostReport.h"
 
 namespace NQELVSK20 {
 
@@ -83,6 +83,27 @@ void ClassCache::Forget() {
         }
     }
     classes_.clear();
+}
+
+void QualifierTable::Add(const boost::shared_ptr<TCimHTTPQualifierDecl>& declaration) {
+    const std::string name = declaration->GetName(TContext());
+    const auto [entry, isNew] = declarations_.emplace(NormalizeName(name), declaration);
+    if (isNew) {
+        return;
+    }
+    if (!replaceDuplicates_) {
+        Refuse(eVSKAlreadyExists, kLogTrace,
+               "CimHTTP: TCimHTTPNamespace: qualifier " + name + " already defined");
+    }
+    entry->second = declaration;
+}
+
+boost::shared_ptr<ICIMQualifierDecl> QualifierTable::Find(const std::string& name) const {
+    return FindByName(declarations_, name);
+}
+
+void QualifierTable::Enumerate(const ICIMNamespace::QualifierDeclCallback& callback) const {
+    CallUntilFalse(declarations_, callback);
 }
 
 }  // namespace NQELVSK20

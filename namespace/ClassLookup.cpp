@@ -9,15 +9,13 @@
 #include <boost/pointer_cast.hpp>
 
 #include "cimhttp/PegClient.h"
-#include "connection/client/HypervisorDetection.h"
 #include "connection/client/Nodes.h"
 #include "connection/client/Waiting.h"
 #include "model/TCimHTTPClass.h"
 #include "namespace/ClassCache.h"
 #include "namespace/names/Names.h"
-#include "provider/contract/Log.h"
+#include "provider/contract/HostReport.h"
 #include "provider/contract/PegText.h"
-#include "provider/contract/Refuse.h"
 #include "qelc/TQELCNamespace.h"
 #include "qelc/VQMInfo.h"
 #include "union/TUnionNamespace.h"
@@ -104,8 +102,8 @@ ClassPointer ClassLookup::Find(const NamespacePointer& self, const std::string& 
         LogTrace(LookupOf(name) + " Found in TCimHTTPNamespace");
         return cached;
     }
-    DetectHypervisor(sources_.nodes.First(), sources_.hypervisor);
-    if (!sources_.hypervisor.isEsxi) {
+    sources_.nodes.DetectHypervisor();
+    if (!sources_.nodes.Detected().isEsxi) {
         if (const auto copied = TakeFromUnion(self, name, context)) {
             return copied;
         }

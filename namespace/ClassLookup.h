@@ -19,7 +19,6 @@ class ICIMNamespace;
 class Nodes;
 class TCimHTTPClass;
 class TUnionNamespace;
-struct Hypervisor;
 
 /// How a namespace answers for a class: from its cache, from the host's union namespace, or from the nodes.
 class ClassLookup {
@@ -31,8 +30,7 @@ public:
     /// lookup.
     struct Sources {
         ClassCache& cache;
-        const Nodes& nodes;
-        Hypervisor& hypervisor;
+        Nodes& nodes;
         const boost::shared_ptr<Pegasus::CIMNamespaceName>& remoteName;  // empty before Init
         const boost::shared_ptr<ICIMNamespace>& upcall;
         const std::string& pluginName;

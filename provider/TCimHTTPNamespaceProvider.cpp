@@ -4,7 +4,7 @@
 
 #include "cimhttp/TCimHTTPNamespace.h"
 #include "provider/contract/PluginProvider.h"
-#include "provider/contract/Refuse.h"
+#include "provider/contract/HostReport.h"
 #include "vskcore/INamespaceProviderManager.h"
 #include "vskcore/TCIMValue.h"
 #include "vskcore/TRootObject.h"

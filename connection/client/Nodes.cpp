@@ -1,9 +1,18 @@
 #include "connection/client/Nodes.h"
 
+#include <Pegasus/Common/CIMInstance.h>
+#include <Pegasus/Common/CIMProperty.h>
+#include <Pegasus/Common/CIMPropertyList.h>
+
 #include <algorithm>
 #include <atomic>
+#include <locale>
+#include <sstream>
 
 #include "cimhttp/PegClient.h"
+#include "connection/client/Waiting.h"
+#include "provider/contract/HostReport.h"
+#include "provider/contract/PegText.h"
 #include "splib/SPLibrary.h"
 
 namespace NQELVSK20 {
@@ -32,7 +41,23 @@ std::string KeyOf(std::size_t index) {
     return std::to_string(SPLibrary::GetBMCMapping(static_cast<int>(index)) + 1);
 }
 
+// The major number of a version such as "5.0.0 build-469512"; 0 when the text does not begin with a number.
+int MajorVersion(const Pegasus::CIMInstance& identity) {
+    const Pegasus::CIMConstProperty property =
+        identity.getProperty(identity.findProperty(Pegasus::CIMName("VersionString")));
+    std::istringstream text(ToText(property.getValue().toString()));
+    text.imbue(std::locale::classic());  // the host's own may read "4.1.0" as one grouped number
+    int major = 0;
+    text >> major;
+    return major;
+}
+
 }  // namespace
+
+bool& HypervisorDetectionDone() {
+    static bool done = false;
+    return done;
+}
 
 void Nodes::AppendFirst() {
     if (first_ == nullptr) {
@@ -43,7 +68,7 @@ void Nodes::AppendFirst() {
 }
 
 void Nodes::AppendIfMissing(std::size_t index) {
-    if (!IsEmpty() && index >= clients_.size()) {
+    if (!clients_.empty() && index >= clients_.size()) {
         owned_.emplace_back(new PegClient(index));
         owned_.back()->SetObserver(observer_);
         clients_.push_back({{KeyOf(index), owned_.back().get()}});
@@ -60,6 +85,30 @@ std::vector<RemoteNode> Nodes::Connected() const {
         nodes.push_back({i, clients_[i].begin()->first, *clients_[i].begin()->second});
     }
     return nodes;
+}
+
+void Nodes::DetectHypervisor() {
+    if (HypervisorDetectionDone()) {
+        return;
+    }
+    HypervisorDetectionDone() = true;
+    if (first_ == nullptr) {
+        return;
+    }
+    const Pegasus::Array<Pegasus::CIMInstance> identities =
+        first_->EnumerateInstances("root/cimv2", "VMware_HypervisorSoftwareIdentity", kDetectionTimeoutMs,
+                                   true, true, false, false, Pegasus::CIMPropertyList());
+    if (identities.size() == 0) {
+        return;
+    }
+    hypervisor_.isEsxi = true;
+    try {
+        if (MajorVersion(identities[0]) >= 5) {
+            hypervisor_.isEsxi5 = true;
+        }
+    } catch (const Pegasus::Exception&) {
+        LogTrace("TCimHTTPNamespace::Pegasus Client connect VMware_HypervisorSoftwareIdentity");
+    }
 }
 
 void Nodes::Disconnect() {

@@ -17,6 +17,12 @@ struct RemoteNode {
     PegClient& client;  ///< Belongs to the namespace's Nodes.
 };
 
+/// What is known of a server as a VMware ESXi host.
+struct Hypervisor {
+    bool isEsxi = false;
+    bool isEsxi5 = false;  ///< Version 5 or later.
+};
+
 /// The nodes of a namespace in node order: a client each, under the key of the controller that serves it, and
 /// what they were last connected with.
 ///
@@ -41,8 +47,14 @@ public:
     PegClient* First() const { return first_; }
 
     const Clients& All() const { return clients_; }
-    bool IsEmpty() const { return clients_.empty(); }
     std::vector<RemoteNode> Connected() const;
+
+    /// Asks node 0 whether it is a hypervisor.
+    ///
+    /// Hosts rely on its running once a process, for the first namespace that gets here: any later one asks
+    /// nothing and keeps what it has. Without a node 0 the answer is no.
+    void DetectHypervisor();
+    const Hypervisor& Detected() const { return hypervisor_; }
 
     /// Disconnects every node and forgets all but the first.
     void Disconnect();
@@ -59,9 +71,13 @@ public:
 private:
     ClientObserver* observer_ = nullptr;
     PegClient* first_ = nullptr;
+    Hypervisor hypervisor_;
     Clients clients_;
     std::vector<boost::shared_ptr<PegClient>> owned_;  // those of nodes 1 and up, in node order
 };
+
+/// Whether the detection has run; for tests, which want it anew or out of their way.
+bool& HypervisorDetectionDone();
 
 /// What a namespace was last connected with: one element per node, and the port of the last single node.
 struct Credentials {

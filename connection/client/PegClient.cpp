@@ -10,7 +10,7 @@
 
 #include "cimhttp/ClientObserver.h"
 #include "connection/client/Waiting.h"
-#include "provider/contract/Log.h"
+#include "provider/contract/HostReport.h"
 #include "provider/contract/PegText.h"
 
 namespace NQELVSK20 {

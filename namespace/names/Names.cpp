@@ -1,8 +1,10 @@
 #include "namespace/names/Names.h"
 
-#include "provider/contract/Log.h"
+#include <Pegasus/Common/CIMObjectPath.h>
+#include <Pegasus/Common/Exception.h>
+
+#include "provider/contract/HostReport.h"
 #include "provider/contract/PegText.h"
-#include "provider/contract/Refuse.h"
 
 namespace NQELVSK20 {
 
@@ -14,6 +16,31 @@ bool IsNameStart(char c) {
 
 bool IsNamePart(char c) {
     return IsNameStart(c) || (c >= '0' && c <= '9');
+}
+
+std::string CanonicalForm(const Pegasus::CIMObjectPath& path);
+
+std::string CanonicalValue(const Pegasus::CIMKeyBinding& key) {
+    const std::string value = ToText(key.getValue());
+    switch (key.getType()) {
+        case Pegasus::CIMKeyBinding::REFERENCE:
+            return CanonicalForm(Pegasus::CIMObjectPath(key.getValue()));
+        case Pegasus::CIMKeyBinding::BOOLEAN:
+            return LowerCase(value);
+        default:
+            return value;
+    }
+}
+
+std::string CanonicalForm(const Pegasus::CIMObjectPath& path) {
+    const Pegasus::Array<Pegasus::CIMKeyBinding>& keys = path.getKeyBindings();
+    std::string form = LowerCase(ToText(path.getClassName()));
+    for (Pegasus::Uint32 i = 0; i < keys.size(); ++i) {  // the remote library has sorted them by name
+        const std::string value = CanonicalValue(keys[i]);
+        // The length keeps a value from passing for the keys that follow it.
+        form += "," + LowerCase(ToText(keys[i].getName())) + "=" + std::to_string(value.size()) + ":" + value;
+    }
+    return form;
 }
 
 }  // namespace
@@ -37,6 +64,14 @@ bool EqualByName(const std::string& left, const std::string& right) {
 
 bool LessByName(const std::string& left, const std::string& right) {
     return NormalizeName(left) < NormalizeName(right);
+}
+
+std::string CanonicalPath(const std::string& path) {
+    try {
+        return CanonicalForm(Pegasus::CIMObjectPath(FromText(path)));
+    } catch (const Pegasus::Exception&) {
+        return {};
+    }
 }
 
 }  // namespace NQELVSK20

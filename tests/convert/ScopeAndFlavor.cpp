@@ -1,4 +1,4 @@
-#include "convert/Codes.h"
+#include "convert/ToCore.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "namespace/names/CanonicalPath.h"
+#include "namespace/names/Names.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "model/InstanceCollection.h"
+#include "model/TCimHTTPInstance.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "model/NodeMark.h"
+#include "model/RemoteInstanceReader.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,5 @@
-#include "model/QualifierSet.h"
-
 #include "model/TCimHTTPQualifier.h"
+
 #include "tests/model/ElementTest.h"
 #include "union/TUnionNamespace.h"
 #include "vskcore/ICIMQualifierDecl.h"

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "cimhttp/TCimHTTPNamespace.h"
-#include "connection/client/HypervisorDetection.h"
 #include "connection/client/Nodes.h"
 
 namespace NQELVSK20 {

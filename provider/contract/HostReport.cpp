@@ -1,20 +1,27 @@
-#include "provider/contract/Refuse.h"
+#include "provider/contract/HostReport.h"
 
 #include <cassert>
 
-#include "provider/contract/Log.h"
 #include "vskcore/ILogger.h"
 #include "vskcore/TRootObject.h"
 #include "vskcore/TVSKException.h"
 
 namespace NQELVSK20 {
 
+void LogError(const std::string& text) {
+    TRootObject::GetCoreLogger()->Log(kLogError, text);
+}
+
+void LogTrace(const std::string& text) {
+    TRootObject::GetCoreLogger()->Log(kLogTrace, text);
+}
+
 void Refuse(EVSKStatusCode status) {
     throw TVSKException(status);
 }
 
-void Refuse(EVSKStatusCode status, int logLevel, const std::string& explanation) {
-    TRootObject::GetCoreLogger()->Log(logLevel, explanation);
+void Refuse(EVSKStatusCode status, LogLevel level, const std::string& explanation) {
+    TRootObject::GetCoreLogger()->Log(level, explanation);
     throw TVSKException(status);
 }
 

@@ -7,13 +7,20 @@
 
 namespace NQELVSK20 {
 
-// The one place where the plug-in's refusals and its broken preconditions are made.
+// What the host is told: lines in its log, refusals and broken preconditions. All of them are made here.
+
+/// Log levels of this plug-in, as the host's core logger knows them.
+enum LogLevel : int { kLogError = 0, kLogTrace = 3 };
+
+/// Writes one whole message to the host's core logger.
+void LogError(const std::string& text);
+void LogTrace(const std::string& text);
 
 /// Throws TVSKException with the status and nothing logged.
 [[noreturn]] void Refuse(EVSKStatusCode status);
 
 /// Logs the explanation at the level, then throws TVSKException with the status.
-[[noreturn]] void Refuse(EVSKStatusCode status, int logLevel, const std::string& explanation);
+[[noreturn]] void Refuse(EVSKStatusCode status, LogLevel level, const std::string& explanation);
 
 /// Checks that a pointer the caller relies on is set. When it is not, logs at level 0 where that was; a build
 /// with assertions then stops the process, one without returns false and leaves the rest to the caller.
