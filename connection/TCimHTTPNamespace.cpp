@@ -15,6 +15,7 @@
 #include "namespace/ClassLookup.h"
 #include "namespace/Queries.h"
 #include "namespace/names/Names.h"
+#include "provider/contract/HostCodes.h"
 #include "provider/contract/HostReport.h"
 #include "provider/contract/PegText.h"
 #include "provider/contract/PluginProvider.h"
@@ -28,7 +29,7 @@ namespace {
 constexpr const char* kPluginNameKey = "pluginNameQualDeclValue";
 
 [[noreturn]] void RefuseRemoteObject(const char* what, const Pegasus::Exception& error) {
-    Refuse(eVSKRemoteFailure, kLogTrace, what + ToText(error));
+    Refuse(kStatusRemoteFailure, kLogTrace, what + ToText(error));
 }
 
 std::size_t IndexOf(int nodeIndex) {
@@ -145,7 +146,7 @@ ClassNamespace& TCimHTTPNamespace::ForClasses() {
 void TCimHTTPNamespace::Initialize(TContext context) {
     const auto pluginName = context.find(kPluginNameKey);
     if (pluginName == context.end()) {
-        Refuse(eVSKMissingContextValue, kLogError,
+        Refuse(kStatusMissingContextValue, kLogError,
                "TCIMHTTPNamespace: 'pluginNameQualDeclValue' not passed via context");
     }
     impl_->pluginName_ = pluginName->second.operator std::string();
@@ -157,8 +158,7 @@ void TCimHTTPNamespace::Initialize(TContext context) {
 
 void TCimHTTPNamespace::DeclarePluginQualifier(const std::string& name, const std::string& defaultValue) {
     AddQualifierDecl(boost::dynamic_pointer_cast<TCimHTTPQualifierDecl>(
-        AllocateQualifierDecl(name, TCIMValue(defaultValue), ICIMQualifierDecl::eScopeNone,
-                              ICIMQualifierDecl::eFlavorNone, TContext())));
+        AllocateQualifierDecl(name, TCIMValue(defaultValue), kScopeNone, kFlavorNone, TContext())));
 }
 
 void TCimHTTPNamespace::Init() {
@@ -213,7 +213,7 @@ void TCimHTTPNamespace::connect(std::vector<std::string> hosts, std::vector<std:
     LogTrace("Entering TCimHTTPNamespace::connect - Connect to multinode cimom via http or https");
     if (!impl_->connected_) {
         if (hosts.empty() || hosts.size() != users.size() || users.size() != passwords.size()) {
-            Refuse(eVSKRemoteFailure, kLogTrace, "The input auth info is not correct!");
+            Refuse(kStatusRemoteFailure, kLogTrace, "The input auth info is not correct!");
         }
         SaveConnectAuthInfo(hosts, users, passwords);
         if (hosts.size() > 1) {
@@ -466,25 +466,25 @@ void TCimHTTPNamespace::EnumerateProviders(const ProviderCallback&, TContext) {}
 void TCimHTTPNamespace::ClearInstances() {}
 
 void TCimHTTPNamespace::AddUnderlyingNamespace(boost::shared_ptr<ICIMNamespace>, TContext) {
-    Refuse(eVSKNotSupported);
+    Refuse(kStatusNotSupported);
 }
 
 boost::shared_ptr<ICIMSubscription> TCimHTTPNamespace::Subscribe(boost::shared_ptr<ICIMIndicationFilter>,
                                                                  const InstanceCallback&, TContext) {
-    Refuse(eVSKNotOffered);
+    Refuse(kStatusNotOffered);
 }
 
 void TCimHTTPNamespace::DeleteInstance(const TCIMReference&, TContext) {
-    Refuse(eVSKNotOffered);
+    Refuse(kStatusNotOffered);
 }
 
 void TCimHTTPNamespace::ModifyInstance(const TCIMReference&, TContext, TContext) {
-    Refuse(eVSKNotOffered);
+    Refuse(kStatusNotOffered);
 }
 
 void TCimHTTPNamespace::ExecuteQuery(const InstanceCallback&, std::string&, const InstanceCallback&,
                                      TContext) {
-    Refuse(eVSKNotOffered);
+    Refuse(kStatusNotOffered);
 }
 
 }  // namespace NQELVSK20

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "provider/contract/HostCodes.h"
 #include "provider/contract/PegText.h"
 #include "vskcore/TCIMChar16.h"
 #include "vskcore/TCIMDateTime.h"
@@ -133,13 +134,13 @@ std::optional<TCIMValue> ToNumber(const std::string& text) {
 Type TypeOfKind(Key::Type kind) {
     switch (kind) {
         case Key::BOOLEAN:
-            return Type::eBoolean;
+            return kTypeBoolean;
         case Key::REFERENCE:
-            return Type::eReference;
+            return kTypeReference;
         case Key::NUMERIC:
-            return Type::eUnknown;
+            return kTypeUnknown;
         default:
-            return Type::eString;
+            return kTypeString;
     }
 }
 
@@ -147,37 +148,37 @@ std::optional<TCIMValue> Convert(const Key& key, Type type,
                                  const boost::shared_ptr<ICIMNamespace>& nameSpace) {
     const std::string text = ToText(key.getValue());
     switch (type) {
-        case Type::eUnknown:
+        case kTypeUnknown:
             return ToNumber(text);
-        case Type::eBoolean:
+        case kTypeBoolean:
             return ToBoolean(text);
-        case Type::eUint8:
+        case kTypeUint8:
             return ToInteger<unsigned char>(text);
-        case Type::eSint8:
+        case kTypeSint8:
             return ToInteger<signed char>(text);
-        case Type::eUint16:
+        case kTypeUint16:
             return ToInteger<unsigned short>(text);
-        case Type::eSint16:
+        case kTypeSint16:
             return ToInteger<short>(text);
-        case Type::eUint32:
+        case kTypeUint32:
             return ToInteger<unsigned int>(text);
-        case Type::eSint32:
+        case kTypeSint32:
             return ToInteger<int>(text);
-        case Type::eUint64:
+        case kTypeUint64:
             return ToInteger<unsigned long long>(text);
-        case Type::eSint64:
+        case kTypeSint64:
             return ToInteger<long long>(text);
-        case Type::eReal32:
+        case kTypeReal32:
             return ToReal<float>(text);
-        case Type::eReal64:
+        case kTypeReal64:
             return ToReal<double>(text);
-        case Type::eChar16:
+        case kTypeChar16:
             return ToChar16(key.getValue());
-        case Type::eString:
+        case kTypeString:
             return TCIMValue(text);
-        case Type::eDateTime:
+        case kTypeDateTime:
             return ToDateTime(key.getValue());
-        case Type::eReference:
+        case kTypeReference:
             return ToReference(text, nameSpace);
         default:
             return std::nullopt;  // an array is no key
@@ -188,7 +189,7 @@ std::optional<TCIMValue> Convert(const Key& key, Type type,
 
 bool ConvertKeyToCoreValue(const Pegasus::CIMKeyBinding& key, TCIMValue::TCIMType declared,
                            const boost::shared_ptr<ICIMNamespace>& nameSpace, TCIMValue& out) {
-    const Type type = declared == Type::eUnknown ? TypeOfKind(key.getType()) : declared;
+    const Type type = declared == kTypeUnknown ? TypeOfKind(key.getType()) : declared;
     const auto value = Convert(key, type, nameSpace);
     out = value ? *value : TCIMValue(ToText(key.getValue()));
     return value.has_value();

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "provider/contract/HostCodes.h"
 #include "provider/contract/HostReport.h"
 #include "provider/contract/PegText.h"
 #include "vskcore/ICIMClass.h"
@@ -112,22 +113,16 @@ struct Keyword {
     unsigned int value;
 };
 
-constexpr Keyword kScopes[] = {{"CLASS", ICIMQualifierDecl::eScopeClass},
-                               {"ASSOCIATION", ICIMQualifierDecl::eScopeAssociation},
-                               {"INDICATION", ICIMQualifierDecl::eScopeIndication},
-                               {"PROPERTY", ICIMQualifierDecl::eScopeProperty},
-                               {"REFERENCE", ICIMQualifierDecl::eScopeReference},
-                               {"METHOD", ICIMQualifierDecl::eScopeMethod},
-                               {"PARAMETER", ICIMQualifierDecl::eScopeParameter},
-                               {"ANY", ICIMQualifierDecl::eScopeAny}};
+constexpr Keyword kScopes[] = {{"CLASS", kScopeClass},           {"ASSOCIATION", kScopeAssociation},
+                               {"INDICATION", kScopeIndication}, {"PROPERTY", kScopeProperty},
+                               {"REFERENCE", kScopeReference},   {"METHOD", kScopeMethod},
+                               {"PARAMETER", kScopeParameter},   {"ANY", kScopeAny}};
 
 // Hosts rely on this table as it is: OVERRIDABLE and RESTRICTED give no bit.
-constexpr Keyword kFlavors[] = {{"OVERRIDABLE", ICIMQualifierDecl::eFlavorNone},
-                                {"ENABLEOVERRIDE", ICIMQualifierDecl::eFlavorEnableOverride},
-                                {"TOSUBCLASS", ICIMQualifierDecl::eFlavorToSubclass},
-                                {"RESTRICTED", ICIMQualifierDecl::eFlavorNone},
-                                {"TRANSLATABLE", ICIMQualifierDecl::eFlavorTranslatable},
-                                {"DEFAULTS", ICIMQualifierDecl::eFlavorDefaults}};
+constexpr Keyword kFlavors[] = {
+    {"OVERRIDABLE", kFlavorNone},          {"ENABLEOVERRIDE", kFlavorEnableOverride},
+    {"TOSUBCLASS", kFlavorToSubclass},     {"RESTRICTED", kFlavorNone},
+    {"TRANSLATABLE", kFlavorTranslatable}, {"DEFAULTS", kFlavorDefaults}};
 
 /// The value of the keyword that is the whole text, or 0: a combination's text is no keyword.
 template <std::size_t N>
@@ -157,9 +152,9 @@ void ConvertToCoreValue(std::string /*name*/, Pegasus::CIMValue value, Pegasus::
 TCIMValue::TCIMType ToCoreType(Pegasus::CIMType type, bool isArray) {
     using Type = TCIMValue::TCIMType;
     if (type > Pegasus::CIMTYPE_REFERENCE) {
-        return isArray ? Type::eUnknownArray : Type::eUnknown;
+        return isArray ? kTypeUnknownArray : kTypeUnknown;
     }
-    const int firstCode = isArray ? Type::eBooleanArray : Type::eBoolean;
+    const int firstCode = isArray ? kTypeBooleanArray : kTypeBoolean;
     return static_cast<Type::ECIMType>(firstCode + static_cast<int>(type));
 }
 
@@ -173,7 +168,7 @@ unsigned int ToCoreFlavor(const Pegasus::CIMFlavor& flavor) {
 
 unsigned int ToCoreQualifierFlavor(const Pegasus::CIMFlavor& flavor) {
     return flavor.hasFlavor(Pegasus::CIMFlavor::OVERRIDABLE)
-               ? static_cast<unsigned int>(ICIMQualifierDecl::eFlavorEnableOverride)
+               ? static_cast<unsigned int>(kFlavorEnableOverride)
                : ToCoreFlavor(flavor);
 }
 

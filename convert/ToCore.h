@@ -35,7 +35,7 @@ unsigned int ToCoreScope(const Pegasus::CIMScope& scope);
 /// one that the host gives no bit.
 unsigned int ToCoreFlavor(const Pegasus::CIMFlavor& flavor);
 
-/// The host's flavor bits of a qualifier as it stands on a remote element: eFlavorEnableOverride for one that
+/// The host's flavor bits of a qualifier as it stands on a remote element: kFlavorEnableOverride for one that
 /// may be overridden, among whatever other flavors it has; else those of ToCoreFlavor.
 unsigned int ToCoreQualifierFlavor(const Pegasus::CIMFlavor& flavor);
 

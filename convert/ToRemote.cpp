@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "provider/contract/HostCodes.h"
 #include "provider/contract/PegText.h"
 
 namespace NQELVSK20 {
@@ -84,30 +85,30 @@ constexpr Setters kSettersOf = {SetScalar<T>, SetArray<T>};
 
 /// Indexed by the host's scalar type code.
 constexpr Setters kSetters[] = {
-    {LeaveUntouched, LeaveUntouched},                     // eUnknown = 0
-    kSettersOf<Pegasus::Boolean>,                         // eBoolean
-    kSettersOf<Pegasus::Uint8>,                           // eUint8
-    kSettersOf<Pegasus::Sint8>,                           // eSint8
-    kSettersOf<Pegasus::Uint16>,                          // eUint16
-    kSettersOf<Pegasus::Sint16>,                          // eSint16
-    kSettersOf<Pegasus::Uint32>,                          // eUint32
-    kSettersOf<Pegasus::Sint32>,                          // eSint32
-    kSettersOf<Pegasus::Uint64>,                          // eUint64
-    kSettersOf<Pegasus::Sint64>,                          // eSint64
-    kSettersOf<Pegasus::Real32>,                          // eReal32
-    kSettersOf<Pegasus::Real64>,                          // eReal64
-    kSettersOf<Pegasus::Char16>,                          // eChar16
-    kSettersOf<Pegasus::String>,                          // eString
-    kSettersOf<Pegasus::CIMDateTime>,                     // eDateTime
-    {SetScalar<Pegasus::CIMObjectPath>, LeaveUntouched},  // eReference = 15
+    {LeaveUntouched, LeaveUntouched},                     // kTypeUnknown = 0
+    kSettersOf<Pegasus::Boolean>,                         // kTypeBoolean
+    kSettersOf<Pegasus::Uint8>,                           // kTypeUint8
+    kSettersOf<Pegasus::Sint8>,                           // kTypeSint8
+    kSettersOf<Pegasus::Uint16>,                          // kTypeUint16
+    kSettersOf<Pegasus::Sint16>,                          // kTypeSint16
+    kSettersOf<Pegasus::Uint32>,                          // kTypeUint32
+    kSettersOf<Pegasus::Sint32>,                          // kTypeSint32
+    kSettersOf<Pegasus::Uint64>,                          // kTypeUint64
+    kSettersOf<Pegasus::Sint64>,                          // kTypeSint64
+    kSettersOf<Pegasus::Real32>,                          // kTypeReal32
+    kSettersOf<Pegasus::Real64>,                          // kTypeReal64
+    kSettersOf<Pegasus::Char16>,                          // kTypeChar16
+    kSettersOf<Pegasus::String>,                          // kTypeString
+    kSettersOf<Pegasus::CIMDateTime>,                     // kTypeDateTime
+    {SetScalar<Pegasus::CIMObjectPath>, LeaveUntouched},  // kTypeReference = 15
 };
-static_assert(std::size(kSetters) == TCIMValue::TCIMType::eReference + 1, "one row for each scalar code");
+static_assert(std::size(kSetters) == kTypeReference + 1, "one row for each scalar code");
 
 }  // namespace
 
 void ConvertToRemoteValue(const TCIMValue& value, Pegasus::CIMValue& out) {
     const TCIMValue::TCIMType::ECIMType code = value.GetType();
-    if (code > TCIMValue::TCIMType::eReference) {
+    if (code > kTypeReference) {
         return;
     }
     const Setters& setters = kSetters[code];

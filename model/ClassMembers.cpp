@@ -1,5 +1,6 @@
 #include "model/ClassMembers.h"
 
+#include "provider/contract/HostCodes.h"
 #include "provider/contract/HostReport.h"
 #include "vskcore/TVSKException.h"
 
@@ -11,7 +12,7 @@ namespace {
 // an empty pointer.
 void RequireOverride(const ICIMPropertyDecl& declaration) {
     if (!declaration.GetQualifier("OVERRIDE", TContext())) {
-        Refuse(eVSKNotFound);
+        Refuse(kStatusNotFound);
     }
 }
 
@@ -21,10 +22,9 @@ void ClassMembers::AddProperty(const ICIMClass& owner,
                                const boost::shared_ptr<ICIMPropertyDecl>& declaration) {
     const std::string& name = declaration->GetName(TContext());
     const std::string& className = owner.GetName(TContext());
-    if (declaration->GetType(TContext()) == TCIMValue::TCIMType::eReference &&
-        !owner.IsAssociation(TContext())) {
+    if (declaration->GetType(TContext()) == kTypeReference && !owner.IsAssociation(TContext())) {
         Refuse(
-            eVSKReferenceNotAllowed, kLogError,
+            kStatusReferenceNotAllowed, kLogError,
             "TCimHTTP: Attempt to add reference property " + name + " to non-association class " + className);
     }
     const std::string key = NormalizeName(name);
@@ -33,7 +33,7 @@ void ClassMembers::AddProperty(const ICIMClass& owner,
         RemoveOverridden(owner, key, *declaration);
     } catch (const TVSKException& error) {
         // An override of nothing is refused with the same status as what is no override: both are new.
-        if (error.GetStatusCode() != eVSKNotFound) {
+        if (error.GetStatusCode() != kStatusNotFound) {
             Refuse(error.GetStatusCode(), kLogError,
                    "TCimHTTP: Attempt define property " + name + " in class " + className +
                        "failed. Reason = " + error.what());
@@ -50,13 +50,13 @@ void ClassMembers::RemoveOverridden(const ICIMClass& owner, const std::string& k
                                 " in class " + owner.GetName(TContext()) + ": ";
     const auto stored = properties_.find(key);
     if (stored == properties_.end()) {
-        Refuse(eVSKNotFound, kLogError, attempt + "property doesn't exist in base class");
+        Refuse(kStatusNotFound, kLogError, attempt + "property doesn't exist in base class");
     }
     if (stored->second->GetType(TContext()) != declaration.GetType(TContext())) {
-        Refuse(eVSKTypeMismatch, kLogError, attempt + "different types");
+        Refuse(kStatusTypeMismatch, kLogError, attempt + "different types");
     }
     if (stored->second->GetClass(TContext()).get() == &owner) {
-        Refuse(eVSKAlreadyExists, kLogError, attempt + "original was defined in this class");
+        Refuse(kStatusAlreadyExists, kLogError, attempt + "original was defined in this class");
     }
     Remove(stored);
 }
@@ -69,7 +69,7 @@ void ClassMembers::MakeRoomForNew(const ICIMClass& owner, const std::string& key
     }
     // Port types are declared again by each layer of the host's schema; the last one is the one that counts.
     if (propertyName.find("PortType") == std::string::npos) {
-        Refuse(eVSKAlreadyExists, kLogError,
+        Refuse(kStatusAlreadyExists, kLogError,
                "TCimHTTP: Attempt to add property " + propertyName + " to class " +
                    owner.GetName(TContext()) + ": already exists");
     }
@@ -84,7 +84,7 @@ void ClassMembers::Remove(Properties::const_iterator property) {
 void ClassMembers::AddMethod(const ICIMClass& owner, const boost::shared_ptr<ICIMMethodDecl>& declaration) {
     const std::string& name = declaration->GetName(TContext());
     if (!methods_.emplace(NormalizeName(name), declaration).second) {
-        Refuse(eVSKAlreadyExists, kLogError,
+        Refuse(kStatusAlreadyExists, kLogError,
                "TCimHTTP: Attempt to add method " + name + " to class " + owner.GetName(TContext()) +
                    ": already exists");
     }

@@ -19,6 +19,7 @@
 #include "model/TCimHTTPQualifier.h"
 #include "model/TCimHTTPQualifierDecl.h"
 #include "namespace/names/Names.h"
+#include "provider/contract/HostCodes.h"
 #include "provider/contract/HostReport.h"
 #include "provider/contract/PegText.h"
 #include "vskcore/ICIMParameterDecl.h"
@@ -63,7 +64,7 @@ void RemoteClassReader::ReadFromNodes(const std::string& remoteNamespace) {
 }
 
 void RemoteClassReader::Read(const Pegasus::CIMClass& definition) {
-    ReadQualifiers(definition, ICIMQualifierDecl::eScopeClass, *target_);
+    ReadQualifiers(definition, kScopeClass, *target_);
     for (Pegasus::Uint32 i = 0; i < definition.getPropertyCount(); ++i) {
         ReadProperty(definition.getProperty(i));
     }
@@ -121,7 +122,7 @@ void RemoteClassReader::ReadProperty(const Pegasus::CIMConstProperty& remote) {
     const std::string key = NormalizeName(name);
     const auto declaration = target_->AllocatePropertyDecl(name, TCIMValue(), TContext());
     declaration->SetValue(TCIMValue(ToCoreType(remote.getType(), remote.isArray()), 0), TContext());
-    ReadQualifiers(remote, ICIMQualifierDecl::eScopeProperty, *declaration);
+    ReadQualifiers(remote, kScopeProperty, *declaration);
     if (remote.getType() == Pegasus::CIMTYPE_REFERENCE) {
         members_.InsertReference(key, declaration, ToText(remote.getReferenceClassName()));
     } else {

@@ -14,6 +14,7 @@
 #include "model/RemoteInstanceReader.h"
 #include "model/TCimHTTPMethodDecl.h"
 #include "model/TCimHTTPPropertyDecl.h"
+#include "provider/contract/HostCodes.h"
 #include "provider/contract/HostReport.h"
 #include "provider/contract/PegText.h"
 #include "vskcore/TVSKException.h"
@@ -302,7 +303,7 @@ boost::shared_ptr<ICIMPropertyDecl> TCimHTTPClass::GetPropertyDecl(const std::st
     if (name == "DateTimeOfCollection") {  // the host asks every class for it, and copes without
         return {};
     }
-    Refuse(eVSKNotFound);
+    Refuse(kStatusNotFound);
 }
 
 TCIMValue::TCIMType TCimHTTPClass::DeclaredType(const std::string& property) const {
@@ -310,8 +311,7 @@ TCIMValue::TCIMType TCimHTTPClass::DeclaredType(const std::string& property) con
         return declaration->GetType(TContext());
     }
     const auto superclass = KnownSuperclass();
-    return superclass ? superclass->DeclaredType(property)
-                      : TCIMValue::TCIMType(TCIMValue::TCIMType::eUnknown);
+    return superclass ? superclass->DeclaredType(property) : TCIMValue::TCIMType(kTypeUnknown);
 }
 
 void TCimHTTPClass::EnumeratePropertyDecls(const PropertyDeclCallback& callback, TContext) const {
@@ -321,7 +321,7 @@ void TCimHTTPClass::EnumeratePropertyDecls(const PropertyDeclCallback& callback,
 boost::shared_ptr<ICIMNamedElement> TCimHTTPClass::GetMemberEntry(const std::string& name, TContext) const {
     const auto entry = memberEntries_.find(NormalizeName(name));
     if (entry == memberEntries_.end()) {
-        Refuse(eVSKNotFound);
+        Refuse(kStatusNotFound);
     }
     return entry->second;
 }
@@ -343,7 +343,7 @@ void TCimHTTPClass::EnumerateMethodDecls(const MethodDeclCallback& callback, TCo
 // Members of a class find their qualifiers by this operation; a class itself refuses it, and hosts ask it by
 // GetQualifier.
 boost::shared_ptr<ICIMQualifier> TCimHTTPClass::FindQualifier(const std::string&, bool&, TContext) const {
-    Refuse(eVSKNotOffered);
+    Refuse(kStatusNotOffered);
 }
 
 boost::shared_ptr<ICIMQualifier> TCimHTTPClass::GetQualifier(const std::string& name, TContext) const {
@@ -361,7 +361,7 @@ void TCimHTTPClass::AddSubclass(boost::shared_ptr<ICIMClass> subclass, TContext)
         return;
     }
     if (DerivesFrom(*subclass)) {
-        Refuse(eVSKNotSupported);
+        Refuse(kStatusNotSupported);
     }
     if (const auto remote = boost::dynamic_pointer_cast<TCimHTTPClass>(subclass)) {
         const auto former = remote->KnownSuperclass();
@@ -532,15 +532,15 @@ void TCimHTTPClass::InvokeMethod(TCIMValue& result, const TCIMReference& object,
 // Slots without a meaning of their own
 
 void TCimHTTPClass::Reserved4(TContext) {
-    Refuse(eVSKNotSupported);
+    Refuse(kStatusNotSupported);
 }
 
 void TCimHTTPClass::Reserved5(TContext) {
-    Refuse(eVSKNotSupported);
+    Refuse(kStatusNotSupported);
 }
 
 void TCimHTTPClass::Reserved21(const std::string&, TContext) {
-    Refuse(eVSKNotSupported);
+    Refuse(kStatusNotSupported);
 }
 
 }  // namespace NQELVSK20

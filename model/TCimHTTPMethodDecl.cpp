@@ -44,7 +44,7 @@ void TCimHTTPMethodDecl::AddParameter(boost::shared_ptr<TCimHTTPParameterDecl> p
     const bool added = parameters_.emplace(NormalizeName(name), parameter).second;
     if (!added) {
         // "Inmem" and "property" are what the host's users know this message by.
-        Refuse(eVSKAlreadyExists, kLogError,
+        Refuse(kStatusAlreadyExists, kLogError,
                "Inmem: Attempt to add property " + name + " to method " + GetName(TContext()) +
                    ": already exists");
     }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "model/TCimHTTPMethodDecl.h"
+#include "provider/contract/HostCodes.h"
 #include "provider/contract/HostReport.h"
 #include "vskcore/ICIMClass.h"
 
@@ -23,7 +24,7 @@ boost::shared_ptr<ICIMMethodDecl> TCimHTTPParameterDecl::GetMethod(TContext) con
 }
 
 bool TCimHTTPParameterDecl::IsArray(TContext) const {
-    return type_ >= TCIMValue::TCIMType::eUnknownArray;
+    return type_ >= kTypeUnknownArray;
 }
 
 boost::shared_ptr<ICIMNamespace> TCimHTTPParameterDecl::OwnNamespace() const {

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "namespace/names/Names.h"
+#include "provider/contract/HostCodes.h"
 #include "provider/contract/HostReport.h"
 #include "vskcore/ICIMNamespace.h"
 #include "vskcore/ICIMQualifierDecl.h"
@@ -14,7 +15,7 @@ namespace NQELVSK20 {
 namespace {
 
 bool MayBeOverridden(const ICIMQualifier& qualifier) {
-    return (qualifier.GetFlavor(TContext()) & ICIMQualifierDecl::eFlavorEnableOverride) != 0;
+    return (qualifier.GetFlavor(TContext()) & kFlavorEnableOverride) != 0;
 }
 
 bool AreIdentical(const ICIMQualifier& left, const ICIMQualifier& right) {
@@ -40,7 +41,7 @@ boost::shared_ptr<TCimHTTPQualifier> TCimHTTPQualifier::Allocate(boost::shared_p
                                                                  boost::weak_ptr<ICIMNamedElement> element) {
     auto declaration = Required(nameSpace, "TCimHTTPQualifier::Allocate")->GetQualifierDecl(name, TContext());
     if (!declaration) {
-        Refuse(eVSKNotFound);
+        Refuse(kStatusNotFound);
     }
     return boost::shared_ptr<TCimHTTPQualifier>(
         new TCimHTTPQualifier(std::move(nameSpace), std::move(declaration), value, std::move(element)));
@@ -86,7 +87,7 @@ void QualifierSet::Add(boost::shared_ptr<ICIMQualifier> qualifier) {
     } else if (MayBeOverridden(*stored->second)) {
         stored->second = std::move(own);  // in its place: an enumeration under way stays valid
     } else if (!AreIdentical(*own, *stored->second)) {
-        Refuse(eVSKQualifierConflict);
+        Refuse(kStatusQualifierConflict);
     }
 }
 

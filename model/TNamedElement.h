@@ -43,7 +43,7 @@ public:
     boost::shared_ptr<ICIMQualifier> GetQualifier(const std::string& name, TContext) const override {
         auto qualifier = qualifiers_.Find(name);
         if (!qualifier) {
-            Refuse(eVSKNotFound);
+            Refuse(kStatusNotFound);
         }
         return qualifier;
     }

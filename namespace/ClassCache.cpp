@@ -39,7 +39,7 @@ boost::shared_ptr<TCimHTTPClass> ClassCache::Add(const boost::shared_ptr<TCimHTT
         return {};
     }
     if (!replaceDuplicates_) {
-        Refuse(eVSKAlreadyExists, kLogTrace, "TCimHTTPNamespace: class " + name + " already defined");
+        Refuse(kStatusAlreadyExists, kLogTrace, "TCimHTTPNamespace: class " + name + " already defined");
     }
     const auto replaced = entry->second;
     if (replaced == cimClass) {
@@ -92,7 +92,7 @@ void QualifierTable::Add(const boost::shared_ptr<TCimHTTPQualifierDecl>& declara
         return;
     }
     if (!replaceDuplicates_) {
-        Refuse(eVSKAlreadyExists, kLogTrace,
+        Refuse(kStatusAlreadyExists, kLogTrace,
                "CimHTTP: TCimHTTPNamespace: qualifier " + name + " already defined");
     }
     entry->second = declaration;

@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "cimhttp/TCimHTTPNamespace.h"
-#include "provider/contract/PluginProvider.h"
 #include "provider/contract/HostReport.h"
+#include "provider/contract/PluginProvider.h"
 #include "vskcore/INamespaceProviderManager.h"
 #include "vskcore/TCIMValue.h"
 #include "vskcore/TRootObject.h"
@@ -25,7 +25,7 @@ TVSKStatusCode TCimHTTPNamespaceProvider::Initialize() {
     if (PointerIsSet(manager != nullptr, "TCimHTTPNamespaceProvider::Initialize")) {
         manager->RegisterProvider(GetInstance());
     }
-    return eVSKSuccess;
+    return kStatusSuccess;
 }
 
 const std::string& TCimHTTPNamespaceProvider::GetName(TContext) const {
@@ -43,7 +43,7 @@ boost::shared_ptr<ICIMNamespace> TCimHTTPNamespaceProvider::AllocateNamespace(TC
 }
 
 INamespaceProvider::EType TCimHTTPNamespaceProvider::GetType(TContext) const {
-    return eRemoteProvider;
+    return kRemoteProvider;
 }
 
 bool TCimHTTPNamespaceProvider::IsIndicationsSupported(TContext) const {

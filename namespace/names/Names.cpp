@@ -52,7 +52,7 @@ std::string NormalizeName(const std::string& name) {
         char& c = normalized[i];
         c = LowerCase(c);
         if (!(i == 0 ? IsNameStart(c) : IsNamePart(c))) {
-            Refuse(eVSKInvalidName, kLogError, "CimHTTP: CIM name '" + name + "' is invalid");
+            Refuse(kStatusInvalidName, kLogError, "CimHTTP: CIM name '" + name + "' is invalid");
         }
     }
     return normalized;

@@ -3,7 +3,7 @@
 #include <boost/shared_ptr.hpp>
 #include <string>
 
-#include "vskcore/TVSKStatusCode.h"
+#include "provider/contract/HostCodes.h"
 
 namespace NQELVSK20 {
 
@@ -31,7 +31,7 @@ bool PointerIsSet(bool isSet, const std::string& where);
 template <class T>
 boost::shared_ptr<T> Required(boost::shared_ptr<T> pointer, const char* where) {
     if (!PointerIsSet(pointer != nullptr, where)) {
-        Refuse(eVSKNotFound);
+        Refuse(kStatusNotFound);
     }
     return pointer;
 }

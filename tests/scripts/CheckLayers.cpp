@@ -130,4 +130,14 @@ TEST_F(CheckLayers, RefusesACircleOfRooms) {
         << said;
 }
 
+TEST_F(CheckLayers, RefusesAHostsEnumeratorOutsideTheRoomThatAdaptsThem) {
+    Write("provider/contract/HostCodes.h",
+          "constexpr auto kRemoteProvider = INamespaceProvider::eRemoteProvider;");
+    Write("host/vskcore/TVSKStatusCode.h", "enum EVSKStatusCode { eVSKSuccess };");
+    Write("model/TCimHTTPClass.cpp", "// as eVSKNotFound\nLog(\"eVSKNotFound\");\nRefuse(eVSKNotFound);");
+    EXPECT_EQ(
+        Check(),
+        "model/TCimHTTPClass.cpp:3: eVSKNotFound is the host's name for it; provider/contract has one\n");
+}
+
 }  // namespace
