@@ -201,7 +201,7 @@ void TCimHTTPNamespace::connect(std::string host, std::string user, std::string 
     if (!impl_->connected_) {
         SaveConnectAuthInfo(host, user, password, kHttpPort);
         connect(0, host, user, password);
-        // Before the flag here, after it in ConnectViaHttps, as hosts rely on.
+        // Before the flag here, after it in ConnectViaHttps: kept, hosts rely on it.
         CheckIsESXi5();
         impl_->connected_ = true;
     }
@@ -222,7 +222,7 @@ void TCimHTTPNamespace::connect(std::vector<std::string> hosts, std::vector<std:
         for (std::size_t i = 0; i < hosts.size(); ++i) {
             connect(static_cast<int>(i), hosts[i], users[i], passwords[i]);
         }
-        // No detection here, as hosts rely on: it runs when a class is first missed.
+        // No detection of several nodes: kept, hosts rely on it. It runs when a class is first missed.
         impl_->connected_ = true;
     }
     LogTrace("Exiting TCimHTTPNamespace::connect - Connect to multinode cimom via http or https");
@@ -248,7 +248,7 @@ void TCimHTTPNamespace::ConnectViaHttp(std::string host, std::string user, std::
     if (!impl_->connected_) {
         SaveConnectAuthInfo(host, user, password, port);
         ConnectViaHttp(0, host, user, password, kHttpPort);
-        impl_->connected_ = true;
+        impl_->connected_ = true;  // and no detection: kept, hosts rely on it
     }
     LogTrace("Exiting TCimHTTPNamespace::ConnectViaHttp");
 }
@@ -259,7 +259,7 @@ void TCimHTTPNamespace::ConnectViaHttps(std::string host, std::string user, std:
         SaveConnectAuthInfo(host, user, password, port);
         ConnectViaHttps(0, host, user, password, kHttpsPort);
         impl_->connected_ = true;
-        CheckIsESXi5();
+        CheckIsESXi5();  // after the flag here, before it in connect: kept, hosts rely on it
     }
     LogTrace("Exiting TCimHTTPNamespace::ConnectViaHttps");
 }
@@ -385,7 +385,7 @@ void TCimHTTPNamespace::AddClass(boost::shared_ptr<TCimHTTPClass> cimClass) {
     impl_->cache_.Add(cimClass);
 }
 
-// Hosts may count on it: classes stay cached for the life of the namespace.
+// Does nothing: kept, hosts rely on it. Classes stay cached for the life of the namespace.
 void TCimHTTPNamespace::RemoveClass(boost::shared_ptr<TCimHTTPClass>) {}
 
 void TCimHTTPNamespace::EnumerateRootClasses(const ClassCallback& callback, TContext context) {

@@ -97,6 +97,7 @@ std::optional<TCIMValue> ToBoolean(const std::string& written) {
     return TCIMValue(text == "true");
 }
 
+// By the decimal text of its code, as any char16.
 std::optional<TCIMValue> ToChar16(const Pegasus::String& text) {
     if (text.size() != 1) {
         return std::nullopt;

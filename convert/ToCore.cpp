@@ -35,7 +35,7 @@ TCIMValue ToCore(TNumber number) {
     return TCIMValue(number);
 }
 
-// The host's char16 is made from the decimal text of its code: the character A from "65".
+// A char16 goes over as the decimal text of its code, the character A as "65": kept, hosts rely on it.
 TCIMValue ToCore(const Pegasus::Char16& character) {
     return TCIMValue(TCIMChar16(std::to_string(Pegasus::Uint16(character))));
 }
@@ -118,7 +118,7 @@ constexpr Keyword kScopes[] = {{"CLASS", kScopeClass},           {"ASSOCIATION",
                                {"REFERENCE", kScopeReference},   {"METHOD", kScopeMethod},
                                {"PARAMETER", kScopeParameter},   {"ANY", kScopeAny}};
 
-// Hosts rely on this table as it is: OVERRIDABLE and RESTRICTED give no bit.
+// OVERRIDABLE and RESTRICTED give no bit: kept, hosts rely on this table as it is.
 constexpr Keyword kFlavors[] = {
     {"OVERRIDABLE", kFlavorNone},          {"ENABLEOVERRIDE", kFlavorEnableOverride},
     {"TOSUBCLASS", kFlavorToSubclass},     {"RESTRICTED", kFlavorNone},

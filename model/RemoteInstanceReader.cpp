@@ -24,7 +24,7 @@ bool Contains(const std::string& text, const char* part) {
 }
 
 void LogUnreadable(const std::string& property) {
-    // Hosts look for the line as it is, its leading digit included.
+    // The digit before the class is no slip of ours: kept, hosts rely on the line as it is.
     LogTrace("4TCimHTTPClass::EnumerateInstances - Unable to retrieve property: " + property);
 }
 
@@ -84,6 +84,7 @@ RemoteInstanceReader::RemoteInstanceReader(boost::shared_ptr<ClassNamespace> nam
       class_(std::move(cimClass)),
       mark_(namespace_->OwnName(), node.key, class_->IsMultiNode()),
       convertsNulls_(Contains(namespace_->OwnName(), "root/cimv2")),
+      // Compared to the letter, like the names of properties below: kept, hosts rely on it.
       isSlotClass_(class_->GetName(TContext()) == "OMC_ProcessorSlot"),
       dropsRemoteEvents_(node.index == 0 && class_->GetName(TContext()) == "QEL_StandardMessageLogEntry") {
     nodeNumber_.Set(mark_.NodeNumber());

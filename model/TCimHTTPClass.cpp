@@ -188,8 +188,8 @@ bool TCimHTTPClass::HasTrueQualifier(const std::string& name) const {
     return qualifier && IsTrue(qualifier->GetValue(TContext()));
 }
 
-// The two branches ask different questions on purpose: a connected host wants to know whether the name stands
-// for the root class itself, one that is not connected whether the class hangs below it.
+// The two branches ask different questions: while connected, whether the name stands for the root class
+// itself; else whether the class hangs below it. Kept, hosts rely on both.
 bool TCimHTTPClass::IsTopLevel(TContext) const {
     const auto nameSpace = OwnNamespace("IsTopLevel");
     if (!nameSpace) {
@@ -237,7 +237,8 @@ void TCimHTTPClass::EnumerateSubclasses(const ClassCallback& callback, bool deep
     }
 }
 
-// Names are compared to the letter: both come from servers, which spell a class in one way.
+// Names of classes are compared to the letter, here and by == and <: kept, hosts rely on it. Those of their
+// members are not.
 bool TCimHTTPClass::IsSubclassOf(boost::shared_ptr<ICIMClass> other, TContext context) const {
     if (!PointerIsSet(other != nullptr, "TCimHTTPClass::IsSubclassOf " + name_)) {
         return false;
@@ -340,8 +341,8 @@ void TCimHTTPClass::EnumerateMethodDecls(const MethodDeclCallback& callback, TCo
     EnumerateEntries(members_.AllMethods(), callback);
 }
 
-// Members of a class find their qualifiers by this operation; a class itself refuses it, and hosts ask it by
-// GetQualifier.
+// Members of a class find their qualifiers by this operation; a class itself refuses it and answers
+// GetQualifier: kept, hosts rely on it.
 boost::shared_ptr<ICIMQualifier> TCimHTTPClass::FindQualifier(const std::string&, bool&, TContext) const {
     Refuse(kStatusNotOffered);
 }

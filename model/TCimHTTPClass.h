@@ -205,8 +205,9 @@ private:
     bool isInNamespace_ = true;              // until LeaveNamespace
     QualifierSet qualifiers_;
     ClassMembers members_;
-    std::map<std::string, boost::shared_ptr<ICIMNamedElement>>
-        memberEntries_;  // hosts may ask for it; nothing fills it
+    // Asked for by GetMemberEntry and EnumerateMemberEntries, and filled by nothing: kept, hosts rely on
+    // both.
+    std::map<std::string, boost::shared_ptr<ICIMNamedElement>> memberEntries_;
     std::vector<boost::shared_ptr<ICIMClass>> subclasses_;
     InstanceCollection instances_;
     bool registered_ = false;

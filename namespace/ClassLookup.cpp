@@ -35,7 +35,7 @@ std::string LookupOf(const std::string& name) {
     return "TCimHTTPNamespace::GetClass " + name;
 }
 
-// Compared to the letter: in any other letter case the class is fetched, as hosts rely on.
+// Compared to the letter; in any other letter case the class is fetched: kept, hosts rely on it.
 bool IsAbsentOnSingleNode(const std::string& name) {
     return name == "QEL_RemoteNode" && VQMInfo::GetInstance()->GetNodeCount() < 2;
 }
@@ -125,8 +125,8 @@ boost::shared_ptr<TUnionNamespace> ClassLookup::UnionNamespaceBehind(const std::
     return unionNamespace;
 }
 
-// Asked also for a class whose copy failed: hosts expect the question and, when it fails, the line in the
-// log.
+// Asked also for a class whose copy failed, with the line in the log when the question fails: kept, hosts
+// rely on it.
 bool ClassLookup::IsCopiedFromUnion(const std::string& name, const std::string& where) const {
     const auto unionNamespace = UnionNamespaceBehind(where);
     return unionNamespace && unionNamespace->GetClass(name, TContext()) &&

@@ -46,7 +46,7 @@ void ReadInstance(const Pegasus::CIMInstance& instance) {
 std::vector<std::string> QueryClassNames(PegClient* client, const std::string& nameSpace,
                                          const std::string& className) {
     CheckNames(nameSpace, className);
-    // Always shallow: hosts ask with a flag for all levels and count on getting one.
+    // Always shallow, whatever the flag that hosts ask with: kept, hosts rely on it.
     return client == nullptr ? std::vector<std::string>()
                              : client->EnumerateClassNames(nameSpace, className, false, kClassNamesTimeoutMs);
 }

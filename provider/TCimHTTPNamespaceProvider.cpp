@@ -12,8 +12,8 @@
 namespace NQELVSK20 {
 
 boost::shared_ptr<TCimHTTPNamespaceProvider> TCimHTTPNamespaceProvider::GetInstance() {
-    static const boost::shared_ptr<TCimHTTPNamespaceProvider> instance(new TCimHTTPNamespaceProvider);
-    return instance;
+    static const boost::shared_ptr<TCimHTTPNamespaceProvider> kInstance(new TCimHTTPNamespaceProvider);
+    return kInstance;
 }
 
 boost::shared_ptr<INamespaceProvider> PluginProvider() {
@@ -29,8 +29,8 @@ TVSKStatusCode TCimHTTPNamespaceProvider::Initialize() {
 }
 
 const std::string& TCimHTTPNamespaceProvider::GetName(TContext) const {
-    static const std::string name = "cimhttp";
-    return name;
+    static const std::string kName = "cimhttp";
+    return kName;
 }
 
 boost::shared_ptr<ICIMNamespace> TCimHTTPNamespaceProvider::AllocateNamespace(TContext context,

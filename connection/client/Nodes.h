@@ -51,8 +51,8 @@ public:
 
     /// Asks node 0 whether it is a hypervisor.
     ///
-    /// Hosts rely on its running once a process, for the first namespace that gets here: any later one asks
-    /// nothing and keeps what it has. Without a node 0 the answer is no.
+    /// Runs once a process, for the first namespace that gets here; any later one asks nothing and keeps what
+    /// it has: kept, hosts rely on it. Without a node 0 the answer is no.
     void DetectHypervisor();
     const Hypervisor& Detected() const { return hypervisor_; }
 
