@@ -55,6 +55,7 @@ boost::shared_ptr<ClassNamespace> TCimHTTPClass::OwnNamespace(const char* operat
     PointerIsSet(nameSpace != nullptr, std::string("TCimHTTPClass::") + operation + " " + name_);
     return nameSpace;
 }
+
 void TCimHTTPClass::Initialize() {
     if (superclass_.lock()) {
         return;
@@ -123,6 +124,7 @@ void TCimHTTPClass::LeaveNamespace() {
     isInNamespace_ = false;
     ForgetInstances();
 }
+
 boost::shared_ptr<ICIMPropertyDecl> TCimHTTPClass::AllocatePropertyDecl(const std::string& name,
                                                                         const TCIMValue& defaultValue,
                                                                         TContext) {

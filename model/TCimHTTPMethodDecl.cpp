@@ -39,6 +39,7 @@ boost::shared_ptr<ICIMParameterDecl> TCimHTTPMethodDecl::GetParameterDecl(const 
 void TCimHTTPMethodDecl::EnumerateParameterDecls(const ParameterCallback& callback, TContext) const {
     CallUntilFalse(parameters_, callback);
 }
+
 void TCimHTTPMethodDecl::AddParameter(boost::shared_ptr<TCimHTTPParameterDecl> parameter) {
     const std::string& name = parameter->GetName(TContext());
     const bool added = parameters_.emplace(NormalizeName(name), parameter).second;

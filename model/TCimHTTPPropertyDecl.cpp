@@ -15,6 +15,7 @@ void TCimHTTPPropertyDecl::Commit(TContext context) {
     Required(owner_.lock(), "TCimHTTPPropertyDecl::Commit")
         ->AddPropertyDecl(shared_from_this(), std::move(context));
 }
+
 boost::shared_ptr<ICIMClass> TCimHTTPPropertyDecl::GetClass(TContext) const {
     return owner_.lock();
 }

@@ -46,10 +46,12 @@ boost::shared_ptr<TCimHTTPQualifier> TCimHTTPQualifier::Allocate(boost::shared_p
     return boost::shared_ptr<TCimHTTPQualifier>(
         new TCimHTTPQualifier(std::move(nameSpace), std::move(declaration), value, std::move(element)));
 }
+
 void TCimHTTPQualifier::Commit(TContext context) {
     Required(element_.lock(), "TCimHTTPQualifier::Commit")
         ->AddQualifier(shared_from_this(), std::move(context));
 }
+
 const std::string& TCimHTTPQualifier::GetName(TContext context) const {
     return declaration_->GetName(std::move(context));
 }
@@ -68,6 +70,7 @@ void TCimHTTPQualifier::RemoveFlavor(unsigned int bits, TContext) {
     flavor_ &= ~bits;
     propagated_ = false;
 }
+
 bool TCimHTTPQualifier::operator==(const ICIMQualifier& other) const {
     return EqualByName(GetName(TContext()), other.GetName(TContext()));
 }

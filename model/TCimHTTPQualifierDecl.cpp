@@ -1,20 +1,16 @@
 #include "model/TCimHTTPQualifierDecl.h"
 
-#include <utility>
-
 #include "model/ClassNamespace.h"
 #include "namespace/names/Names.h"
 #include "provider/contract/HostReport.h"
 
 namespace NQELVSK20 {
 
-TCimHTTPQualifierDecl::TCimHTTPQualifierDecl(boost::shared_ptr<ICIMNamespace> nameSpace, std::string name,
-                                             const TCIMValue& value, EScope scope, EFlavor flavor)
-    : namespace_(nameSpace), name_(std::move(name)), value_(value), scope_(scope), flavor_(flavor) {}
 void TCimHTTPQualifierDecl::Commit(TContext) {
     Required(ClassNamespace::Behind(namespace_.lock()), "TCimHTTPQualifierDecl::Commit")
         ->Enter(shared_from_this());
 }
+
 bool TCimHTTPQualifierDecl::operator==(const ICIMQualifierDecl& other) const {
     return EqualByName(name_, other.GetName(TContext()));
 }

@@ -4,6 +4,7 @@
 #include <boost/shared_ptr.hpp>
 #include <boost/weak_ptr.hpp>
 #include <string>
+#include <utility>
 
 #include "vskcore/ICIMQualifierDecl.h"
 
@@ -15,7 +16,8 @@ class TCimHTTPQualifierDecl : public ICIMQualifierDecl,
                               public boost::enable_shared_from_this<TCimHTTPQualifierDecl> {
 public:
     TCimHTTPQualifierDecl(boost::shared_ptr<ICIMNamespace> nameSpace, std::string name,
-                          const TCIMValue& value, EScope scope, EFlavor flavor);
+                          const TCIMValue& value, EScope scope, EFlavor flavor)
+        : namespace_(nameSpace), name_(std::move(name)), value_(value), scope_(scope), flavor_(flavor) {}
     TCimHTTPQualifierDecl(const TCimHTTPQualifierDecl&) = delete;
 
     void Validate(TContext) override {}

@@ -1,7 +1,6 @@
 #include "cimhttp/PegClient.h"
 
 #include <Pegasus/Common/Exception.h>
-#include <Pegasus/Common/SSLContext.h>
 
 #include <array>
 #include <cstdio>
@@ -9,6 +8,7 @@
 #include <utility>
 
 #include "cimhttp/ClientObserver.h"
+#include "connection/client/ServerLink.h"
 #include "connection/client/Waiting.h"
 #include "provider/contract/HostReport.h"
 #include "provider/contract/PegText.h"
@@ -45,23 +45,19 @@ unsigned int Doubled(unsigned int timeout) {
 
 class PegClient::Impl {
 public:
-    enum State : int { kDisconnected = 0, kHttp = 1, kHttps = 2 };
-
     explicit Impl(std::size_t node) : node_(node) {}
 
-    Pegasus::CIMClient& Client() { return client_; }
+    ServerLink& Link() { return *link_; }
     void SetObserver(ClientObserver* observer) { observer_ = observer; }
     bool TimedOut() const { return timedOut_; }
 
-    void Remember(const std::string& host, const std::string& user, const std::string& password);
-    template <class TConnect>
-    bool Open(const char* operation, State newState, const TConnect& connect);
+    bool Open(const char* operation, const ServerAddress& address);
+    bool OpenEither(const std::string& host, const std::string& user, const std::string& password);
     void Disconnect();
-    bool Reconnect(PegClient& self);
+    bool Reconnect();
 
     template <class TSend>
-    void Request(PegClient& self, const char* operation, const std::string& subject, unsigned int timeout,
-                 const TSend& send);
+    void Request(const char* operation, const std::string& subject, unsigned int timeout, const TSend& send);
 
 private:
     enum class Outcome { kDone, kTimedOut, kRefused, kBroken };
@@ -73,14 +69,12 @@ private:
     ClientFailure FailureOf(const char* operation, const std::string& subject) const;
 
     /// How long the client library waits from now on, in milliseconds.
-    void LimitWaiting(unsigned int timeout) { client_.setTimeout(ClientTimeout(timeout)); }
+    void LimitWaiting(unsigned int timeout) { link_->SetTimeout(ClientTimeout(timeout)); }
 
     const std::size_t node_;
-    int state_ = kDisconnected;
-    std::string host_;
-    std::string user_;
-    std::string password_;
-    Pegasus::CIMClient client_;
+    const std::unique_ptr<ServerLink> link_ = MakeServerLink();
+    bool isConnected_ = false;
+    ServerAddress address_;  // where the last connection was opened, or tried
     bool timedOut_ = false;
     ClientObserver* observer_ = nullptr;
 };
@@ -104,15 +98,8 @@ void PegClient::Impl::GiveUp(const ClientFailure& failure) {
     }
 }
 
-void PegClient::Impl::Remember(const std::string& host, const std::string& user,
-                               const std::string& password) {
-    host_ = host;
-    user_ = user;
-    password_ = password;
-}
-
-template <class TConnect>
-bool PegClient::Impl::Open(const char* operation, State newState, const TConnect& connect) {
+bool PegClient::Impl::Open(const char* operation, const ServerAddress& address) {
+    address_ = address;
     ClientFailure failure = FailureOf(operation, {});
     failure.kind = Kind::kCannotConnect;
     const auto fail = [&](const char* exception, const Pegasus::Exception& error) {
@@ -121,10 +108,10 @@ bool PegClient::Impl::Open(const char* operation, State newState, const TConnect
     };
     try {
         LimitWaiting(kConnectTimeoutMs);
-        connect(client_);
-        state_ = newState;
+        link_->Connect(address);
+        isConnected_ = true;
         if (observer_ != nullptr) {
-            observer_->Connected(node_, newState == kHttps);
+            observer_->Connected(node_, address.isEncrypted);
         }
         return true;
     } catch (const Pegasus::AlreadyConnectedException& error) {
@@ -142,24 +129,29 @@ bool PegClient::Impl::Open(const char* operation, State newState, const TConnect
     return false;
 }
 
-void PegClient::Impl::Disconnect() {
-    if (state_ == kDisconnected) {
-        return;
-    }
-    client_.disconnect();
-    state_ = kDisconnected;
+bool PegClient::Impl::OpenEither(const std::string& host, const std::string& user,
+                                 const std::string& password) {
+    return Open("HTTPSConnect", {true, host, kHttpsPort, user, password}) ||
+           Open("HTTPConnect", {false, host, kHttpPort, user, password});
 }
 
-bool PegClient::Impl::Reconnect(PegClient& self) {
+void PegClient::Impl::Disconnect() {
+    if (isConnected_) {
+        link_->Disconnect();
+        isConnected_ = false;
+    }
+}
+
+bool PegClient::Impl::Reconnect() {
     Disconnect();
     ReconnectPause(kReconnectPauseMs);
-    return self.Connect(host_, user_, password_);
+    return OpenEither(address_.host, address_.user, address_.password);
 }
 
 template <class TSend>
 PegClient::Impl::Outcome PegClient::Impl::Attempt(const TSend& send, ClientFailure& failure) {
     try {
-        send(client_);
+        send(*link_);
         return Outcome::kDone;
     } catch (const Pegasus::ConnectionTimeoutException& error) {
         failure.kind = Kind::kTimeout;
@@ -181,10 +173,10 @@ PegClient::Impl::Outcome PegClient::Impl::Attempt(const TSend& send, ClientFailu
 }
 
 template <class TSend>
-void PegClient::Impl::Request(PegClient& self, const char* operation, const std::string& subject,
-                              unsigned int timeout, const TSend& send) {
+void PegClient::Impl::Request(const char* operation, const std::string& subject, unsigned int timeout,
+                              const TSend& send) {
     timedOut_ = false;
-    if (state_ == kDisconnected) {
+    if (!isConnected_) {
         return;
     }
     LimitWaiting(timeout);
@@ -208,7 +200,7 @@ void PegClient::Impl::Request(PegClient& self, const char* operation, const std:
         if (outcome == Outcome::kTimedOut) {
             LimitWaiting(Doubled(timeout));
         } else {
-            Reconnect(self);
+            Reconnect();
             LimitWaiting(timeout);  // connecting set its own
         }
     }
@@ -219,7 +211,7 @@ PegClient::PegClient(std::size_t node) : impl_(std::make_unique<Impl>(node)) {}
 PegClient::~PegClient() = default;
 
 Pegasus::CIMClient* PegClient::GetCIMClient() {
-    return &impl_->Client();
+    return &impl_->Link().Library();
 }
 
 void PegClient::SetObserver(ClientObserver* observer) {
@@ -231,25 +223,15 @@ bool PegClient::LastRequestTimedOut() const {
 }
 
 bool PegClient::HTTPConnect(std::string host, std::string user, std::string password, int port) {
-    impl_->Remember(host, user, password);
-    return impl_->Open("HTTPConnect", Impl::kHttp, [&](Pegasus::CIMClient& client) {
-        client.connect(FromText(host), static_cast<Pegasus::Uint32>(port), FromText(user),
-                       FromText(password));
-    });
+    return impl_->Open("HTTPConnect", {false, host, port, user, password});
 }
 
 bool PegClient::HTTPSConnect(std::string host, std::string user, std::string password, int port) {
-    impl_->Remember(host, user, password);
-    return impl_->Open("HTTPSConnect", Impl::kHttps, [&](Pegasus::CIMClient& client) {
-        // No trust store and no callback: the certificate is not checked.
-        const Pegasus::SSLContext context(Pegasus::String::EMPTY, nullptr, Pegasus::String::EMPTY);
-        client.connect(FromText(host), static_cast<Pegasus::Uint32>(port), context, FromText(user),
-                       FromText(password));
-    });
+    return impl_->Open("HTTPSConnect", {true, host, port, user, password});
 }
 
 bool PegClient::Connect(std::string host, std::string user, std::string password) {
-    return HTTPSConnect(host, user, password, kHttpsPort) || HTTPConnect(host, user, password, kHttpPort);
+    return impl_->OpenEither(host, user, password);
 }
 
 void PegClient::Disconnect() {
@@ -257,16 +239,16 @@ void PegClient::Disconnect() {
 }
 
 void PegClient::Reconnect() {
-    impl_->Reconnect(*this);
+    impl_->Reconnect();
 }
 
 Pegasus::CIMClass PegClient::GetClass(std::string nameSpace, std::string className, unsigned int timeout,
                                       bool localOnly, bool includeQualifiers, bool includeClassOrigin,
                                       const Pegasus::CIMPropertyList& propertyList) {
     Pegasus::CIMClass result;
-    impl_->Request(*this, "GetClass", className, timeout, [&](Pegasus::CIMClient& client) {
-        result = client.getClass(FromNamespace(nameSpace), FromName(className), localOnly, includeQualifiers,
-                                 includeClassOrigin, propertyList);
+    impl_->Request("GetClass", className, timeout, [&](ServerLink& link) {
+        result = link.GetClass(FromNamespace(nameSpace), FromName(className), localOnly, includeQualifiers,
+                               includeClassOrigin, propertyList);
     });
     return result;
 }
@@ -275,9 +257,9 @@ Pegasus::Array<Pegasus::CIMInstance> PegClient::EnumerateInstances(
     std::string nameSpace, std::string className, unsigned int timeout, bool deepInheritance, bool localOnly,
     bool includeQualifiers, bool includeClassOrigin, const Pegasus::CIMPropertyList& propertyList) {
     Pegasus::Array<Pegasus::CIMInstance> result;
-    impl_->Request(*this, "EnumerateInstances", className, timeout, [&](Pegasus::CIMClient& client) {
-        result = client.enumerateInstances(FromNamespace(nameSpace), FromName(className), deepInheritance,
-                                           localOnly, includeQualifiers, includeClassOrigin, propertyList);
+    impl_->Request("EnumerateInstances", className, timeout, [&](ServerLink& link) {
+        result = link.EnumerateInstances(FromNamespace(nameSpace), FromName(className), deepInheritance,
+                                         localOnly, includeQualifiers, includeClassOrigin, propertyList);
     });
     return result;
 }
@@ -288,9 +270,9 @@ Pegasus::CIMValue PegClient::InvokeMethod(std::string nameSpace, const Pegasus::
                                           Pegasus::Array<Pegasus::CIMParamValue>& outputs,
                                           unsigned int timeout) {
     Pegasus::CIMValue result;
-    impl_->Request(*this, "InvokeMethod", method, timeout, [&](Pegasus::CIMClient& client) {
+    impl_->Request("InvokeMethod", method, timeout, [&](ServerLink& link) {
         outputs.clear();  // an attempt that failed may have left some
-        result = client.invokeMethod(FromNamespace(nameSpace), path, FromName(method), inputs, outputs);
+        result = link.InvokeMethod(FromNamespace(nameSpace), path, FromName(method), inputs, outputs);
     });
     return result;
 }
@@ -298,9 +280,9 @@ Pegasus::CIMValue PegClient::InvokeMethod(std::string nameSpace, const Pegasus::
 std::vector<std::string> PegClient::EnumerateClassNames(std::string nameSpace, std::string className,
                                                         bool deepInheritance, unsigned int timeout) {
     std::vector<std::string> result;
-    impl_->Request(*this, "EnumerateClassNames", className, timeout, [&](Pegasus::CIMClient& client) {
+    impl_->Request("EnumerateClassNames", className, timeout, [&](ServerLink& link) {
         const Pegasus::Array<Pegasus::CIMName> names =
-            client.enumerateClassNames(FromNamespace(nameSpace), FromName(className), deepInheritance);
+            link.EnumerateClassNames(FromNamespace(nameSpace), FromName(className), deepInheritance);
         result.reserve(names.size());
         for (Pegasus::Uint32 i = 0; i < names.size(); ++i) {
             result.push_back(ToText(names[i]));
@@ -312,9 +294,9 @@ std::vector<std::string> PegClient::EnumerateClassNames(std::string nameSpace, s
 std::vector<std::string> PegClient::EnumerateInstanceNames(std::string nameSpace, std::string className,
                                                            unsigned int timeout) {
     std::vector<std::string> result;
-    impl_->Request(*this, "EnumerateInstanceNames", className, timeout, [&](Pegasus::CIMClient& client) {
+    impl_->Request("EnumerateInstanceNames", className, timeout, [&](ServerLink& link) {
         const Pegasus::Array<Pegasus::CIMObjectPath> paths =
-            client.enumerateInstanceNames(FromNamespace(nameSpace), FromName(className));
+            link.EnumerateInstanceNames(FromNamespace(nameSpace), FromName(className));
         result.reserve(paths.size());
         for (Pegasus::Uint32 i = 0; i < paths.size(); ++i) {
             result.push_back(ToText(paths[i].toString()));
