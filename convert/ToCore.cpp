@@ -41,7 +41,7 @@ TCIMValue ToCore(const Pegasus::Char16& character) {
 }
 
 TCIMValue ToCore(const Pegasus::String& text) {
-    return TCIMValue(ToText(text));
+    return TCIMValue(static_cast<const char*>(text.getCString()));
 }
 
 TCIMValue ToCore(const Pegasus::CIMDateTime& time) {
@@ -137,8 +137,8 @@ unsigned int ValueOf(const std::string& text, const Keyword (&keywords)[N]) {
 
 }  // namespace
 
-void ConvertToCoreValue(std::string /*name*/, Pegasus::CIMValue value, Pegasus::CIMType type, bool isArray,
-                        TCIMValue& out, boost::shared_ptr<ICIMClass> owningClass) {
+void ConvertToCoreValue(const std::string& /*name*/, const Pegasus::CIMValue& value, Pegasus::CIMType type,
+                        bool isArray, TCIMValue& out, const boost::shared_ptr<ICIMClass>& owningClass) {
     if (type < Pegasus::CIMTYPE_REFERENCE) {
         const Conversion& conversion = kConversions[type];
         // The host expects the element's scalar code here, not the array code.

@@ -22,8 +22,8 @@ class ICIMClass;
 /// they need. Embedded objects and arrays of references leave `out` as it is.
 ///
 /// `name` is the element's, for the reader of a call; the conversion does not use it.
-void ConvertToCoreValue(std::string name, Pegasus::CIMValue value, Pegasus::CIMType type, bool isArray,
-                        TCIMValue& out, boost::shared_ptr<ICIMClass> owningClass);
+void ConvertToCoreValue(const std::string& name, const Pegasus::CIMValue& value, Pegasus::CIMType type,
+                        bool isArray, TCIMValue& out, const boost::shared_ptr<ICIMClass>& owningClass);
 
 /// The host's type code of a remote type. Types that have none (embedded objects) give the unknown codes.
 TCIMValue::TCIMType ToCoreType(Pegasus::CIMType type, bool isArray);

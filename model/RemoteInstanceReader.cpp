@@ -62,18 +62,11 @@ bool IsController(const std::string& namespaceName) {
 // The one-based number of the controller whose zero-based digit follows the word. Machines have four
 // controllers at most; any other character is no count and stays as it is.
 std::string ControllerNumber(const std::string& namespaceName) {
-    const std::string digit =
-        namespaceName.substr(namespaceName.find(kControllerWord) + kControllerWord.size(), 1);
-    if (digit == "3") {
-        return "4";
+    std::string digit = namespaceName.substr(namespaceName.find(kControllerWord) + kControllerWord.size(), 1);
+    if (digit >= "0" && digit <= "3") {
+        ++digit.front();
     }
-    if (digit == "2") {
-        return "3";
-    }
-    if (digit == "1") {
-        return "2";
-    }
-    return digit == "0" ? "1" : digit;
+    return digit;
 }
 
 }  // namespace
@@ -82,6 +75,7 @@ RemoteInstanceReader::RemoteInstanceReader(boost::shared_ptr<ClassNamespace> nam
                                            boost::shared_ptr<TCimHTTPClass> cimClass, const RemoteNode& node)
     : namespace_(std::move(nameSpace)),
       class_(std::move(cimClass)),
+      hostClass_(class_),
       mark_(namespace_->OwnName(), node.key, class_->IsMultiNode()),
       convertsNulls_(Contains(namespace_->OwnName(), "root/cimv2")),
       // Compared to the letter, like the names of properties below: kept, hosts rely on it.
@@ -116,7 +110,7 @@ void RemoteInstanceReader::ReadMissingKeys(const Pegasus::CIMInstance& remote, I
     const Pegasus::Array<Pegasus::CIMKeyBinding>& keys = remote.getPath().getKeyBindings();
     for (Pegasus::Uint32 i = 0; i < keys.size(); ++i) {
         if (remote.findProperty(keys[i].getName()) == Pegasus::PEG_NOT_FOUND) {
-            PropertyName name = NameOf(keys[i].getName().getString());
+            PropertyName& name = NameAt(remote.getPropertyCount() + i, keys[i].getName().getString());
             Guarded(name.text, [&] { Store(name, ValueOf(keys[i], remote, name.text), instance); });
         }
     }
@@ -147,10 +141,11 @@ TCIMValue RemoteInstanceReader::ValueOf(const Pegasus::CIMConstProperty& propert
                                         const Pegasus::CIMInstance& remote, const std::string& name) {
     TCIMValue value;
     const Pegasus::CIMValue& remoteValue = property.getValue();
+    const Pegasus::CIMType type = property.getType();
     if (convertsNulls_ || !remoteValue.isNull()) {
-        ConvertToCoreValue(name, remoteValue, property.getType(), property.isArray(), value, class_);
+        ConvertToCoreValue(name, remoteValue, type, property.isArray(), value, hostClass_);
     }
-    if (property.getType() == Pegasus::CIMTYPE_REFERENCE) {
+    if (type == Pegasus::CIMTYPE_REFERENCE) {
         SetReferencedClass(value, remote, name);
     }
     return value;

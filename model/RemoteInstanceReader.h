@@ -78,12 +78,13 @@ private:
 
     boost::shared_ptr<ClassNamespace> namespace_;
     boost::shared_ptr<TCimHTTPClass> class_;
+    boost::shared_ptr<ICIMClass> hostClass_;  // the same
     NodeMark mark_;
     TCIMValue nodeNumber_;
     bool convertsNulls_;
     bool isSlotClass_;
     bool dropsRemoteEvents_;
-    std::vector<PropertyName> names_;  // by position: a class's instances list their properties alike
+    std::vector<PropertyName> names_;  // by position, missing keys last: a class's instances list them alike
     std::map<std::string, boost::shared_ptr<ICIMClass>> referencedClasses_;  // by name; empty: not known
     std::map<std::string, TCIMValue::TCIMType> keyTypes_;                    // declared ones, by key name
 };

@@ -177,14 +177,6 @@ void TCimHTTPClass::AddMethodDecl(boost::shared_ptr<TCimHTTPMethodDecl> declarat
     }
 }
 
-bool TCimHTTPClass::IsAssociation(TContext) const {
-    return HasTrueQualifier("ASSOCIATION");
-}
-
-bool TCimHTTPClass::IsAbstract(TContext) const {
-    return HasTrueQualifier("ABSTRACT");
-}
-
 bool TCimHTTPClass::HasTrueQualifier(const std::string& name) const {
     const auto qualifier = qualifiers_.Find(name);
     return qualifier && IsTrue(qualifier->GetValue(TContext()));
@@ -431,10 +423,6 @@ bool TCimHTTPClass::IsMultiNode() const {
 boost::shared_ptr<ICIMInstance> TCimHTTPClass::CreateInstance(TContext) {
     return boost::shared_ptr<ICIMInstance>(
         new TCimHTTPInstance(shared_from_this(), boost::shared_ptr<ICIMClass>()));
-}
-
-boost::shared_ptr<ICIMInstance> TCimHTTPClass::AllocateInstance(TContext context) {
-    return CreateInstance(std::move(context));
 }
 
 void TCimHTTPClass::EnumerateInstances(const InstanceCallback& callback, bool deep, TContext context) {

@@ -71,7 +71,9 @@ public:
     void LeaveTree();
 
     /// The same as CreateInstance.
-    boost::shared_ptr<ICIMInstance> AllocateInstance(TContext context);
+    boost::shared_ptr<ICIMInstance> AllocateInstance(TContext context) {
+        return CreateInstance(std::move(context));
+    }
 
     /// The instance of a path among those collected last, else after enumerating the class once. Host,
     /// namespace, order and letter case of the key names do not matter. Empty when there is none.
@@ -105,8 +107,8 @@ public:
 
     /// Empty once the namespace is gone.
     boost::shared_ptr<ICIMNamespace> GetNamespace(TContext) const override { return namespace_.lock(); }
-    bool IsAssociation(TContext context) const override;
-    bool IsAbstract(TContext context) const override;
+    bool IsAssociation(TContext) const override { return HasTrueQualifier("ASSOCIATION"); }
+    bool IsAbstract(TContext) const override { return HasTrueQualifier("ABSTRACT"); }
     bool IsTopLevel(TContext context) const override;
 
     /// Asks the server. When the server cannot tell, the superclass that the class is attached to; empty for

@@ -11,8 +11,6 @@ namespace NQELVSK20 {
 TCimHTTPInstance::TCimHTTPInstance(boost::shared_ptr<ICIMClass> cimClass, boost::shared_ptr<ICIMClass>)
     : TInmemInstance(std::move(cimClass), 1) {}
 
-TCimHTTPInstance::~TCimHTTPInstance() = default;
-
 void TCimHTTPInstance::Commit(TContext context) {
     const auto cimClass = boost::dynamic_pointer_cast<TCimHTTPClass>(GetClass(context));
     if (!PointerIsSet(cimClass != nullptr, "TCimHTTPInstance::Commit")) {
@@ -20,10 +18,6 @@ void TCimHTTPInstance::Commit(TContext context) {
     }
     Validate(context);
     cimClass->AddInstance(shared_from_this(), std::move(context));
-}
-
-TCIMReference TCimHTTPInstance::GetInstanceReference(TContext context) {
-    return GetReference(std::move(context));
 }
 
 void InstanceCollection::Insert(const std::string& path, boost::shared_ptr<ICIMInstance> instance) {

@@ -4,6 +4,7 @@
 #include <map>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "inmem/TInmemInstance.h"
@@ -16,11 +17,11 @@ class TCimHTTPInstance : public TInmemInstance {
 public:
     /// An empty instance of `cimClass`. The second argument is the host's and unused.
     TCimHTTPInstance(boost::shared_ptr<ICIMClass> cimClass, boost::shared_ptr<ICIMClass> unused);
-    ~TCimHTTPInstance() override;
+    ~TCimHTTPInstance() override = default;
 
     /// Throws what Validate throws; nothing is stored then. An instance of the same path that is there stays.
     void Commit(TContext context) override;
-    TCIMReference GetInstanceReference(TContext context) override;
+    TCIMReference GetInstanceReference(TContext context) override { return GetReference(std::move(context)); }
 
     using TInmemInstance::operator=;
 };

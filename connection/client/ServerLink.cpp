@@ -26,32 +26,28 @@ public:
     void SetTimeout(unsigned int milliseconds) override { client_.setTimeout(milliseconds); }
     Pegasus::CIMClient& Library() override { return client_; }
 
-    Pegasus::CIMClass GetClass(const Pegasus::CIMNamespaceName& nameSpace, const Pegasus::CIMName& className,
-                               bool localOnly, bool includeQualifiers, bool includeClassOrigin,
-                               const Pegasus::CIMPropertyList& propertyList) override {
+    Pegasus::CIMClass GetClass(const Namespace& nameSpace, const Name& className, bool localOnly,
+                               bool includeQualifiers, bool includeClassOrigin,
+                               const Properties& propertyList) override {
         return client_.getClass(nameSpace, className, localOnly, includeQualifiers, includeClassOrigin,
                                 propertyList);
     }
-    Pegasus::Array<Pegasus::CIMInstance> EnumerateInstances(
-        const Pegasus::CIMNamespaceName& nameSpace, const Pegasus::CIMName& className, bool deepInheritance,
-        bool localOnly, bool includeQualifiers, bool includeClassOrigin,
-        const Pegasus::CIMPropertyList& propertyList) override {
+    Pegasus::Array<Pegasus::CIMInstance> EnumerateInstances(const Namespace& nameSpace, const Name& className,
+                                                            bool deepInheritance, bool localOnly,
+                                                            bool includeQualifiers, bool includeClassOrigin,
+                                                            const Properties& propertyList) override {
         return client_.enumerateInstances(nameSpace, className, deepInheritance, localOnly, includeQualifiers,
                                           includeClassOrigin, propertyList);
     }
-    Pegasus::CIMValue InvokeMethod(const Pegasus::CIMNamespaceName& nameSpace,
-                                   const Pegasus::CIMObjectPath& path, const Pegasus::CIMName& method,
-                                   const Pegasus::Array<Pegasus::CIMParamValue>& inputs,
-                                   Pegasus::Array<Pegasus::CIMParamValue>& outputs) override {
+    Pegasus::CIMValue InvokeMethod(const Namespace& nameSpace, const Path& path, const Name& method,
+                                   const Parameters& inputs, Parameters& outputs) override {
         return client_.invokeMethod(nameSpace, path, method, inputs, outputs);
     }
-    Pegasus::Array<Pegasus::CIMName> EnumerateClassNames(const Pegasus::CIMNamespaceName& nameSpace,
-                                                         const Pegasus::CIMName& className,
-                                                         bool deepInheritance) override {
+    Pegasus::Array<Name> EnumerateClassNames(const Namespace& nameSpace, const Name& className,
+                                             bool deepInheritance) override {
         return client_.enumerateClassNames(nameSpace, className, deepInheritance);
     }
-    Pegasus::Array<Pegasus::CIMObjectPath> EnumerateInstanceNames(
-        const Pegasus::CIMNamespaceName& nameSpace, const Pegasus::CIMName& className) override {
+    Pegasus::Array<Path> EnumerateInstanceNames(const Namespace& nameSpace, const Name& className) override {
         return client_.enumerateInstanceNames(nameSpace, className);
     }
 

@@ -21,6 +21,12 @@ struct ServerAddress {
 /// does, and throws its exceptions.
 class ServerLink {
 public:
+    using Name = Pegasus::CIMName;
+    using Namespace = Pegasus::CIMNamespaceName;
+    using Path = Pegasus::CIMObjectPath;
+    using Properties = Pegasus::CIMPropertyList;
+    using Parameters = Pegasus::Array<Pegasus::CIMParamValue>;
+
     virtual ~ServerLink() = default;
 
     virtual void Connect(const ServerAddress& address) = 0;
@@ -30,23 +36,18 @@ public:
     /// The library's client itself; owned by the link.
     virtual Pegasus::CIMClient& Library() = 0;
 
-    virtual Pegasus::CIMClass GetClass(const Pegasus::CIMNamespaceName& nameSpace,
-                                       const Pegasus::CIMName& className, bool localOnly,
+    virtual Pegasus::CIMClass GetClass(const Namespace& nameSpace, const Name& className, bool localOnly,
                                        bool includeQualifiers, bool includeClassOrigin,
-                                       const Pegasus::CIMPropertyList& propertyList) = 0;
+                                       const Properties& propertyList) = 0;
     virtual Pegasus::Array<Pegasus::CIMInstance> EnumerateInstances(
-        const Pegasus::CIMNamespaceName& nameSpace, const Pegasus::CIMName& className, bool deepInheritance,
-        bool localOnly, bool includeQualifiers, bool includeClassOrigin,
-        const Pegasus::CIMPropertyList& propertyList) = 0;
-    virtual Pegasus::CIMValue InvokeMethod(const Pegasus::CIMNamespaceName& nameSpace,
-                                           const Pegasus::CIMObjectPath& path, const Pegasus::CIMName& method,
-                                           const Pegasus::Array<Pegasus::CIMParamValue>& inputs,
-                                           Pegasus::Array<Pegasus::CIMParamValue>& outputs) = 0;
-    virtual Pegasus::Array<Pegasus::CIMName> EnumerateClassNames(const Pegasus::CIMNamespaceName& nameSpace,
-                                                                 const Pegasus::CIMName& className,
-                                                                 bool deepInheritance) = 0;
-    virtual Pegasus::Array<Pegasus::CIMObjectPath> EnumerateInstanceNames(
-        const Pegasus::CIMNamespaceName& nameSpace, const Pegasus::CIMName& className) = 0;
+        const Namespace& nameSpace, const Name& className, bool deepInheritance, bool localOnly,
+        bool includeQualifiers, bool includeClassOrigin, const Properties& propertyList) = 0;
+    virtual Pegasus::CIMValue InvokeMethod(const Namespace& nameSpace, const Path& path, const Name& method,
+                                           const Parameters& inputs, Parameters& outputs) = 0;
+    virtual Pegasus::Array<Name> EnumerateClassNames(const Namespace& nameSpace, const Name& className,
+                                                     bool deepInheritance) = 0;
+    virtual Pegasus::Array<Path> EnumerateInstanceNames(const Namespace& nameSpace,
+                                                        const Name& className) = 0;
 };
 
 using ServerLinkMaker = boost::function<std::unique_ptr<ServerLink>()>;

@@ -49,8 +49,8 @@ public:
     void SetTimeout(unsigned int) override {}
     Pegasus::CIMClient& Library() override { return library_; }
 
-    Pegasus::CIMClass GetClass(const Pegasus::CIMNamespaceName&, const Pegasus::CIMName& className, bool,
-                               bool, bool, const Pegasus::CIMPropertyList&) override {
+    Pegasus::CIMClass GetClass(const Namespace&, const Name& className, bool, bool, bool,
+                               const Properties&) override {
         state_->Take(node_, "GetClass", className);
         for (const Pegasus::CIMClass& known : state_->nodes[node_].classes) {
             if (known.getClassName().equal(className)) {
@@ -59,10 +59,8 @@ public:
         }
         throw Pegasus::CIMException(Pegasus::CIM_ERR_NOT_FOUND);
     }
-    Pegasus::Array<Pegasus::CIMInstance> EnumerateInstances(const Pegasus::CIMNamespaceName&,
-                                                            const Pegasus::CIMName& className, bool, bool,
-                                                            bool, bool,
-                                                            const Pegasus::CIMPropertyList&) override {
+    Pegasus::Array<Pegasus::CIMInstance> EnumerateInstances(const Namespace&, const Name& className, bool,
+                                                            bool, bool, bool, const Properties&) override {
         state_->Take(node_, "EnumerateInstances", className);
         Pegasus::Array<Pegasus::CIMInstance> found;
         for (const Pegasus::CIMInstance& instance : state_->nodes[node_].instances) {
@@ -72,23 +70,19 @@ public:
         }
         return found;
     }
-    Pegasus::CIMValue InvokeMethod(const Pegasus::CIMNamespaceName&, const Pegasus::CIMObjectPath&,
-                                   const Pegasus::CIMName& method,
-                                   const Pegasus::Array<Pegasus::CIMParamValue>&,
-                                   Pegasus::Array<Pegasus::CIMParamValue>&) override {
+    Pegasus::CIMValue InvokeMethod(const Namespace&, const Path&, const Name& method, const Parameters&,
+                                   Parameters&) override {
         Refuse("InvokeMethod", method);
     }
-    Pegasus::Array<Pegasus::CIMName> EnumerateClassNames(const Pegasus::CIMNamespaceName&,
-                                                         const Pegasus::CIMName& className, bool) override {
+    Pegasus::Array<Name> EnumerateClassNames(const Namespace&, const Name& className, bool) override {
         Refuse("EnumerateClassNames", className);
     }
-    Pegasus::Array<Pegasus::CIMObjectPath> EnumerateInstanceNames(
-        const Pegasus::CIMNamespaceName&, const Pegasus::CIMName& className) override {
+    Pegasus::Array<Path> EnumerateInstanceNames(const Namespace&, const Name& className) override {
         Refuse("EnumerateInstanceNames", className);
     }
 
 private:
-    [[noreturn]] void Refuse(const char* operation, const Pegasus::CIMName& subject) {
+    [[noreturn]] void Refuse(const char* operation, const Name& subject) {
         state_->Take(node_, operation, subject);
         throw Pegasus::CIMException(Pegasus::CIM_ERR_NOT_SUPPORTED);
     }
