@@ -150,12 +150,11 @@ void ConvertToCoreValue(const std::string& /*name*/, const Pegasus::CIMValue& va
 }
 
 TCIMValue::TCIMType ToCoreType(Pegasus::CIMType type, bool isArray) {
-    using Type = TCIMValue::TCIMType;
     if (type > Pegasus::CIMTYPE_REFERENCE) {
         return isArray ? kTypeUnknownArray : kTypeUnknown;
     }
     const int firstCode = isArray ? kTypeBooleanArray : kTypeBoolean;
-    return static_cast<Type::ECIMType>(firstCode + static_cast<int>(type));
+    return static_cast<TypeCode>(firstCode + static_cast<int>(type));
 }
 
 unsigned int ToCoreScope(const Pegasus::CIMScope& scope) {
