@@ -1,7 +1,6 @@
 #include "inmem/TClassLayout.h"
 
 #include <algorithm>
-#include <unordered_map>
 #include <utility>
 
 #include "vskcore/ICIMClass.h"
@@ -11,23 +10,6 @@ namespace NQELVSK20 {
 
 namespace {
 
-/// The layouts that were asked for, by the address of their class.
-struct TCache {
-    std::mutex mutex;
-    std::unordered_map<const ICIMClass*, std::shared_ptr<TClassLayout>> layouts;
-    std::size_t purgeAt = 64;
-};
-
-TCache& Cache() {
-    static TCache cache;
-    return cache;
-}
-
-std::mutex& LinkMutex() {
-    static std::mutex mutex;
-    return mutex;
-}
-
 bool Contains(const TClassLayout::Names& names, const std::string& name) {
     return std::any_of(names.begin(), names.end(),
                        [&name](const TClassLayout::Name& other) { return SameName(*other, name); });
@@ -36,26 +18,27 @@ bool Contains(const TClassLayout::Names& names, const std::string& name) {
 }  // namespace
 
 std::shared_ptr<TClassLayout> TClassLayout::Of(const boost::shared_ptr<ICIMClass>& cimClass) {
-    TCache& cache = Cache();
-    const std::lock_guard<std::mutex> lock(cache.mutex);
-    std::shared_ptr<TClassLayout>& layout = cache.layouts[cimClass.get()];
-    // An address may have been used by another class before; that one's weak pointer locks no more.
-    const bool isOfThisClass = layout && layout->class_.lock() == cimClass;
-    const bool isWorthKeeping = isOfThisClass && (layout.use_count() > 1 || !layout->IsChainBroken());
-    if (!isWorthKeeping) {
-        layout = std::make_shared<TClassLayout>(cimClass);
-    }
-    std::shared_ptr<TClassLayout> result = layout;
-    if (cache.layouts.size() >= cache.purgeAt) {
-        for (auto entry = cache.layouts.begin(); entry != cache.layouts.end();) {
-            entry = entry->second->class_.expired() ? cache.layouts.erase(entry) : std::next(entry);
+    thread_local std::shared_ptr<TClassLayout> latest;
+    const bool isUnused = latest.use_count() == 1;
+    if (!latest || !latest->IsOf(cimClass) || (isUnused && latest->isChainBroken_) ||
+        latest->HasLostASuperclass()) {
+        auto layout = std::make_shared<TClassLayout>(cimClass);
+        layout->former_ = std::move(latest);
+        if (layout->former_) {
+            layout->former_->former_.reset();
         }
-        cache.purgeAt = std::max<std::size_t>(64, 2 * cache.layouts.size());
+        latest = std::move(layout);
     }
-    return result;
+    return latest;
 }
 
-TClassLayout::TClassLayout(const boost::shared_ptr<ICIMClass>& cimClass) : class_(cimClass) {}
+TClassLayout::TClassLayout(const boost::shared_ptr<ICIMClass>& cimClass)
+    : class_(cimClass), address_(cimClass.get()) {}
+
+bool TClassLayout::IsOf(const boost::shared_ptr<ICIMClass>& cimClass) const {
+    // An address may have been another class's before. Its owner tells them apart.
+    return address_ == cimClass.get() && !class_.owner_before(cimClass) && !cimClass.owner_before(class_);
+}
 
 TClassLayout::Name TClassLayout::FindProperty(const std::string& name) {
     if (Name known = FindKnown(name)) {
@@ -68,7 +51,6 @@ TClassLayout::Name TClassLayout::FindProperty(const std::string& name) {
             found = level->FindAdded(name);
         }
         if (found) {
-            const std::lock_guard<std::mutex> lock(mutex_);
             known_.insert(found);
             return found;
         }
@@ -77,16 +59,13 @@ TClassLayout::Name TClassLayout::FindProperty(const std::string& name) {
 }
 
 std::shared_ptr<const TClassLayout::Names> TClassLayout::Keys() {
-    {
-        const std::lock_guard<std::mutex> lock(mutex_);
-        if (keys_) {
-            return keys_;
-        }
+    if (keys_) {
+        return keys_;
     }
     ReadMembersOnce();
     Names keys;
     for (TClassLayout* level = this; level != nullptr; level = Above(*level)) {
-        for (const Name& key : level->OwnKeys()) {
+        for (const Name& key : level->ownKeys_) {
             if (!Contains(keys, *key)) {
                 keys.push_back(key);
             }
@@ -94,7 +73,6 @@ std::shared_ptr<const TClassLayout::Names> TClassLayout::Keys() {
     }
     std::sort(keys.begin(), keys.end(),
               [](const Name& left, const Name& right) { return TNameLess()(*left, *right); });
-    const std::lock_guard<std::mutex> lock(mutex_);
     keys_ = std::make_shared<const Names>(std::move(keys));
     return keys_;
 }
@@ -102,7 +80,6 @@ std::shared_ptr<const TClassLayout::Names> TClassLayout::Keys() {
 /// A property that was read before, here or higher up.
 TClassLayout::Name TClassLayout::FindKnown(const std::string& name) const {
     const Name borrowed(Name(), &name);  // owns nothing
-    const std::lock_guard<std::mutex> lock(mutex_);
     const auto found = known_.find(borrowed);
     return found != known_.end() ? *found : nullptr;
 }
@@ -122,11 +99,8 @@ TClassLayout::Name TClassLayout::FindAdded(const std::string& name) {
 }
 
 void TClassLayout::ReadMembersOnce() {
-    {
-        const std::lock_guard<std::mutex> lock(mutex_);
-        if (membersRead_) {
-            return;
-        }
+    if (membersRead_) {
+        return;
     }
     if (const boost::shared_ptr<ICIMClass> cimClass = class_.lock()) {
         ReadMembers(*cimClass);
@@ -148,66 +122,71 @@ void TClassLayout::ReadMembers(ICIMClass& cimClass) {
             return true;
         },
         {});
-    const std::lock_guard<std::mutex> lock(mutex_);
     membersRead_ = true;
     known_.insert(properties.begin(), properties.end());
     ownKeys_ = std::move(keys);
     keys_.reset();
 }
 
-TClassLayout::Names TClassLayout::OwnKeys() const {
-    const std::lock_guard<std::mutex> lock(mutex_);
-    return ownKeys_;
-}
-
 /// The layout one level up from a layout of this one's chain; null where the chain ends.
 TClassLayout* TClassLayout::Above(TClassLayout& level) {
-    const auto known = [&level](TClassLayout*& superclass) {
-        const std::lock_guard<std::mutex> lock(LinkMutex());
-        superclass = level.superclass_.get();
-        return level.superclassRead_;
-    };
-    TClassLayout* superclass = nullptr;
-    if (known(superclass) || IsChainBroken()) {
-        return superclass;
+    if (level.superclassRead_ || isChainBroken_) {
+        return level.superclass_.get();
     }
+    bool isTold = false;
     try {
-        if (level.ReadSuperclass()) {
-            known(superclass);
-            return superclass;
-        }
+        isTold = ReadSuperclass(level);
     } catch (...) {  // remote failures have no base class of their own
     }
-    const std::lock_guard<std::mutex> lock(mutex_);
-    chainBroken_ = true;
-    return nullptr;
+    isChainBroken_ = !isTold;
+    return level.superclass_.get();
 }
 
-/// Asks the class for its superclass and reads that one's members; false when it cannot be told.
-bool TClassLayout::ReadSuperclass() {
-    const boost::shared_ptr<ICIMClass> cimClass = class_.lock();
+/// Asks the class of a level for its superclass and reads that one's members; false when it cannot be told.
+bool TClassLayout::ReadSuperclass(TClassLayout& level) {
+    const boost::shared_ptr<ICIMClass> cimClass = level.class_.lock();
     const boost::shared_ptr<ICIMClass> superclass = cimClass ? cimClass->GetSuperClass({}) : nullptr;
     if (!superclass) {
         return false;
     }
-    if (superclass->GetName({}) == "<root>") {
-        Link(nullptr);
+    if (superclass->GetName({}) == "<root>" || IsInChain(superclass)) {
+        level.Link(nullptr);
         return true;
     }
-    const std::shared_ptr<TClassLayout> layout = Of(superclass);
+    std::shared_ptr<TClassLayout> layout = FindFormer(superclass);
+    if (!layout) {
+        layout = std::make_shared<TClassLayout>(superclass);
+    }
     layout->ReadMembersOnce();
-    Link(layout);
+    level.Link(layout);
     return true;
 }
 
+/// True for a class of the chain as far as it was read: one that leads back to itself ends before it does.
+bool TClassLayout::IsInChain(const boost::shared_ptr<ICIMClass>& cimClass) const {
+    const TClassLayout* level = this;
+    while (level != nullptr && !level->IsOf(cimClass)) {
+        level = level->superclass_.get();
+    }
+    return level != nullptr;
+}
+
+/// The layout of a superclass where the chain that was used before this one has it, too; null where not.
+std::shared_ptr<TClassLayout> TClassLayout::FindFormer(const boost::shared_ptr<ICIMClass>& superclass) const {
+    std::shared_ptr<TClassLayout> layout = former_;
+    while (layout && !layout->IsOf(superclass)) {
+        layout = layout->superclass_;
+    }
+    return layout && !layout->HasLostASuperclass() ? layout : nullptr;
+}
+
 void TClassLayout::Link(std::shared_ptr<TClassLayout> superclass) {
-    const std::lock_guard<std::mutex> lock(LinkMutex());
     if (superclassRead_) {
-        return;
+        return;  // the class was asked, and meanwhile asked for an instance itself
     }
     for (const TClassLayout* level = superclass.get(); level != nullptr; level = level->superclass_.get()) {
         if (level == this) {
-            superclass.reset();  // a chain that leads back to its beginning ends before it does
+            superclass.reset();  // the chains have parts in common, and those must not lead back either
             break;
         }
     }
@@ -215,9 +194,14 @@ void TClassLayout::Link(std::shared_ptr<TClassLayout> superclass) {
     superclass_ = std::move(superclass);
 }
 
-bool TClassLayout::IsChainBroken() const {
-    const std::lock_guard<std::mutex> lock(mutex_);
-    return chainBroken_;
+/// True when a class higher up is gone: another one may have taken its place.
+bool TClassLayout::HasLostASuperclass() const {
+    for (const TClassLayout* level = superclass_.get(); level != nullptr; level = level->superclass_.get()) {
+        if (level->class_.expired()) {
+            return true;
+        }
+    }
+    return false;
 }
 
 }  // namespace NQELVSK20

@@ -3,7 +3,6 @@
 #include <boost/shared_ptr.hpp>
 #include <boost/weak_ptr.hpp>
 #include <memory>
-#include <mutex>
 #include <string>
 #include <unordered_set>
 #include <vector>
@@ -17,19 +16,28 @@ class ICIMClass;
 /// What a class's instances may hold: the properties and keys that the class and its superclasses declare.
 ///
 /// A class object tells only the members that it declares itself, and asking for its superclass may be a
-/// remote call. So what was read is kept for the process, once per class object, and read no sooner than it
-/// is needed: no superclass for a property that the class itself declares, the whole chain for the keys.
-/// The chain ends at a top-level class, whose superclass is the class "<root>". It ends early where a class
-/// cannot tell its superclass (it throws, or gives an empty pointer); such a layout is given up for a new one
-/// as soon as nobody uses it any more, so that a server's short absence spoils no paths for good.
+/// remote call. So the instances of a class share what was read, and it is read no sooner than it is needed:
+/// no superclass for a property that the class itself declares, the whole chain for the keys. The chain ends
+/// at a top-level class, whose superclass is the class "<root>". It ends early where a class cannot tell its
+/// superclass (it throws, or gives an empty pointer).
 ///
-/// Safe to use from several threads; calls into classes are made without a lock held.
+/// Instances of one class are mostly made one after the other, and all that the contract gives them in common
+/// is their class, which has no place for what the host knows. So each thread keeps the layout that it used
+/// last. Another one is made
+/// - for an instance of another class object, which takes over what the two chains have in common;
+/// - when the chain ended early and no instance uses the layout any more, so that a server's short absence
+///   spoils no paths for good;
+/// - when a superclass is gone, since another class may have taken its place. One that somebody still holds
+///   counts as the superclass: only a remote call could tell that it is that no more.
+///
+/// An instance keeps the layout that it was first used with. Like an instance, a layout is not to be used
+/// from two threads at a time.
 class TClassLayout {
 public:
     using Name = std::shared_ptr<const std::string>;
     using Names = std::vector<Name>;
 
-    /// The layout of a class, shared by all who ask for it. Calls nothing of the class.
+    /// The layout of a class: the one used last on this thread, or a new one. Calls nothing of the class.
     static std::shared_ptr<TClassLayout> Of(const boost::shared_ptr<ICIMClass>& cimClass);
 
     explicit TClassLayout(const boost::shared_ptr<ICIMClass>& cimClass);
@@ -54,24 +62,24 @@ private:
     Name FindAdded(const std::string& name);
     void ReadMembersOnce();
     void ReadMembers(ICIMClass& cimClass);
-    Names OwnKeys() const;
     TClassLayout* Above(TClassLayout& level);
-    bool ReadSuperclass();
+    bool ReadSuperclass(TClassLayout& level);
+    bool IsInChain(const boost::shared_ptr<ICIMClass>& cimClass) const;
+    std::shared_ptr<TClassLayout> FindFormer(const boost::shared_ptr<ICIMClass>& superclass) const;
     void Link(std::shared_ptr<TClassLayout> superclass);
-    bool IsChainBroken() const;
+    bool HasLostASuperclass() const;
+    bool IsOf(const boost::shared_ptr<ICIMClass>& cimClass) const;
 
     const boost::weak_ptr<ICIMClass> class_;
-
-    mutable std::mutex mutex_;  // guards what follows
+    const ICIMClass* const address_;        // of the class, which may be gone
+    std::shared_ptr<TClassLayout> former_;  // used before this one: may have superclasses in common
     bool membersRead_ = false;
     std::unordered_set<Name, THashOfPointed, TEqualPointed> known_;  // declared here, or found higher up
     Names ownKeys_;                                                  // the keys that are declared here
     std::shared_ptr<const Names> keys_;                              // of the whole chain; null until read
-    bool chainBroken_ = false;  // a superclass could not be told, and the chain was taken to end there
-
-    // Guarded by the one mutex of all links, so that no two threads can close a circle between them.
     bool superclassRead_ = false;
     std::shared_ptr<TClassLayout> superclass_;  // null at the top
+    bool isChainBroken_ = false;  // a superclass could not be told, and the chain was taken to end there
 };
 
 }  // namespace NQELVSK20

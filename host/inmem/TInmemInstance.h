@@ -17,11 +17,11 @@ class TInmemProperty;
 ///
 /// Its path is its class's name and the values of the key properties that the class or its superclasses
 /// declare: `Class.Key1="v1",Key2=2`, keys ordered without regard to case, null ones left out. The class
-/// chain is read once per class, not once per instance, and only when needed (see TClassLayout).
+/// chain is read once for instances that are made in a row, and only when needed (see TClassLayout).
 ///
 /// Holds its class, and a class holds the instances that were added to it: who owns the class has to see to
-/// it that the instances are taken out in the end. Must be owned by a boost::shared_ptr, and is not to be
-/// used from two threads at a time.
+/// it that the instances are taken out in the end. Must be owned by a boost::shared_ptr. Neither an instance
+/// nor two of one class are to be used from two threads at a time.
 class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_this<TInmemInstance> {
 public:
     /// An empty instance of `cimClass`, which it shares; the second argument is the contract's and unused.
