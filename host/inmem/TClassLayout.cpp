@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "vskcore/HostState.h"
 #include "vskcore/ICIMClass.h"
 #include "vskcore/TVSKException.h"
 
@@ -18,6 +19,9 @@ bool Contains(const TClassLayout::Names& names, const std::string& name) {
 }  // namespace
 
 std::shared_ptr<TClassLayout> TClassLayout::Of(const boost::shared_ptr<ICIMClass>& cimClass) {
+    if (!HostState().remembersLayouts) {
+        return std::make_shared<TClassLayout>(cimClass);
+    }
     thread_local std::shared_ptr<TClassLayout> latest;
     const bool isUnused = latest.use_count() == 1;
     if (!latest || !latest->IsOf(cimClass) || (isUnused && latest->isChainBroken_) ||

@@ -17,7 +17,7 @@ public:
 }  // namespace
 
 THostState& HostState() {
-    static THostState state{DiscardingLogger(), DefaultProviderManager(), 1, {}, false, {}};
+    static THostState state{DiscardingLogger(), DefaultProviderManager(), 1, {}, false, {}, true};
     return state;
 }
 

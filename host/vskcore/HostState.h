@@ -17,6 +17,7 @@ struct THostState {
     boost::function<int(int)> bmcMapping;  // empty: each index to itself
     bool referencesOwnNamespace;
     boost::function<std::string(const std::string&, unsigned char)> printedForm;  // empty: the text itself
+    bool remembersLayouts;
 };
 
 /// The process's one state.

@@ -32,4 +32,8 @@ void THostSetup::SetPrintedForm(boost::function<std::string(const std::string&, 
     HostState().printedForm = form;
 }
 
+void THostSetup::SetRemembersLayouts(bool remembers) {
+    HostState().remembersLayouts = remembers;
+}
+
 }  // namespace NQELVSK20

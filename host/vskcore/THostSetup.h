@@ -35,6 +35,10 @@ public:
     /// Sets how TCIMValue::ToString prints a string or datetime, given its text and the base asked for, as a
     /// host that quotes or escapes would; empty: the text itself. The conversion to std::string never prints.
     static void SetPrintedForm(boost::function<std::string(const std::string&, unsigned char)> form);
+
+    /// Whether instances of one class share what they found out about its superclasses, as they do at first;
+    /// in a host that remembers nothing each walks the class chain for itself (see TClassLayout).
+    static void SetRemembersLayouts(bool remembers);
 };
 
 }  // namespace NQELVSK20

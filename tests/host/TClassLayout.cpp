@@ -8,6 +8,7 @@
 #include "tests/host/CountingClass.h"
 #include "tests/host/Schema.h"
 #include "tests/support/StatusOf.h"
+#include "vskcore/THostSetup.h"
 
 namespace NQELVSK20 {
 namespace {
@@ -84,6 +85,23 @@ TEST_F(TClassLayoutChain, IsReadOnceForAnyNumberOfInstances) {
         EXPECT_EQ(level->superclassQueries, 1);
         EXPECT_EQ(level->propertyWalks, 1);
         EXPECT_LE(level->propertyQueries, 2);  // at most once for each name that was not found at once
+    }
+}
+
+TEST_F(TClassLayoutChain, IsReadForEveryInstanceInAHostThatRemembersNothing) {
+    AddKey(AddLevel(), "Id");
+    AddLevel();
+    ResetCounts();
+    THostSetup::SetRemembersLayouts(false);
+    for (int number = 0; number < 3; ++number) {
+        const auto instance = MakeInstance();
+        instance->SetPropertyValue("Id", TCIMValue(number), {});
+        EXPECT_EQ(PathOf(*instance), "Level1.Id=" + std::to_string(number));
+    }
+    THostSetup::SetRemembersLayouts(true);
+    for (const auto& level : levels_) {
+        EXPECT_EQ(level->superclassQueries, 3);
+        EXPECT_EQ(level->propertyWalks, 3);
     }
 }
 

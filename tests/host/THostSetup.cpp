@@ -4,9 +4,11 @@
 
 #include <boost/make_shared.hpp>
 
+#include "inmem/TClassLayout.h"
 #include "qelc/VQMInfo.h"
 #include "splib/SPLibrary.h"
 #include "tests/support/RecordingLogger.h"
+#include "union/TUnionNamespace.h"
 #include "vskcore/TCIMReference.h"
 #include "vskcore/TCIMValue.h"
 #include "vskcore/TMinimalNamespace.h"
@@ -34,6 +36,7 @@ protected:
         THostSetup::SetReferencesOwnNamespace(true);
         THostSetup::SetPrintedForm(
             [](const std::string& text, unsigned char base) { return text + " in " + std::to_string(base); });
+        THostSetup::SetRemembersLayouts(false);
     }
 
     static void RestoreAll() {
@@ -43,12 +46,18 @@ protected:
         THostSetup::RestoreNamespaceProviderManager();
         THostSetup::SetReferencesOwnNamespace(false);
         THostSetup::SetPrintedForm({});
+        THostSetup::SetRemembersLayouts(true);
     }
 
     static bool ReferencesOwnTheirNamespace() {
         const auto nameSpace = boost::make_shared<TMinimalNamespace>();
         const TCIMReference reference(nameSpace, {});
         return nameSpace.use_count() > 1;
+    }
+
+    static bool LayoutsAreRemembered() {
+        const auto cimClass = boost::make_shared<TUnionNamespace>()->AllocateClass("X_Fan", nullptr, {});
+        return TClassLayout::Of(cimClass) == TClassLayout::Of(cimClass);
     }
 
     RecordingLogger logger_;
@@ -63,6 +72,7 @@ TEST_F(HostSetupTest, EverySettingReachesThePlugIns) {
     EXPECT_EQ(SPLibrary::GetBMCMapping(2), 8);
     EXPECT_EQ(TRootObject::GetNamespaceProviderManager(), manager_);
     EXPECT_TRUE(ReferencesOwnTheirNamespace());
+    EXPECT_FALSE(LayoutsAreRemembered());
     EXPECT_EQ(TCIMValue("text").ToString(10), "text in 10");
 }
 
@@ -77,6 +87,7 @@ TEST_F(HostSetupTest, EverySettingHasAWayBack) {
     EXPECT_EQ(SPLibrary::GetBMCMapping(2), 2);
     EXPECT_EQ(TRootObject::GetNamespaceProviderManager(), manager);
     EXPECT_FALSE(ReferencesOwnTheirNamespace());
+    EXPECT_TRUE(LayoutsAreRemembered());
     EXPECT_EQ(TCIMValue("text").ToString(10), "text");
 }
 

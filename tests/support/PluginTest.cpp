@@ -35,6 +35,7 @@ PluginTest::~PluginTest() {
     THostSetup::RestoreNamespaceProviderManager();
     THostSetup::SetReferencesOwnNamespace(false);
     THostSetup::SetPrintedForm({});
+    THostSetup::SetRemembersLayouts(true);
 }
 
 boost::shared_ptr<TCimHTTPNamespace> PluginTest::MakeUninitNamespace(const std::string& name,
