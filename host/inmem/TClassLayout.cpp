@@ -1,6 +1,7 @@
 #include "inmem/TClassLayout.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 #include "vskcore/HostState.h"
@@ -11,9 +12,9 @@ namespace NQELVSK20 {
 
 namespace {
 
-bool Contains(const TClassLayout::Names& names, const std::string& name) {
-    return std::any_of(names.begin(), names.end(),
-                       [&name](const TClassLayout::Name& other) { return SameName(*other, name); });
+bool Contains(const std::vector<TClassLayout::TKey>& keys, const std::string& name) {
+    return std::any_of(keys.begin(), keys.end(),
+                       [&name](const TClassLayout::TKey& key) { return SameName(key.name, name); });
 }
 
 }  // namespace
@@ -44,52 +45,100 @@ bool TClassLayout::IsOf(const boost::shared_ptr<ICIMClass>& cimClass) const {
     return address_ == cimClass.get() && !class_.owner_before(cimClass) && !cimClass.owner_before(class_);
 }
 
-TClassLayout::Name TClassLayout::FindProperty(const std::string& name) {
-    if (Name known = FindKnown(name)) {
+std::size_t TClassLayout::PositionOf(const std::string& name, std::size_t expected) {
+    if (IsAt(expected, name)) {
+        return expected;
+    }
+    const std::string* declared = FindDeclared(name);
+    return declared != nullptr ? GivePosition(*declared) : kNowhere;
+}
+
+bool TClassLayout::IsAt(std::size_t position, const std::string& name) const {
+    // Plug-ins mostly give names in their normalised form, which is then the same text.
+    return position < names_.size() && SameName(names_[position].normalized, name);
+}
+
+/// The position of a property that the chain declares, a new one unless it has one.
+std::size_t TClassLayout::GivePosition(const std::string& declared) {
+    std::size_t& position = known_.emplace(declared, kNowhere).first->second;
+    if (position == kNowhere) {
+        position = names_.size();
+        names_.push_back({declared, NormalizedName(declared)});
+    }
+    return position;
+}
+
+const std::vector<std::size_t>& TClassLayout::InNameOrder() {
+    if (inNameOrder_.size() < names_.size()) {
+        inNameOrder_.resize(names_.size());
+        std::iota(inNameOrder_.begin(), inNameOrder_.end(), 0);
+        std::sort(inNameOrder_.begin(), inNameOrder_.end(), [this](std::size_t left, std::size_t right) {
+            return names_[left].normalized < names_[right].normalized;
+        });
+    }
+    return inNameOrder_;
+}
+
+const std::vector<TClassLayout::TKey>& TClassLayout::Keys() {
+    if (keysRead_) {
+        return keys_;
+    }
+    ReadMembersOnce();
+    std::vector<TKey> keys;
+    for (TClassLayout* level = this; level != nullptr; level = Above(*level)) {
+        for (const std::string& name : level->ownKeys_) {
+            if (!Contains(keys, name)) {
+                keys.push_back({name, kNowhere});
+            }
+        }
+    }
+    std::sort(keys.begin(), keys.end(),
+              [](const TKey& left, const TKey& right) { return TNameLess()(left.name, right.name); });
+    for (TKey& key : keys) {
+        const std::string* declared = FindRead(key.name);
+        key.position = declared != nullptr ? GivePosition(*declared) : kNowhere;
+    }
+    keys_ = std::move(keys);
+    keysRead_ = true;
+    return keys_;
+}
+
+/// A property as the chain declares it; null when no class does.
+const std::string* TClassLayout::FindDeclared(const std::string& name) {
+    if (const std::string* known = FindKnown(name)) {
         return known;
     }
     ReadMembersOnce();
     for (TClassLayout* level = this; level != nullptr; level = Above(*level)) {
-        Name found = level->FindKnown(name);
-        if (!found) {
-            found = level->FindAdded(name);
+        const std::string* known = level->FindKnown(name);
+        if (known == nullptr) {
+            known = level->FindAdded(name);
         }
-        if (found) {
-            known_.insert(found);
-            return found;
+        if (known != nullptr) {
+            return known;
         }
     }
     return nullptr;
 }
 
-std::shared_ptr<const TClassLayout::Names> TClassLayout::Keys() {
-    if (keys_) {
-        return keys_;
+/// The same among the members that have been read.
+const std::string* TClassLayout::FindRead(const std::string& name) const {
+    const std::string* known = nullptr;
+    for (const TClassLayout* level = this; level != nullptr && known == nullptr;
+         level = level->superclass_.get()) {
+        known = level->FindKnown(name);
     }
-    ReadMembersOnce();
-    Names keys;
-    for (TClassLayout* level = this; level != nullptr; level = Above(*level)) {
-        for (const Name& key : level->ownKeys_) {
-            if (!Contains(keys, *key)) {
-                keys.push_back(key);
-            }
-        }
-    }
-    std::sort(keys.begin(), keys.end(),
-              [](const Name& left, const Name& right) { return TNameLess()(*left, *right); });
-    keys_ = std::make_shared<const Names>(std::move(keys));
-    return keys_;
+    return known;
 }
 
 /// A property that was read before, here or higher up.
-TClassLayout::Name TClassLayout::FindKnown(const std::string& name) const {
-    const Name borrowed(Name(), &name);  // owns nothing
-    const auto found = known_.find(borrowed);
-    return found != known_.end() ? *found : nullptr;
+const std::string* TClassLayout::FindKnown(const std::string& name) const {
+    const auto found = known_.find(name);
+    return found != known_.end() ? &found->first : nullptr;
 }
 
 /// A property that was added to this class since its members were read.
-TClassLayout::Name TClassLayout::FindAdded(const std::string& name) {
+const std::string* TClassLayout::FindAdded(const std::string& name) {
     const boost::shared_ptr<ICIMClass> cimClass = class_.lock();
     try {
         if (!cimClass || !cimClass->GetPropertyDecl(name, {})) {
@@ -112,24 +161,21 @@ void TClassLayout::ReadMembersOnce() {
 }
 
 void TClassLayout::ReadMembers(ICIMClass& cimClass) {
-    Names properties;
-    Names keys;
     cimClass.EnumeratePropertyDecls(
-        [&properties](const boost::shared_ptr<ICIMPropertyDecl>& declaration) {
-            properties.push_back(std::make_shared<const std::string>(declaration->GetName({})));
+        [this](const boost::shared_ptr<ICIMPropertyDecl>& declaration) {
+            known_.emplace(declaration->GetName({}), kNowhere);
             return true;
         },
         {});
+    ownKeys_.clear();
     cimClass.EnumerateKeyPropertyNames(
-        [&keys](const std::string& name) {
-            keys.push_back(std::make_shared<const std::string>(name));
+        [this](const std::string& name) {
+            ownKeys_.push_back(name);
             return true;
         },
         {});
     membersRead_ = true;
-    known_.insert(properties.begin(), properties.end());
-    ownKeys_ = std::move(keys);
-    keys_.reset();
+    keysRead_ = false;
 }
 
 /// The layout one level up from a layout of this one's chain; null where the chain ends.

@@ -2,9 +2,11 @@
 
 #include <boost/shared_ptr.hpp>
 #include <boost/weak_ptr.hpp>
+#include <cstddef>
+#include <deque>
 #include <memory>
 #include <string>
-#include <unordered_set>
+#include <unordered_map>
 #include <vector>
 
 #include "vskcore/CimNames.h"
@@ -34,32 +36,46 @@ class ICIMClass;
 /// from two threads at a time.
 class TClassLayout {
 public:
-    using Name = std::shared_ptr<const std::string>;
-    using Names = std::vector<Name>;
+    static constexpr std::size_t kNowhere = static_cast<std::size_t>(-1);
+
+    struct TKey {
+        std::string name;
+        std::size_t position;
+    };
 
     /// The layout of a class: the one used last on this thread, or a new one. Calls nothing of the class.
     static std::shared_ptr<TClassLayout> Of(const boost::shared_ptr<ICIMClass>& cimClass);
 
     explicit TClassLayout(const boost::shared_ptr<ICIMClass>& cimClass);
 
-    /// The name of a property as its class spells it, sought without regard to case; null when no class of
-    /// the chain declares it. A property that was added to a class after its members were read is found.
-    Name FindProperty(const std::string& name);
+    /// The position of a property, sought without regard to case; kNowhere when no class of the chain
+    /// declares it. A property that was added to a class after its members were read is found.
+    ///
+    /// Positions are given in the order in which properties are first sought. So instances that are filled in
+    /// one order find each property at the position after the last one's: `expected` is looked at first.
+    std::size_t PositionOf(const std::string& name, std::size_t expected = kNowhere);
 
-    /// The names of the key properties of the whole chain, ordered without regard to case.
-    std::shared_ptr<const Names> Keys();
+    /// The name of the property at a position, as its class spells it. Lives as long as the layout.
+    const std::string& NameAt(std::size_t position) const { return names_[position].declared; }
+
+    /// All positions that were given, in the order of the properties' normalised names.
+    const std::vector<std::size_t>& InNameOrder();
+
+    /// The key properties of the whole chain, ordered without regard to case.
+    const std::vector<TKey>& Keys();
 
 private:
-    // Hash and equality of names that are held by pointer, so that a lookup needs no copy of the text.
-    struct THashOfPointed {
-        std::size_t operator()(const Name& name) const { return TNameHash()(*name); }
-    };
-    struct TEqualPointed {
-        bool operator()(const Name& left, const Name& right) const { return SameName(*left, *right); }
+    struct TName {
+        std::string declared;
+        std::string normalized;
     };
 
-    Name FindKnown(const std::string& name) const;
-    Name FindAdded(const std::string& name);
+    bool IsAt(std::size_t position, const std::string& name) const;
+    std::size_t GivePosition(const std::string& declared);
+    const std::string* FindDeclared(const std::string& name);
+    const std::string* FindRead(const std::string& name) const;
+    const std::string* FindKnown(const std::string& name) const;
+    const std::string* FindAdded(const std::string& name);
     void ReadMembersOnce();
     void ReadMembers(ICIMClass& cimClass);
     TClassLayout* Above(TClassLayout& level);
@@ -74,9 +90,13 @@ private:
     const ICIMClass* const address_;        // of the class, which may be gone
     std::shared_ptr<TClassLayout> former_;  // used before this one: may have superclasses in common
     bool membersRead_ = false;
-    std::unordered_set<Name, THashOfPointed, TEqualPointed> known_;  // declared here, or found higher up
-    Names ownKeys_;                                                  // the keys that are declared here
-    std::shared_ptr<const Names> keys_;                              // of the whole chain; null until read
+    std::unordered_map<std::string, std::size_t, TNameHash, TNameEqual>
+        known_;                             // positions of what is declared here, or was found higher up
+    std::deque<TName> names_;               // by position
+    std::vector<std::size_t> inNameOrder_;  // the positions; outdated when there are more
+    std::vector<std::string> ownKeys_;      // the keys that are declared here
+    bool keysRead_ = false;
+    std::vector<TKey> keys_;  // of the whole chain
     bool superclassRead_ = false;
     std::shared_ptr<TClassLayout> superclass_;  // null at the top
     bool isChainBroken_ = false;  // a superclass could not be told, and the chain was taken to end there

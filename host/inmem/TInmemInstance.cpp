@@ -1,14 +1,11 @@
 #include "inmem/TInmemInstance.h"
 
-#include <algorithm>
 #include <boost/make_shared.hpp>
+#include <utility>
 
-#include "inmem/TInmemProperty.h"
-#include "vskcore/CimNames.h"
+#include "inmem/TInmemProperties.h"
 #include "vskcore/ICIMClass.h"
 #include "vskcore/ICIMNamespace.h"
-#include "vskcore/KeyText.h"
-#include "vskcore/TVSKException.h"
 
 namespace NQELVSK20 {
 
@@ -21,7 +18,8 @@ std::string PathOf(const ICIMInstance& instance) {
 
 }  // namespace
 
-TInmemInstance::TInmemInstance(boost::shared_ptr<ICIMClass> cimClass, int /*unused*/) : class_(cimClass) {}
+TInmemInstance::TInmemInstance(boost::shared_ptr<ICIMClass> cimClass, int /*unused*/)
+    : class_(std::move(cimClass)) {}
 
 TInmemInstance::~TInmemInstance() = default;
 
@@ -46,13 +44,13 @@ void TInmemInstance::Delete(TContext context) {
 }
 
 TCIMReference TInmemInstance::GetReference(TContext context) {
-    TCIMReference reference(class_->GetNamespace(context), {});
+    TCIMReference reference(class_->GetNamespace(std::move(context)), {});
     reference.SetPath(Path());
     return reference;
 }
 
 TCIMReference TInmemInstance::GetInstanceReference(TContext context) {
-    return GetReference(context);
+    return GetReference(std::move(context));
 }
 
 boost::shared_ptr<ICIMClass> TInmemInstance::GetClass(TContext /*context*/) const {
@@ -71,27 +69,23 @@ void TInmemInstance::EnumerateAssociationInstances(const InstanceCallback& /*cal
 
 boost::shared_ptr<ICIMProperty> TInmemInstance::GetProperty(const std::string& name,
                                                             TContext /*context*/) const {
-    const auto place = LowerBound(name);
-    if (IsAt(place, name)) {
-        return *place;
+    const boost::shared_ptr<TInmemProperties> properties = Properties();
+    if (TInmemProperty* property = properties->Find(name)) {
+        return {properties, property};
     }
-    return boost::make_shared<TInmemProperty>(DeclaredName(name), TCIMValue());
+    const auto apart = boost::make_shared<TInmemProperties>(properties->Layout());
+    apart->Set(name, TCIMValue());
+    return {apart, apart->Find(name)};
 }
 
 void TInmemInstance::SetPropertyValue(const std::string& name, const TCIMValue& value, TContext /*context*/) {
-    const auto place = LowerBound(name);
-    if (IsAt(place, name)) {
-        (*place)->SetValue(value);
-    } else {
-        properties_.insert(place, boost::make_shared<TInmemProperty>(DeclaredName(name), value));
-    }
+    Properties()->Set(name, value);
 }
 
 void TInmemInstance::EnumerateProperties(const PropertyCallback& callback, TContext /*context*/) const {
-    // By index and with a share in the property, since the callback may set properties.
-    for (std::size_t index = 0; index < properties_.size(); ++index) {  // NOLINT(modernize-loop-convert)
-        const boost::shared_ptr<TInmemProperty> property = properties_[index];
-        if (!callback(property)) {
+    const boost::shared_ptr<TInmemProperties> properties = Properties();
+    for (TInmemProperty* property : properties->InOrder()) {
+        if (!callback({properties, property})) {
             return;
         }
     }
@@ -118,43 +112,17 @@ TInmemInstance& TInmemInstance::operator=(const TInmemInstance& /*other*/) {
     return *this;
 }
 
-TClassLayout& TInmemInstance::Layout() const {
-    if (!layout_) {
-        layout_ = TClassLayout::Of(class_);
+/// The properties that were set. The class's layout is taken when it is first needed.
+const boost::shared_ptr<TInmemProperties>& TInmemInstance::Properties() const {
+    if (!properties_) {
+        properties_ = boost::make_shared<TInmemProperties>(TClassLayout::Of(class_));
     }
-    return *layout_;
-}
-
-/// Where the property of a name stands, or would stand.
-TInmemInstance::Properties::const_iterator TInmemInstance::LowerBound(const std::string& name) const {
-    return std::lower_bound(properties_.begin(), properties_.end(), name,
-                            [](const boost::shared_ptr<TInmemProperty>& property, const std::string& other) {
-                                return TNameLess()(property->Name(), other);
-                            });
-}
-
-bool TInmemInstance::IsAt(Properties::const_iterator place, const std::string& name) const {
-    return place != properties_.end() && SameName((*place)->Name(), name);
-}
-
-/// The name as the class chain declares it; throws status 15 when it does not.
-TClassLayout::Name TInmemInstance::DeclaredName(const std::string& name) const {
-    TClassLayout::Name declared = Layout().FindProperty(name);
-    if (!declared) {
-        throw TVSKException(eVSKNotFound);
-    }
-    return declared;
+    return properties_;
 }
 
 std::string TInmemInstance::Path() const {
     std::string path = class_->GetName({});
-    bool first = true;
-    for (const TClassLayout::Name& key : *Layout().Keys()) {
-        const auto place = LowerBound(*key);
-        if (IsAt(place, *key)) {
-            AppendKey(path, first, *key, (*place)->GetValue({}));
-        }
-    }
+    Properties()->AppendKeys(path);
     return path;
 }
 

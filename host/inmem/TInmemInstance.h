@@ -2,26 +2,23 @@
 
 #include <boost/enable_shared_from_this.hpp>
 #include <boost/shared_ptr.hpp>
-#include <memory>
 #include <string>
-#include <vector>
 
-#include "inmem/TClassLayout.h"
 #include "vskcore/ICIMInstance.h"
 
 namespace NQELVSK20 {
 
-class TInmemProperty;
+class TInmemProperties;
 
 /// An instance that keeps its property values in memory.
 ///
 /// Its path is its class's name and the values of the key properties that the class or its superclasses
 /// declare: `Class.Key1="v1",Key2=2`, keys ordered without regard to case, null ones left out. The class
-/// chain is read once for instances that are made in a row, and only when needed (see TClassLayout).
+/// chain is read once per class, not once per instance, and only when needed (see TClassLayout).
 ///
 /// Holds its class, and a class holds the instances that were added to it: who owns the class has to see to
-/// it that the instances are taken out in the end. Must be owned by a boost::shared_ptr. Neither an instance
-/// nor two of one class are to be used from two threads at a time.
+/// it that the instances are taken out in the end. Must be owned by a boost::shared_ptr, and is not to be
+/// used from two threads at a time.
 class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_this<TInmemInstance> {
 public:
     /// An empty instance of `cimClass`, which it shares; the second argument is the contract's and unused.
@@ -61,17 +58,13 @@ public:
     TInmemInstance& operator=(const TInmemInstance& other);
 
 private:
-    using Properties = std::vector<boost::shared_ptr<TInmemProperty>>;
-
-    TClassLayout& Layout() const;
-    Properties::const_iterator LowerBound(const std::string& name) const;
-    bool IsAt(Properties::const_iterator place, const std::string& name) const;
-    TClassLayout::Name DeclaredName(const std::string& name) const;
+    const boost::shared_ptr<TInmemProperties>& Properties() const;
     std::string Path() const;
 
     boost::shared_ptr<ICIMClass> class_;
-    mutable std::shared_ptr<TClassLayout> layout_;  // the class's, asked for when first needed
-    Properties properties_;                         // those that were set, by normalised name
+    // Null until first needed. A property that is handed out has a share in all of them, and none in the
+    // instance or its class.
+    mutable boost::shared_ptr<TInmemProperties> properties_;
 };
 
 }  // namespace NQELVSK20

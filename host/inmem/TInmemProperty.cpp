@@ -1,11 +1,9 @@
 #include "inmem/TInmemProperty.h"
 
-#include <utility>
-
 namespace NQELVSK20 {
 
-TInmemProperty::TInmemProperty(std::shared_ptr<const std::string> name, const TCIMValue& value)
-    : name_(std::move(name)), value_(value) {}
+TInmemProperty::TInmemProperty(const std::string& name, const TCIMValue& value)
+    : name_(&name), value_(value) {}
 
 const std::string& TInmemProperty::GetName(TContext /*context*/) const {
     return *name_;
@@ -13,6 +11,11 @@ const std::string& TInmemProperty::GetName(TContext /*context*/) const {
 
 const TCIMValue& TInmemProperty::GetValue(TContext /*context*/) const {
     return value_;
+}
+
+void TInmemProperty::Set(const std::string& name, const TCIMValue& value) {
+    name_ = &name;
+    value_ = value;
 }
 
 }  // namespace NQELVSK20

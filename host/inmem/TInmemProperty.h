@@ -1,26 +1,28 @@
 #pragma once
 
-#include <memory>
 #include <string>
 
 #include "vskcore/ICIMProperty.h"
 
 namespace NQELVSK20 {
 
-/// A property of an instance in memory. It shares its name with all instances that have the property.
-class TInmemProperty : public ICIMProperty {
+/// A property of an instance in memory, or the place for one that was not set.
+class TInmemProperty final : public ICIMProperty {
 public:
-    /// `name` must not be null.
-    TInmemProperty(std::shared_ptr<const std::string> name, const TCIMValue& value);
+    TInmemProperty() = default;
+
+    /// Keeps the name by its address: the layout of the class owns it, for all instances.
+    TInmemProperty(const std::string& name, const TCIMValue& value);
 
     const std::string& GetName(TContext context) const override;
     const TCIMValue& GetValue(TContext context) const override;
 
-    const std::string& Name() const { return *name_; }
-    void SetValue(const TCIMValue& value) { value_ = value; }
+    bool IsSet() const { return name_ != nullptr; }
+    const TCIMValue& Value() const { return value_; }
+    void Set(const std::string& name, const TCIMValue& value);
 
 private:
-    std::shared_ptr<const std::string> name_;
+    const std::string* name_ = nullptr;
     TCIMValue value_;
 };
 

@@ -28,9 +28,10 @@ std::string NormalizedName(const std::string& name) {
 }
 
 bool SameName(const std::string& left, const std::string& right) {
-    return left.size() == right.size() &&
-           std::equal(left.begin(), left.end(), right.begin(),
-                      [](char one, char other) { return Lower(one) == Lower(other); });
+    return left == right ||  // as most are
+           (left.size() == right.size() &&
+            std::equal(left.begin(), left.end(), right.begin(),
+                       [](char one, char other) { return Lower(one) == Lower(other); }));
 }
 
 bool IsCimName(const std::string& name) {

@@ -13,6 +13,9 @@ namespace NQELVSK20 {
 namespace {
 
 std::string KeysText(const TContext& keys) {
+    if (keys.empty()) {
+        return {};
+    }
     std::vector<const TContext::value_type*> ordered;
     ordered.reserve(keys.size());
     for (const auto& key : keys) {

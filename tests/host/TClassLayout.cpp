@@ -105,6 +105,23 @@ TEST_F(TClassLayoutChain, IsReadForEveryInstanceInAHostThatRemembersNothing) {
     }
 }
 
+TEST_F(TClassLayoutChain, GivesPositionsInTheOrderInWhichPropertiesAreSought) {
+    AddKey(AddLevel(), "Id");
+    AddProperty(AddLevel(), "Own");
+    AddProperty(levels_[1], "Another");
+    const auto layout = TClassLayout::Of(levels_[1]);
+    EXPECT_EQ(layout->PositionOf("own"), 0U);
+    EXPECT_EQ(layout->PositionOf("ID"), 1U);
+    EXPECT_EQ(layout->PositionOf("Another", 2), 2U);
+    for (const std::size_t expected : {std::size_t{0}, std::size_t{1}, std::size_t{9}}) {
+        EXPECT_EQ(layout->PositionOf("Id", expected), 1U);
+    }
+    EXPECT_EQ(layout->NameAt(0), "Own");
+    EXPECT_EQ(layout->InNameOrder(), (std::vector<std::size_t>{2, 1, 0}));
+    ASSERT_EQ(layout->Keys().size(), 1U);
+    EXPECT_EQ(layout->Keys().front().position, 1U);
+}
+
 TEST_F(TClassLayoutChain, IsSharedByTheClassesThatHaveItInCommon) {
     const auto top = AddLevel();
     AddKey(top, "Id");
@@ -126,8 +143,8 @@ TEST_F(TClassLayoutChain, GivesTheKeysOfAllLevelsInOneOrderWithoutRegardToCase) 
     AddKey(middle, "CreationClassName");
     AddKey(AddLevel(), "Zone");
     std::vector<std::string> names;
-    for (const TClassLayout::Name& key : *TClassLayout::Of(levels_[2])->Keys()) {
-        names.push_back(*key);
+    for (const TClassLayout::TKey& key : TClassLayout::Of(levels_[2])->Keys()) {
+        names.push_back(key.name);
     }
     EXPECT_EQ(names, (std::vector<std::string>{"CreationClassName", "deviceID", "SystemName", "Zone"}));
 }
@@ -136,22 +153,22 @@ TEST_F(TClassLayoutChain, GivesAKeyThatIsDeclaredTwiceOnceAsTheNearerClassSpells
     AddKey(AddLevel(), "DeviceID");
     AddKey(AddLevel(), "DEVICEID");
     const auto keys = TClassLayout::Of(levels_[1])->Keys();
-    ASSERT_EQ(keys->size(), 1U);
-    EXPECT_EQ(*keys->front(), "DEVICEID");
+    ASSERT_EQ(keys.size(), 1U);
+    EXPECT_EQ(keys.front().name, "DEVICEID");
 }
 
 TEST_F(TClassLayoutChain, GoesOnAboveAClassWithoutMembers) {
     AddKey(AddLevel(), "Id");
     AddLevel();
     AddLevel();
-    EXPECT_EQ(TClassLayout::Of(levels_[2])->Keys()->size(), 1U);
-    EXPECT_TRUE(TClassLayout::Of(levels_[2])->FindProperty("ID"));
+    EXPECT_EQ(TClassLayout::Of(levels_[2])->Keys().size(), 1U);
+    EXPECT_NE(TClassLayout::Of(levels_[2])->PositionOf("ID"), TClassLayout::kNowhere);
 }
 
 TEST_F(TClassLayoutChain, EndsBelowTheRootClass) {
     AddProperty(root_, "OfTheRoot");
     AddLevel();
-    EXPECT_FALSE(TClassLayout::Of(levels_[0])->FindProperty("OfTheRoot"));
+    EXPECT_EQ(TClassLayout::Of(levels_[0])->PositionOf("OfTheRoot"), TClassLayout::kNowhere);
 }
 
 TEST_F(TClassLayoutChain, EndsWhereItLeadsBack) {
@@ -159,9 +176,9 @@ TEST_F(TClassLayoutChain, EndsWhereItLeadsBack) {
     AddLevel();
     AddLevel();
     levels_[0]->superclassQuery = [this] { return levels_[1]; };
-    EXPECT_EQ(TClassLayout::Of(levels_[2])->Keys()->size(), 1U);
-    EXPECT_FALSE(TClassLayout::Of(levels_[2])->FindProperty("Nowhere"));
-    EXPECT_EQ(TClassLayout::Of(levels_[1])->Keys()->size(), 1U);
+    EXPECT_EQ(TClassLayout::Of(levels_[2])->Keys().size(), 1U);
+    EXPECT_EQ(TClassLayout::Of(levels_[2])->PositionOf("Nowhere"), TClassLayout::kNowhere);
+    EXPECT_EQ(TClassLayout::Of(levels_[1])->Keys().size(), 1U);
     levels_[0]->superclassQuery = nullptr;
 }
 
@@ -172,11 +189,11 @@ TEST_F(TClassLayoutChain, EndsWhereItLeadsBackToWhatItHasInCommonWithAnother) {
     levels_[0]->superclassQuery = [this, &leadsBack]() -> boost::shared_ptr<ICIMClass> {
         return leadsBack ? levels_[1] : nullptr;
     };
-    EXPECT_EQ(TClassLayout::Of(levels_[1])->Keys()->size(), 1U);
+    EXPECT_EQ(TClassLayout::Of(levels_[1])->Keys().size(), 1U);
     leadsBack = true;
     const auto sibling = boost::make_shared<CountingClass>(union_, "Sibling", levels_[0]);
-    EXPECT_EQ(TClassLayout::Of(sibling)->Keys()->size(), 1U);
-    EXPECT_FALSE(TClassLayout::Of(sibling)->FindProperty("Nowhere"));
+    EXPECT_EQ(TClassLayout::Of(sibling)->Keys().size(), 1U);
+    EXPECT_EQ(TClassLayout::Of(sibling)->PositionOf("Nowhere"), TClassLayout::kNowhere);
 }
 
 TEST_F(TClassLayoutChain, EndsAtAClassThatIsItsOwnSuperclass) {
@@ -186,7 +203,7 @@ TEST_F(TClassLayoutChain, EndsAtAClassThatIsItsOwnSuperclass) {
         return boost::const_pointer_cast<ICIMClass>(
             boost::static_pointer_cast<const ICIMClass>(self->shared_from_this()));
     };
-    EXPECT_FALSE(TClassLayout::Of(only)->FindProperty("Nowhere"));
+    EXPECT_EQ(TClassLayout::Of(only)->PositionOf("Nowhere"), TClassLayout::kNowhere);
 }
 
 TEST_F(TClassLayoutChain, EndsWhereASuperclassCannotBeToldAndIsNotAskedAgainWhileInUse) {
@@ -248,14 +265,14 @@ TEST_F(TClassLayoutChain, IsReadAnewForAnotherClassAtTheSameAddress) {
     auto cimClass = makeThere();
     AddProperty(cimClass, "First");
     const auto first = TClassLayout::Of(cimClass);
-    ASSERT_TRUE(first->FindProperty("First"));
+    ASSERT_NE(first->PositionOf("First"), TClassLayout::kNowhere);
     cimClass.reset();
     cimClass = makeThere();
     AddProperty(cimClass, "Second");
     const auto second = TClassLayout::Of(cimClass);
     EXPECT_NE(second, first);
-    EXPECT_FALSE(second->FindProperty("First"));
-    EXPECT_TRUE(second->FindProperty("Second"));
+    EXPECT_EQ(second->PositionOf("First"), TClassLayout::kNowhere);
+    EXPECT_NE(second->PositionOf("Second"), TClassLayout::kNowhere);
     EXPECT_EQ(TClassLayout::Of(cimClass), second);
 }
 

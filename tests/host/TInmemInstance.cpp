@@ -166,6 +166,45 @@ TEST_F(TInmemInstanceTest, AllowsPropertiesToBeSetDuringAnEnumeration) {
     EXPECT_EQ(PathOf(*fan), "CIM_Fan.DeviceID=\"new\",SystemName=\"new\"");
 }
 
+TEST_F(TInmemInstanceTest, EnumeratesWhatWasSetBeforeAndEachOnce) {
+    const auto fan = fan_->CreateInstance({});
+    fan->SetPropertyValue("ElementName", TCIMValue("Fan 1"), {});
+    std::vector<std::string> visited;
+    fan->EnumerateProperties(
+        [&](const boost::shared_ptr<ICIMProperty>& property) {
+            visited.push_back(property->GetName({}));
+            fan->SetPropertyValue("DeviceID", TCIMValue("1"), {});
+            fan->SetPropertyValue("SystemName", TCIMValue("box"), {});
+            return true;
+        },
+        {});
+    EXPECT_EQ(visited, (std::vector<std::string>{"ElementName"}));
+    EXPECT_EQ(SetProperties(*fan), (std::vector<std::string>{"DeviceID", "ElementName", "SystemName"}));
+}
+
+TEST_F(TInmemInstanceTest, KeepsValuesApartInWhateverOrderInstancesAreFilled) {
+    const auto first = MakeFan("1");
+    first->SetPropertyValue("ElementName", TCIMValue("Fan 1"), {});
+    const auto second = fan_->CreateInstance({});
+    second->SetPropertyValue("ElementName", TCIMValue("Fan 2"), {});
+    const auto early = second->GetProperty("ElementName", {});
+    second->SetPropertyValue("DesiredSpeed", TCIMValue(3000ULL), {});
+    second->SetPropertyValue("DEVICEID", TCIMValue("2"), {});
+    EXPECT_EQ(SetProperties(*second), (std::vector<std::string>{"DesiredSpeed", "DeviceID", "ElementName"}));
+    EXPECT_TRUE(second->GetProperty("SystemName", {})->GetValue({}).IsNull());
+    EXPECT_EQ(early->GetValue({}).ToString(10), "Fan 2");
+    EXPECT_EQ(PathOf(*second), "CIM_Fan.DeviceID=\"2\"");
+    EXPECT_EQ(PathOf(*first), "CIM_Fan.DeviceID=\"1\",SystemName=\"box\"");
+    EXPECT_EQ(first->GetProperty("ElementName", {})->GetValue({}).ToString(10), "Fan 1");
+}
+
+TEST_F(TInmemInstanceTest, GivesAPropertyWithoutAValueThatIsNoPartOfIt) {
+    const auto fan = MakeFan("1");
+    const auto property = fan->GetProperty("ElementName", {});
+    fan->SetPropertyValue("ElementName", TCIMValue("Fan 1"), {});
+    EXPECT_TRUE(property->GetValue({}).IsNull());
+}
+
 TEST_F(TInmemInstanceTest, TakesOverTheValuesOfAnother) {
     const auto fan = MakeFan("1");
     const auto other = fan_->CreateInstance({});
