@@ -10,13 +10,14 @@ using TType = TCIMValue::TCIMType;
 
 void AppendQuoted(std::string& path, const std::string& text) {
     path += '"';
-    for (const char letter : text) {
-        if (letter == '"' || letter == '\\') {
-            path += '\\';
+    std::size_t begin = 0;  // of what is not yet appended
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (text[at] == '"' || text[at] == '\\') {
+            path.append(text, begin, at - begin) += '\\';
+            begin = at;
         }
-        path += letter;
     }
-    path += '"';
+    path.append(text, begin) += '"';
 }
 
 std::string Utf8(unsigned int code) {
