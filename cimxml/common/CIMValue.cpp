@@ -1,7 +1,6 @@
 #include <Pegasus/Common/CIMValue.h>
 
 #include <algorithm>
-#include <array>
 #include <string>
 #include <type_traits>
 
@@ -12,27 +11,6 @@
 namespace Pegasus {
 
 namespace {
-
-using RepPtr = std::shared_ptr<const CIMValueRep>;
-
-constexpr std::size_t kTypeCount = CIMTYPE_INSTANCE + 1;
-
-/// Null values of one type share their content.
-RepPtr nullRep(CIMType type, bool isArray, Uint32 arraySize) {
-    static const auto reps = [] {
-        std::array<std::array<RepPtr, 2>, kTypeCount> result;
-        for (std::size_t i = 0; i < kTypeCount; ++i) {
-            for (const bool ofArray : {false, true}) {
-                result[i][ofArray] = std::make_shared<const CIMValueRep>(static_cast<CIMType>(i), ofArray, 0);
-            }
-        }
-        return result;
-    }();
-    if (isArray && arraySize != 0) {
-        return std::make_shared<const CIMValueRep>(type, isArray, arraySize);
-    }
-    return reps.at(type)[isArray];
-}
 
 /// What leaves or enters a value: the same for plain data, a clone for
 /// embedded objects, which their holder could change otherwise.
@@ -68,16 +46,11 @@ Array<CIMInstance> detached(const Array<CIMInstance>& x) {
 }
 
 template <class T>
-RepPtr makeRep(const T& x) {
-    return std::make_shared<const CIMValueRep>(T(detached(x)));
-}
-
-template <class T>
-void read(const CIMValueRep& rep, T& x) {
-    if (rep.type != ValueType<T>::type || rep.isArray != ValueType<T>::isArray) {
+void read(const CIMValue& value, T& x) {
+    if (value.getType() != ValueType<T>::type || value.isArray() != ValueType<T>::isArray) {
         throw TypeMismatchException();
     }
-    if (const T* const content = std::get_if<T>(&rep.content)) {
+    if (const T* const content = ValueAccess::find<T>(value)) {
         x = detached(*content);
     }
 }
@@ -149,22 +122,24 @@ struct TextAppender {
 }  // namespace
 
 CIMValue::CIMValue(CIMType type, Boolean isArray, Uint32 arraySize)
-    : _rep(nullRep(type, isArray, arraySize)) {}
+    : _type(type), _isArray(isArray), _nullSize(isArray ? arraySize : 0) {}
 
 void CIMValue::setNullValue(CIMType type, Boolean isArray, Uint32 arraySize) {
-    _rep = nullRep(type, isArray, arraySize);
+    *this = CIMValue(type, isArray, arraySize);
 }
 
 // Every type has its own constructor, setter and getter in the API; they all
 // do the same.
 // NOLINTBEGIN(bugprone-macro-parentheses): the arguments are types
-#define CIMXML_DEFINE_ACCESS(PARAMETER, TYPE)             \
-    CIMValue::CIMValue(PARAMETER x) : _rep(makeRep(x)) {} \
-    void CIMValue::set(PARAMETER x) {                     \
-        _rep = makeRep(x);                                \
-    }                                                     \
-    void CIMValue::get(TYPE& x) const {                   \
-        read(CIMValueRep::of(*this), x);                  \
+#define CIMXML_DEFINE_ACCESS(PARAMETER, TYPE)       \
+    CIMValue::CIMValue(PARAMETER x) {               \
+        ValueAccess::set(*this, TYPE(detached(x))); \
+    }                                               \
+    void CIMValue::set(PARAMETER x) {               \
+        ValueAccess::set(*this, TYPE(detached(x))); \
+    }                                               \
+    void CIMValue::get(TYPE& x) const {             \
+        read(*this, x);                             \
     }
 #define CIMXML_DEFINE_SCALAR(TYPE)   \
     CIMXML_DEFINE_ACCESS(TYPE, TYPE) \
@@ -200,40 +175,23 @@ Boolean CIMValue::typeCompatible(const CIMValue& x) const {
     return getType() == x.getType() && isArray() == x.isArray();
 }
 
-Boolean CIMValue::isArray() const {
-    return CIMValueRep::of(*this).isArray;
-}
-
-Boolean CIMValue::isNull() const {
-    return CIMValueRep::of(*this).isNull();
-}
-
 Uint32 CIMValue::getArraySize() const {
-    const CIMValueRep& rep = CIMValueRep::of(*this);
-    return rep.isNull() ? rep.nullSize : std::visit(SizeReader(), rep.content);
-}
-
-CIMType CIMValue::getType() const {
-    return CIMValueRep::of(*this).type;
+    return isNull() ? _nullSize : ValueAccess::visit(*this, SizeReader());
 }
 
 Boolean CIMValue::equal(const CIMValue& x) const {
-    const CIMValueRep& left = CIMValueRep::of(*this);
-    const CIMValueRep& right = CIMValueRep::of(x);
     if (!typeCompatible(x)) {
         return false;
     }
-    const auto equalsRight = [&right](const auto& content) {
-        using T = std::decay_t<decltype(content)>;
-        const T* const other = std::get_if<T>(&right.content);
+    return ValueAccess::visit(*this, [&x](const auto& content) {
+        const auto* const other = ValueAccess::find<std::decay_t<decltype(content)>>(x);
         return other && equalContent(content, *other);
-    };
-    return std::visit(equalsRight, left.content);
+    });
 }
 
 String CIMValue::toString() const {
     std::string text;
-    std::visit(TextAppender{text}, CIMValueRep::of(*this).content);
+    ValueAccess::visit(*this, TextAppender{text});
     return fromUtf8(text);
 }
 

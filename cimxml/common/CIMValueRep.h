@@ -5,6 +5,7 @@
 #include <Pegasus/Common/CIMValue.h>
 
 #include <memory>
+#include <type_traits>
 #include <utility>
 #include <variant>
 
@@ -12,40 +13,62 @@
 
 namespace Pegasus {
 
-/// The content of a value. It never changes, so that values can share it.
+/// The content of a value that is neither number nor text. It never changes, so that values can share it.
 class CIMValueRep {
 public:
-    /// std::monostate for null.
     using Content =
-        std::variant<std::monostate, Boolean, Uint8, Sint8, Uint16, Sint16, Uint32, Sint32, Uint64, Sint64,
-                     Real32, Real64, Char16, String, CIMDateTime, CIMObjectPath, CIMObject, CIMInstance,
-                     Array<Boolean>, Array<Uint8>, Array<Sint8>, Array<Uint16>, Array<Sint16>, Array<Uint32>,
-                     Array<Sint32>, Array<Uint64>, Array<Sint64>, Array<Real32>, Array<Real64>, Array<Char16>,
-                     Array<String>, Array<CIMDateTime>, Array<CIMObjectPath>, Array<CIMObject>,
-                     Array<CIMInstance>>;
+        std::variant<CIMDateTime, CIMObjectPath, CIMObject, CIMInstance, Array<Boolean>, Array<Uint8>,
+                     Array<Sint8>, Array<Uint16>, Array<Sint16>, Array<Uint32>, Array<Sint32>, Array<Uint64>,
+                     Array<Sint64>, Array<Real32>, Array<Real64>, Array<Char16>, Array<String>,
+                     Array<CIMDateTime>, Array<CIMObjectPath>, Array<CIMObject>, Array<CIMInstance>>;
 
     template <class T>
-    explicit CIMValueRep(T x)
-        : content(std::in_place_type<T>, std::move(x)),
-          type(ValueType<T>::type),
-          isArray(ValueType<T>::isArray) {}
-
-    /// Null of the given type; an array declares its size all the same.
-    CIMValueRep(CIMType nullType, bool isNullArray, Uint32 nullArraySize)
-        : type(nullType), isArray(isNullArray), nullSize(isNullArray ? nullArraySize : 0) {}
-
-    /// The content of a value; lives as long as the value keeps it.
-    static const CIMValueRep& of(const CIMValue& value) {
-        static const CIMValueRep null(CIMTYPE_BOOLEAN, false, 0);
-        return value._rep ? *value._rep : null;
-    }
-
-    bool isNull() const noexcept { return std::holds_alternative<std::monostate>(content); }
+    explicit CIMValueRep(T x) : content(std::in_place_type<T>, std::move(x)) {}
 
     const Content content;
-    const CIMType type;
-    const bool isArray;
-    const Uint32 nullSize = 0;
+};
+
+/// The library's own way to what a value holds.
+struct ValueAccess {
+    using Shared = std::shared_ptr<const CIMValueRep>;
+
+    /// Gives a value new content.
+    template <class T>
+    static void set(CIMValue& value, T x) {
+        if constexpr (std::is_constructible_v<CIMValueRep::Content, std::in_place_type_t<T>, T>) {
+            value._content = std::make_shared<const CIMValueRep>(std::move(x));
+        } else {
+            value._content.template emplace<T>(std::move(x));
+        }
+        value._type = ValueType<T>::type;
+        value._isArray = ValueType<T>::isArray;
+        value._nullSize = 0;
+    }
+
+    /// Calls `visitor` with the content, with std::monostate for null.
+    template <class Visitor>
+    static auto visit(const CIMValue& value, Visitor&& visitor) {
+        return std::visit(
+            [&visitor](const auto& content) {
+                if constexpr (std::is_same_v<std::decay_t<decltype(content)>, Shared>) {
+                    return std::visit(visitor, content->content);
+                } else {
+                    return visitor(content);
+                }
+            },
+            value._content);
+    }
+
+    /// The content when it is a T, else null; valid as long as the value is not changed.
+    template <class T>
+    static const T* find(const CIMValue& value) noexcept {
+        if constexpr (std::is_constructible_v<CIMValueRep::Content, std::in_place_type_t<T>, T>) {
+            const Shared* const shared = std::get_if<Shared>(&value._content);
+            return shared == nullptr ? nullptr : std::get_if<T>(&(*shared)->content);
+        } else {
+            return std::get_if<T>(&value._content);
+        }
+    }
 };
 
 }  // namespace Pegasus

@@ -93,7 +93,7 @@ private:
 }  // namespace
 
 void ValueWriter::write(const CIMValue& value) {
-    std::visit(ContentWriter{out_}, CIMValueRep::of(value).content);
+    ValueAccess::visit(value, ContentWriter{out_});
 }
 
 void ValueWriter::writeType(const char* typeAttribute, CIMType type) {

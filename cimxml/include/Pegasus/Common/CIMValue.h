@@ -10,6 +10,7 @@
 #include <Pegasus/Common/String.h>
 
 #include <memory>
+#include <variant>
 
 namespace Pegasus {
 
@@ -18,8 +19,8 @@ class CIMInstance;
 class CIMValueRep;
 
 /// A typed value: a scalar or an array of any CIM type, or null of such a
-/// type. Copies share their content, which never changes: setting a value
-/// gives it new content. Embedded objects are cloned on their way in and out;
+/// type. Copies share content that is more than a number: it never changes,
+/// setting a value gives it new content. Embedded objects are cloned on their way in and out;
 /// a null embedded object throws UninitializedObjectException.
 class PEGASUS_COMMON_LINKAGE CIMValue {
 public:
@@ -66,16 +67,16 @@ public:
     void assign(const CIMValue& x) { *this = x; }
 
     /// Makes this null of scalar boolean type.
-    void clear() noexcept { _rep.reset(); }
+    void clear() noexcept { *this = CIMValue(); }
 
     /// Whether type and array flag agree.
     Boolean typeCompatible(const CIMValue& x) const;
 
-    Boolean isArray() const;
-    Boolean isNull() const;
+    Boolean isArray() const noexcept { return _isArray; }
+    Boolean isNull() const noexcept { return std::holds_alternative<std::monostate>(_content); }
     /// Number of elements; 0 for a scalar.
     Uint32 getArraySize() const;
-    CIMType getType() const;
+    CIMType getType() const noexcept { return _type; }
 
     void setNullValue(CIMType type, Boolean isArray, Uint32 arraySize = 0);
 
@@ -159,9 +160,17 @@ public:
     String toString() const;
 
 private:
-    friend class CIMValueRep;
+    friend struct ValueAccess;
 
-    std::shared_ptr<const CIMValueRep> _rep;  // null: null, of scalar boolean type
+    // std::monostate for null; what is neither number nor text stands elsewhere.
+    using Content =
+        std::variant<std::monostate, Boolean, Uint8, Sint8, Uint16, Sint16, Uint32, Sint32, Uint64, Sint64,
+                     Real32, Real64, Char16, String, std::shared_ptr<const CIMValueRep>>;
+
+    Content _content;
+    CIMType _type = CIMTYPE_BOOLEAN;
+    Boolean _isArray = false;
+    Uint32 _nullSize = 0;  // of a null array of fixed size
 };
 
 PEGASUS_COMMON_LINKAGE Boolean operator==(const CIMValue& x, const CIMValue& y);
