@@ -75,5 +75,56 @@ TEST(XmlScan, NoticesWhatMayInterruptAText) {
     EXPECT_TRUE(scanXml("<a><![CDATA[b]]></a>", noLimit).mixed);
 }
 
+// Long texts are looked at many bytes at a time: whatever it is has to be seen wherever it stands.
+
+TEST(XmlScan, SeesWhatIsSpecialAnywhereInALongText) {
+    for (const std::string& special : {std::string(1, '\0'), std::string("\x1F"), std::string("&#0;"),
+                                       std::string("\xFF"), std::string("\xE2\x82")}) {
+        for (int place = 0; place < 300; ++place) {
+            const auto before = static_cast<std::size_t>(place);
+            EXPECT_EQ(refusedAt(std::string(before, 'a') + special + std::string(400 - before, 'b')), place);
+        }
+    }
+}
+
+TEST(XmlScan, TakesEveryCharacterAnywhereInALongText) {
+    for (const char* text :
+         {"\t", "\r\n", "&#x20;", "&amp;", "\xC3\xA4", "\xE2\x82\xAC", "\xF0\x9F\x98\x80", "\x7F"}) {
+        for (std::size_t before = 0; before < 300; ++before) {
+            EXPECT_EQ(refusedAt(std::string(before, 'a') + text + std::string(400 - before, 'b')), -1)
+                << text;
+        }
+    }
+}
+
+TEST(XmlScan, CountsNodesAnywhereInALongText) {
+    for (std::size_t before = 0; before < 300; ++before) {
+        const std::string around(before, ' ');
+        const std::string behind(400 - before, ' ');
+        EXPECT_EQ(scanXml(around + "<a b='c'><d/></a>" + behind, noLimit).nodes, 3U) << before;
+        EXPECT_NO_THROW(scanXml(around + "<a b='c'/>" + behind, 2));
+        EXPECT_EQ(scanXml(around + "<?xml version='1.0'?>" + behind, noLimit).nodes, 1U) << before;
+    }
+}
+
+TEST(XmlScan, TellsWhereALongTextHasTooManyNodes) {
+    const std::string text = std::string(500, ' ') + "<a b='c'/><d/>" + std::string(500, ' ');
+    EXPECT_NO_THROW(scanXml(text, 3));
+    try {
+        scanXml(text, 2);
+        ADD_FAILURE() << "was taken";
+    } catch (const WireError& error) {
+        EXPECT_STREQ(error.what(),
+                     "XML at offset 510: the answer exceeds the limit on elements and attributes");
+    }
+}
+
+TEST(XmlScan, NoticesACommentAnywhereInALongText) {
+    for (std::size_t before = 0; before < 300; ++before) {
+        EXPECT_TRUE(
+            scanXml(std::string(before, 'a') + "<!-- c -->" + std::string(400 - before, 'b'), noLimit).mixed);
+    }
+}
+
 }  // namespace
 }  // namespace cimxml_test
