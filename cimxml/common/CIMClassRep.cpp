@@ -28,12 +28,12 @@ bool CIMClassRep::identical(const CIMObjectRep& other) const {
            std::equal(methods.begin(), methods.end(), otherClass.methods.begin(), haveSameOrigin);
 }
 
-void CIMClassRep::addProperty(const CIMProperty& property) {
+void CIMClassRep::addProperty(CIMProperty property) {
     const bool isNew = properties.find(property.getName()) == PEG_NOT_FOUND;
     if (isNew && property.getType() == CIMTYPE_REFERENCE && property.getReferenceClassName().isNull()) {
         throw TypeMismatchException();
     }
-    CIMObjectRep::addProperty(property);
+    CIMObjectRep::addProperty(std::move(property));
 }
 
 }  // namespace Pegasus

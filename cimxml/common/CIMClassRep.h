@@ -20,7 +20,7 @@ public:
     std::shared_ptr<CIMObjectRep> clone() const override;
     bool identical(const CIMObjectRep& other) const override;
     /// A reference property without reference class throws TypeMismatchException.
-    void addProperty(const CIMProperty& property) override;
+    void addProperty(CIMProperty property) override;
 
     CIMName superClassName;
     NamedList<CIMMethod> methods;

@@ -31,7 +31,8 @@ bool isNameLess(const CIMKeyBinding& x, const CIMKeyBinding& y) {
 
 /// The same keys sorted by name, with references in their one text form.
 Array<CIMKeyBinding> sorted(const Array<CIMKeyBinding>& keys) {
-    if (keys.size() < 2 && !hasReference(keys)) {
+    const CIMKeyBinding* const first = keys.getData();
+    if (!hasReference(keys) && std::is_sorted(first, first + keys.size(), isNameLess)) {
         return keys;
     }
     Array<CIMKeyBinding> result(keys);

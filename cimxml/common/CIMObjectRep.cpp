@@ -1,5 +1,7 @@
 #include "cimxml/common/CIMObjectRep.h"
 
+#include <utility>
+
 namespace Pegasus {
 
 namespace {
@@ -17,6 +19,10 @@ CIMObjectRep::CIMObjectRep(const CIMName& className) {
     _path.setClassName(className);
 }
 
+CIMObjectRep::CIMObjectRep(CIMObjectPath path) : _path(std::move(path)) {
+    requireClassName(_path.getClassName());
+}
+
 std::shared_ptr<CIMObjectRep> CIMObjectRep::clone() const {
     return std::shared_ptr<CIMObjectRep>(new CIMObjectRep(*this));
 }
@@ -26,8 +32,8 @@ bool CIMObjectRep::identical(const CIMObjectRep& other) const {
                               properties.identical(other.properties));
 }
 
-void CIMObjectRep::addProperty(const CIMProperty& property) {
-    properties.add(property, "property");
+void CIMObjectRep::addProperty(CIMProperty property) {
+    properties.add(std::move(property), "property");
 }
 
 void CIMObjectRep::setPath(const CIMObjectPath& path) {

@@ -17,13 +17,15 @@ class CIMObjectRep {
 public:
     /// A null class name throws UninitializedObjectException.
     explicit CIMObjectRep(const CIMName& className);
+    /// A path without class name throws UninitializedObjectException.
+    explicit CIMObjectRep(CIMObjectPath path);
     virtual ~CIMObjectRep() = default;
     CIMObjectRep& operator=(const CIMObjectRep&) = delete;
 
     virtual bool isClass() const { return false; }
     virtual std::shared_ptr<CIMObjectRep> clone() const;
     virtual bool identical(const CIMObjectRep& other) const;
-    virtual void addProperty(const CIMProperty& property);
+    virtual void addProperty(CIMProperty property);
 
     const CIMObjectPath& path() const noexcept { return _path; }
     /// Without a class name throws UninitializedObjectException, with another

@@ -11,13 +11,13 @@ bool isReferenceArray(const CIMValue& value) {
 
 }  // namespace
 
-CIMPropertyRep::CIMPropertyRep(const CIMName& propertyName, const CIMValue& itsValue, Uint32 itsArraySize,
+CIMPropertyRep::CIMPropertyRep(const CIMName& propertyName, CIMValue itsValue, Uint32 itsArraySize,
                                const CIMName& itsReferenceClassName, const CIMName& itsClassOrigin,
                                bool isPropagated)
     : NamedRep(propertyName),
       classOrigin(itsClassOrigin),
       propagated(isPropagated),
-      _value(itsValue),
+      _value(std::move(itsValue)),
       _arraySize(itsArraySize),
       _referenceClassName(itsReferenceClassName) {
     const bool hasWrongSize = _arraySize != 0 && (!_value.isArray() || _value.getArraySize() != _arraySize);

@@ -10,7 +10,7 @@ namespace Pegasus {
 /// What the handles of a property share.
 class CIMPropertyRep : public NamedRep {
 public:
-    CIMPropertyRep(const CIMName& propertyName, const CIMValue& itsValue, Uint32 itsArraySize,
+    CIMPropertyRep(const CIMName& propertyName, CIMValue itsValue, Uint32 itsArraySize,
                    const CIMName& itsReferenceClassName, const CIMName& itsClassOrigin, bool isPropagated);
 
     bool identical(const CIMPropertyRep& other) const;

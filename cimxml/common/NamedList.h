@@ -3,6 +3,7 @@
 #include <Pegasus/Common/CIMName.h>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "cimxml/common/HandleAccess.h"
@@ -31,12 +32,12 @@ public:
 
     /// A null handle throws UninitializedObjectException; a name that is
     /// already there throws AlreadyExistsException, which names the `kind`.
-    void add(const Handle& handle, const char* kind) {
+    void add(Handle handle, const char* kind) {
         const CIMName& name = HandleAccess::rep(handle).name();
         if (find(name) != PEG_NOT_FOUND) {
             throw AlreadyExistsException(String(kind) + " \"" + name.getString() + "\"");
         }
-        append(handle);
+        append(std::move(handle));
     }
 
     /// The element's index, or PEG_NOT_FOUND.
@@ -80,10 +81,7 @@ public:
     auto end() const noexcept { return _handles.end(); }
 
 private:
-    void append(const Handle& handle) {
-        _handles.push_back(handle);
-        HandleAccess::rep(handle).enterList();
-    }
+    void append(Handle handle) { HandleAccess::rep(_handles.emplace_back(std::move(handle))).enterList(); }
 
     std::vector<Handle> _handles;
 };

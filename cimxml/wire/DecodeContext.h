@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 
 #include "cimxml/wire/Limits.h"
 #include "cimxml/wire/NameTable.h"
@@ -15,6 +16,7 @@ struct DecodeContext {
     std::size_t nodesLeft;       ///< Nodes that the documents still to be parsed may have.
     unsigned embeddedLevel = 0;  ///< Embedded objects around the one that is being read.
     NameTable names;
+    std::string texts;  ///< Room for a reader to put texts together in, which keeps its memory.
 };
 
 }  // namespace cimxml

@@ -1,7 +1,10 @@
 #include "cimxml/wire/InstanceReader.h"
 
-#include <Pegasus/Common/Exception.h>
+#include <memory>
+#include <utility>
 
+#include "cimxml/common/CIMObjectRep.h"
+#include "cimxml/common/HandleAccess.h"
 #include "cimxml/wire/PathReader.h"
 #include "cimxml/wire/PropertyReader.h"
 #include "cimxml/wire/QualifierReader.h"
@@ -15,10 +18,7 @@ CIMInstance InstanceReader::read(pugi::xml_node node) {
     if (!isElement(node, "INSTANCE")) {
         failAt(node, "element INSTANCE");
     }
-    CIMInstance instance(PathReader(context_).readName(node, "CLASSNAME"));
-    QualifierReader(context_).addTo(instance, node);
-    PropertyReader(context_).addTo(instance, node);
-    return instance;
+    return readContent(node, CIMInstance(PathReader(context_).readName(node, "CLASSNAME")));
 }
 
 CIMInstance InstanceReader::readNamed(pugi::xml_node node) {
@@ -28,16 +28,23 @@ CIMInstance InstanceReader::readNamed(pugi::xml_node node) {
     if (!isElement(node, "VALUE.NAMEDINSTANCE") && !isElement(node, "VALUE.INSTANCEWITHPATH")) {
         failAt(node, "element VALUE.NAMEDINSTANCE");
     }
-    const pugi::xml_node path = firstElement(node);
-    if (!PathReader::isPath(path)) {
+    const pugi::xml_node pathNode = firstElement(node);
+    if (!PathReader::isPath(pathNode)) {
         failAt(node, "an instance path");
     }
-    CIMInstance instance = read(requireElement(node, "INSTANCE"));
-    try {
-        instance.setPath(PathReader(context_).read(path));
-    } catch (const TypeMismatchException&) {
-        failAt(path, "a path of the instance's own class");
+    const pugi::xml_node content = requireElement(node, "INSTANCE");
+    PathReader names(context_);
+    CIMObjectPath path = names.read(pathNode);
+    if (!path.getClassName().equal(names.readName(content, "CLASSNAME"))) {
+        failAt(pathNode, "a path of the instance's own class");
     }
+    return readContent(content,
+                       HandleAccess::make<CIMInstance>(std::make_shared<CIMObjectRep>(std::move(path))));
+}
+
+CIMInstance InstanceReader::readContent(pugi::xml_node node, CIMInstance instance) {
+    QualifierReader(context_).addTo(instance, node);
+    PropertyReader(context_).addTo(instance, node);
     return instance;
 }
 

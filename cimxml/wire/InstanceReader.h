@@ -20,6 +20,8 @@ public:
     Pegasus::CIMInstance readNamed(pugi::xml_node node);
 
 private:
+    Pegasus::CIMInstance readContent(pugi::xml_node node, Pegasus::CIMInstance instance);
+
     DecodeContext& context_;
 };
 

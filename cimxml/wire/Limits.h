@@ -13,6 +13,10 @@ struct Limits {
     std::size_t xmlNodes = std::size_t{64} * 1024 * 1024;  ///< Elements and attributes, embedded ones too.
     unsigned xmlDepth = 128;                               ///< Nested elements of one XML document.
     unsigned embeddedLevels = 8;                           ///< Embedded objects inside embedded objects.
+
+    /// No bound: of how many bytes a list of instances is parsed at a time, when it is four times as long or
+    /// longer. That many, with their tree, a processor has at hand.
+    std::size_t pieceBytes = 16U * 1024U;
 };
 
 }  // namespace cimxml

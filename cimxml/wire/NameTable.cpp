@@ -2,14 +2,41 @@
 
 namespace cimxml {
 
-const Pegasus::CIMName& NameTable::find(std::string_view text) {
-    const auto known = names_.find(text);
-    if (known != names_.end()) {
-        return known->second;
+const Pegasus::CIMValue* KnownName::recall(const std::string& texts, Pegasus::CIMType type,
+                                           bool array) const {
+    const bool isSame =
+        !texts.empty() && texts == texts_ && value_.getType() == type && value_.isArray() == array;
+    return isSame ? &value_ : nullptr;
+}
+
+void KnownName::remember(const std::string& texts, const Pegasus::CIMValue& value) {
+    texts_ = texts;
+    value_ = value;
+}
+
+KnownName& NameTable::find(std::string_view text) {
+    KnownName* found = last_ == nullptr ? nullptr : last_->following;
+    if (found == nullptr || found->text != text) {
+        found = &look(text);
+    }
+    if (last_ != nullptr) {
+        last_->following = found;
+    }
+    last_ = found;
+    return *found;
+}
+
+KnownName& NameTable::look(std::string_view text) {
+    const auto known = index_.find(text);
+    if (known != index_.end()) {
+        return *known->second;
     }
     const Pegasus::CIMName name(Pegasus::String(text.data(), static_cast<Pegasus::Uint32>(text.size())));
-    texts_.emplace_back(text);
-    return names_.emplace(texts_.back(), name).first->second;
+    KnownName& added = names_.emplace_back();
+    added.text = text;
+    added.name = name;
+    index_.emplace(added.text, &added);
+    return added;
 }
 
 }  // namespace cimxml

@@ -34,7 +34,7 @@ CIMKeyBinding::Type bindingType(CIMType type) {
 }
 
 /// TYPE, which is exact, goes before VALUETYPE. Some servers send a CIM type as VALUETYPE.
-CIMKeyBinding::Type bindingType(pugi::xml_node value) {
+CIMKeyBinding::Type bindingType(const Attributes& value) {
     for (const char* name : {"TYPE", "VALUETYPE"}) {
         const char* text = attribute(value, name);
         if (text == nullptr || trim(text).empty()) {
@@ -45,7 +45,7 @@ CIMKeyBinding::Type bindingType(pugi::xml_node value) {
         }
         const auto type = parseType(text);
         if (!type) {
-            failAt(value, std::string("a type in attribute ") + name + ", found " + quote(text));
+            failAt(value.element(), std::string("a type in attribute ") + name + ", found " + quote(text));
         }
         return bindingType(*type);
     }
@@ -90,16 +90,21 @@ CIMObjectPath PathReader::readReference(pugi::xml_node node) {
     return read(path);
 }
 
-const CIMName& PathReader::readName(pugi::xml_node node, const char* attributeName) {
+const CIMName& PathReader::readName(const Attributes& node, const char* attributeName) {
+    return findName(node, attributeName).name;
+}
+
+KnownName& PathReader::findName(const Attributes& node, const char* attributeName) {
     const char* text = requireAttribute(node, attributeName);
     try {
         return context_.names.find(text);
     } catch (const InvalidNameException&) {
-        failAt(node, std::string("a CIM name in attribute ") + attributeName + ", found " + quote(text));
+        failAt(node.element(),
+               std::string("a CIM name in attribute ") + attributeName + ", found " + quote(text));
     }
 }
 
-CIMName PathReader::readOptionalName(pugi::xml_node node, const char* attributeName) {
+CIMName PathReader::readOptionalName(const Attributes& node, const char* attributeName) {
     const char* text = attribute(node, attributeName);
     return text == nullptr || *text == '\0' ? CIMName() : readName(node, attributeName);
 }
@@ -143,30 +148,45 @@ Array<CIMKeyBinding> PathReader::readKeys(pugi::xml_node instanceName) {
     Array<CIMKeyBinding> keys;
     for (pugi::xml_node child = firstElement(instanceName); child; child = nextElement(child)) {
         if (isElement(child, "KEYBINDING")) {
-            keys.append(readKey(firstElement(child), readName(child, "NAME")));
+            keys.append(readKey(firstElement(child), findName(child, "NAME")));
         } else {
             // The only key of a class may come without its name (DSP0201, INSTANCENAME).
-            keys.append(readKey(child, CIMName()));
+            KnownName nameless;
+            keys.append(readKey(child, nameless));
         }
     }
     return keys;
 }
 
-CIMKeyBinding PathReader::readKey(pugi::xml_node value, const CIMName& name) {
+CIMKeyBinding PathReader::readKey(pugi::xml_node value, KnownName& name) {
     if (isElement(value, "KEYVALUE")) {
         return readKeyValue(value, name);
     }
     if (isElement(value, "VALUE.REFERENCE")) {
-        return CIMKeyBinding(name, readReference(value).toString(), CIMKeyBinding::REFERENCE);
+        return CIMKeyBinding(name.name, readReference(value).toString(), CIMKeyBinding::REFERENCE);
     }
     failAt(value, "element KEYVALUE or VALUE.REFERENCE");
 }
 
-CIMKeyBinding PathReader::readKeyValue(pugi::xml_node value, const CIMName& name) {
+CIMKeyBinding PathReader::readKeyValue(pugi::xml_node value, KnownName& name) {
     std::string joined;
     const std::string_view text = textOf(value, joined);
     const CIMKeyBinding::Type type = bindingType(value);
-    return CIMKeyBinding(name, toString(type == CIMKeyBinding::STRING ? text : trim(text)), type);
+    return type == CIMKeyBinding::STRING ? CIMKeyBinding(name.name, readKeyText(text, name), type)
+                                         : CIMKeyBinding(name.name, toString(trim(text)), type);
+}
+
+/// The property of the same name mostly follows, with the same text.
+String PathReader::readKeyText(std::string_view text, KnownName& name) {
+    context_.texts.assign(text).push_back('\0');
+    String result;
+    if (const CIMValue* known = name.recall(context_.texts, CIMTYPE_STRING, false)) {
+        known->get(result);
+        return result;
+    }
+    result = toString(text);
+    name.remember(context_.texts, CIMValue(result));
+    return result;
 }
 
 }  // namespace cimxml

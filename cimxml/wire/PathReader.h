@@ -3,7 +3,9 @@
 #include <Pegasus/Common/CIMObjectPath.h>
 
 #include <pugixml.hpp>
+#include <string_view>
 
+#include "cimxml/wire/Attributes.h"
 #include "cimxml/wire/DecodeContext.h"
 
 namespace cimxml {
@@ -24,10 +26,13 @@ public:
     Pegasus::CIMObjectPath readReference(pugi::xml_node node);
 
     /// The name in an attribute. Throws WireError BadXml when it is missing or no CIM name.
-    const Pegasus::CIMName& readName(pugi::xml_node node, const char* attributeName);
+    const Pegasus::CIMName& readName(const Attributes& node, const char* attributeName);
+
+    /// As readName, with what is remembered about the name.
+    KnownName& findName(const Attributes& node, const char* attributeName);
 
     /// As readName; the null name when the attribute is missing or empty.
-    Pegasus::CIMName readOptionalName(pugi::xml_node node, const char* attributeName);
+    Pegasus::CIMName readOptionalName(const Attributes& node, const char* attributeName);
 
 private:
     struct Place {
@@ -38,8 +43,9 @@ private:
     Pegasus::CIMNamespaceName readLocalNamespacePath(pugi::xml_node node);
     Pegasus::CIMObjectPath readObjectName(pugi::xml_node node, const Place& place);
     Pegasus::Array<Pegasus::CIMKeyBinding> readKeys(pugi::xml_node instanceName);
-    Pegasus::CIMKeyBinding readKey(pugi::xml_node value, const Pegasus::CIMName& name);
-    Pegasus::CIMKeyBinding readKeyValue(pugi::xml_node value, const Pegasus::CIMName& name);
+    Pegasus::CIMKeyBinding readKey(pugi::xml_node value, KnownName& name);
+    Pegasus::CIMKeyBinding readKeyValue(pugi::xml_node value, KnownName& name);
+    Pegasus::String readKeyText(std::string_view text, KnownName& name);
 
     DecodeContext& context_;
 };

@@ -3,8 +3,12 @@
 #include <Pegasus/Common/CIMClass.h>
 #include <Pegasus/Common/CIMInstance.h>
 
+#include <cstring>
+#include <iterator>
 #include <string>
+#include <utility>
 
+#include "cimxml/common/CIMObjectRep.h"
 #include "cimxml/wire/Ascii.h"
 #include "cimxml/wire/PathReader.h"
 #include "cimxml/wire/QualifierReader.h"
@@ -20,9 +24,12 @@ using namespace Pegasus;
 namespace {
 
 /// The size of a fixed-size array. A value of another size overrules it.
-Uint32 sizeFor(pugi::xml_node node, const CIMValue& value) {
+Uint32 sizeFor(const Attributes& node, const CIMValue& value) {
+    if (!value.isArray()) {
+        return 0;
+    }
     const Uint32 size = readArraySize(node);
-    return value.isArray() && (value.isNull() || value.getArraySize() == size) ? size : 0;
+    return value.isNull() || value.getArraySize() == size ? size : 0;
 }
 
 /// The text of a qualifier's value.
@@ -34,40 +41,62 @@ std::string qualifierText(pugi::xml_node qualifier) {
 
 }  // namespace
 
-bool PropertyReader::isProperty(pugi::xml_node node) {
-    return std::string_view(node.name()).substr(0, 8) == "PROPERTY";
+PropertyReader::Children PropertyReader::childrenOf(pugi::xml_node node) {
+    Children children;
+    for (pugi::xml_node child = firstElement(node); child; child = nextElement(child)) {
+        if (isElement(child, "QUALIFIER")) {
+            children.hasQualifiers = true;
+        } else if (!children.value) {
+            children.value = child;
+        }
+    }
+    return children;
 }
 
-CIMProperty PropertyReader::read(pugi::xml_node node) {
+bool PropertyReader::isProperty(pugi::xml_node node) {
+    return std::strncmp(node.name(), "PROPERTY", 8) == 0;
+}
+
+CIMProperty PropertyReader::read(pugi::xml_node node, PropertyBlock& block) {
     PathReader names(context_);
-    const bool array = isElement(node, "PROPERTY.ARRAY");
-    const CIMValue value = readValue(node, typeOf(node), array);
-    CIMProperty property(
-        names.readName(node, "NAME"), value, sizeFor(node, value),
-        value.getType() == CIMTYPE_REFERENCE ? names.readOptionalName(node, "REFERENCECLASS") : CIMName(),
-        names.readOptionalName(node, "CLASSORIGIN"), booleanAttribute(node, "PROPAGATED", false));
-    QualifierReader(context_).addTo(property, node);
+    const Attributes attributes(node);
+    const Children children = childrenOf(node);
+    KnownName& name = names.findName(attributes, "NAME");
+    CIMValue value = readValue(attributes, children, name);
+    const Uint32 size = sizeFor(attributes, value);
+    const bool isReference = value.getType() == CIMTYPE_REFERENCE;
+    CIMProperty property = block.make(
+        name.name, std::move(value), size,
+        isReference ? names.readOptionalName(attributes, "REFERENCECLASS") : CIMName(),
+        names.readOptionalName(attributes, "CLASSORIGIN"), booleanAttribute(attributes, "PROPAGATED", false));
+    if (children.hasQualifiers) {
+        QualifierReader(context_).addTo(property, node);
+    }
     return property;
 }
 
-CIMValue PropertyReader::readValue(pugi::xml_node node, CIMType type, bool array) {
-    for (pugi::xml_node child = firstElement(node); child; child = nextElement(child)) {
-        if (!isElement(child, "QUALIFIER")) {
-            return ValueReader(context_).read(child, type, array);
-        }
+CIMValue PropertyReader::readValue(const Attributes& node, const Children& children, KnownName& name) {
+    const bool array = isElement(node.element(), "PROPERTY.ARRAY");
+    const CIMType type = typeOf(node, children);
+    if (children.value) {
+        return ValueReader(context_).readAgain(children.value, type, array, name);
     }
     return CIMValue(type, array, array ? readArraySize(node) : 0);
 }
 
-CIMType PropertyReader::typeOf(pugi::xml_node node) {
-    if (isElement(node, "PROPERTY.REFERENCE")) {
+CIMType PropertyReader::typeOf(const Attributes& node, const Children& children) {
+    if (isElement(node.element(), "PROPERTY.REFERENCE")) {
         return CIMTYPE_REFERENCE;
     }
     const CIMType type = readType(node);
     if (type != CIMTYPE_STRING) {
         return type;
     }
-    return readEmbeddedType(node).value_or(embeddedByQualifier(node));
+    const auto embedded = readEmbeddedType(node);
+    if (embedded || !children.hasQualifiers) {
+        return embedded.value_or(CIMTYPE_STRING);
+    }
+    return embeddedByQualifier(node.element());
 }
 
 /// Servers of the time before the EmbeddedObject attribute say it with a qualifier.
@@ -90,6 +119,11 @@ CIMType PropertyReader::embeddedByQualifier(pugi::xml_node node) {
 template <typename Owner>
 void PropertyReader::addTo(Owner& owner, pugi::xml_node node) {
     const bool isClass = isElement(node, "CLASS");
+    const auto children = node.children();
+    const auto count = static_cast<std::size_t>(std::distance(children.begin(), children.end()));
+    CIMObjectRep& object = HandleAccess::rep(owner);
+    object.properties.reserve(static_cast<Uint32>(count));
+    PropertyBlock block(count);
     for (pugi::xml_node child = firstElement(node); child; child = nextElement(child)) {
         if (isElement(child, "QUALIFIER") || (isClass && isElement(child, "METHOD"))) {
             continue;
@@ -98,7 +132,7 @@ void PropertyReader::addTo(Owner& owner, pugi::xml_node node) {
             failAt(child, "qualifiers, properties and methods only");
         }
         try {
-            owner.addProperty(read(child));
+            object.addProperty(read(child, block));
         } catch (const AlreadyExistsException&) {
             failAt(child, "each property once");
         } catch (const TypeMismatchException&) {

@@ -4,6 +4,8 @@
 
 #include <pugixml.hpp>
 
+#include "cimxml/common/PropertyBlock.h"
+#include "cimxml/wire/Attributes.h"
 #include "cimxml/wire/DecodeContext.h"
 
 namespace cimxml {
@@ -15,17 +17,21 @@ public:
 
     static bool isProperty(pugi::xml_node node);
 
-    /// Throws WireError BadXml.
-    Pegasus::CIMProperty read(pugi::xml_node node);
-
     /// Adds the properties among the children of `node` to `owner`, a class or an instance. Other children
     /// than properties, qualifiers and, in a class, methods are an error.
     template <typename Owner>
     void addTo(Owner& owner, pugi::xml_node node);
 
 private:
-    Pegasus::CIMValue readValue(pugi::xml_node node, Pegasus::CIMType type, bool array);
-    Pegasus::CIMType typeOf(pugi::xml_node node);
+    struct Children {
+        pugi::xml_node value;  ///< The first that is no qualifier; null when there is none.
+        bool hasQualifiers = false;
+    };
+    static Children childrenOf(pugi::xml_node node);
+
+    Pegasus::CIMProperty read(pugi::xml_node node, Pegasus::PropertyBlock& block);
+    Pegasus::CIMValue readValue(const Attributes& node, const Children& children, KnownName& name);
+    Pegasus::CIMType typeOf(const Attributes& node, const Children& children);
     Pegasus::CIMType embeddedByQualifier(pugi::xml_node node);
 
     DecodeContext& context_;

@@ -29,21 +29,32 @@ void checkMajorVersion(pugi::xml_node node, const char* name, char major) {
                                                       quote(version) + ", expected \"" + major + ".x\"");
 }
 
+bool isLocal(const CIMObjectPath& path) {
+    return path.getHost().size() == 0 && path.getNameSpace().isNull();
+}
+
 /// A path without host and namespace.
 CIMObjectPath localName(const CIMObjectPath& path) {
-    if (path.getHost().size() == 0 && path.getNameSpace().isNull()) {
-        return path;
-    }
-    return CIMObjectPath(String(), CIMNamespaceName(), path.getClassName(), path.getKeyBindings());
+    return isLocal(path)
+               ? path
+               : CIMObjectPath(String(), CIMNamespaceName(), path.getClassName(), path.getKeyBindings());
 }
 
 }  // namespace
 
 ResponseReader::ResponseReader(std::string body, const Expected& expected, const Limits& limits)
     : context_(limits),
-      document_(std::move(body), context_),
+      document_(parse(std::move(body), expected)),
       response_(openResponse(openMessage(expected), expected)) {
     throwOnError();
+}
+
+XmlDocument ResponseReader::parse(std::string body, const Expected& expected) {
+    const XmlScan scan = XmlDocument::admit(body, context_);
+    if (!scan.mixed && expected.method == "EnumerateInstances") {
+        list_ = InstanceList::takeFrom(body, context_.limits.pieceBytes);
+    }
+    return XmlDocument(std::move(body), scan, context_);
 }
 
 pugi::xml_node ResponseReader::openMessage(const Expected& expected) {
@@ -145,11 +156,19 @@ CIMInstance ResponseReader::readInstance() {
 }
 
 Array<CIMInstance> ResponseReader::readInstances() {
-    return readAll<CIMInstance>([&](pugi::xml_node node) {
+    const auto read = [this](pugi::xml_node node) {
         CIMInstance instance = InstanceReader(context_).readNamed(node);
-        instance.setPath(localName(instance.getPath()));
+        if (!isLocal(instance.getPath())) {
+            instance.setPath(localName(instance.getPath()));
+        }
         return instance;
-    });
+    };
+    if (!list_) {
+        return readAll<CIMInstance>(read);
+    }
+    Array<CIMInstance> instances;
+    list_->forEach(context_.limits, [&](pugi::xml_node node) { instances.append(read(node)); });
+    return instances;
 }
 
 Array<CIMObjectPath> ResponseReader::readInstanceNames() {

@@ -8,10 +8,12 @@
 #include <Pegasus/Common/CIMParamValue.h>
 #include <Pegasus/Common/CIMValue.h>
 
+#include <optional>
 #include <pugixml.hpp>
 #include <string>
 
 #include "cimxml/wire/DecodeContext.h"
+#include "cimxml/wire/InstanceList.h"
 #include "cimxml/wire/Limits.h"
 #include "cimxml/wire/XmlDocument.h"
 
@@ -53,7 +55,10 @@ private:
     template <typename Element, typename Read>
     Pegasus::Array<Element> readAll(Read read);
 
+    XmlDocument parse(std::string body, const Expected& expected);
+
     DecodeContext context_;
+    std::optional<InstanceList> list_;  ///< Taken out of the document when it is long.
     XmlDocument document_;
     pugi::xml_node response_;
 };

@@ -81,7 +81,7 @@ std::optional<double> parseMagnitudeAsReal(std::string_view magnitude) {
 }
 
 struct NamedType {
-    const char* name;
+    std::string_view name;
     CIMType type;
 };
 

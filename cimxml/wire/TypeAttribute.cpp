@@ -12,21 +12,21 @@ using namespace Pegasus;
 
 namespace {
 
-CIMType toType(pugi::xml_node node, const char* name, const char* text) {
+CIMType toType(const Attributes& node, const char* name, const char* text) {
     const auto type = parseType(text);
     if (!type) {
-        failAt(node, std::string("a type in attribute ") + name + ", found " + quote(text));
+        failAt(node.element(), std::string("a type in attribute ") + name + ", found " + quote(text));
     }
     return *type;
 }
 
 }  // namespace
 
-CIMType readType(pugi::xml_node node) {
+CIMType readType(const Attributes& node) {
     return toType(node, "TYPE", requireAttribute(node, "TYPE"));
 }
 
-std::optional<CIMType> readParameterType(pugi::xml_node node) {
+std::optional<CIMType> readParameterType(const Attributes& node) {
     for (const char* name : {"PARAMTYPE", "TYPE"}) {
         const char* text = attribute(node, name);
         if (text != nullptr && !trim(text).empty()) {
@@ -36,7 +36,7 @@ std::optional<CIMType> readParameterType(pugi::xml_node node) {
     return std::nullopt;
 }
 
-std::optional<CIMType> readEmbeddedType(pugi::xml_node node) {
+std::optional<CIMType> readEmbeddedType(const Attributes& node) {
     for (const char* name : {"EmbeddedObject", "EMBEDDEDOBJECT"}) {
         const char* text = attribute(node, name);
         if (text == nullptr || trim(text).empty()) {
@@ -48,12 +48,13 @@ std::optional<CIMType> readEmbeddedType(pugi::xml_node node) {
         if (equalNoCase(trim(text), "instance")) {
             return CIMTYPE_INSTANCE;
         }
-        failAt(node, std::string("object or instance in attribute ") + name + ", found " + quote(text));
+        failAt(node.element(),
+               std::string("object or instance in attribute ") + name + ", found " + quote(text));
     }
     return std::nullopt;
 }
 
-Uint32 readArraySize(pugi::xml_node node) {
+Uint32 readArraySize(const Attributes& node) {
     // Far above any array of a schema, and small enough that nobody's memory hangs on it.
     constexpr Uint32 largest = 65536;
     const char* text = attribute(node, "ARRAYSIZE");

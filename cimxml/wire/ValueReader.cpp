@@ -103,6 +103,35 @@ bool isEmbedded(CIMType type) {
     return type == CIMTYPE_OBJECT || type == CIMTYPE_INSTANCE;
 }
 
+/// Appends the text of a VALUE element and a NUL; false when it is no such element, or one with more than a
+/// text.
+bool appendText(pugi::xml_node node, std::string& texts) {
+    if (!isElement(node, "VALUE") || node.first_child()) {
+        return false;
+    }
+    texts.append(node.value()).push_back('\0');
+    return true;
+}
+
+/// The texts in a VALUE or VALUE.ARRAY element, each with a NUL behind it; false when there is anything else
+/// in it, or more than is worth remembering.
+bool collectTexts(pugi::xml_node node, std::string& texts) {
+    constexpr std::size_t longest = 512;
+    texts.clear();
+    if (!isElement(node, "VALUE.ARRAY")) {
+        return appendText(node, texts) && texts.size() <= longest;
+    }
+    if (*node.value() != '\0') {
+        return false;
+    }
+    for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling()) {
+        if (!appendText(child, texts) || texts.size() > longest) {
+            return false;
+        }
+    }
+    return true;
+}
+
 }  // namespace
 
 CIMValue ValueReader::read(pugi::xml_node node, CIMType type, bool array) {
@@ -124,6 +153,18 @@ CIMValue ValueReader::read(pugi::xml_node node, CIMType type, bool array) {
         return CIMValue(type, array);
     }
     failAt(node, "a value");
+}
+
+CIMValue ValueReader::readAgain(pugi::xml_node node, CIMType type, bool array, KnownName& name) {
+    if (isEmbedded(type) || !collectTexts(node, context_.texts)) {
+        return read(node, type, array);
+    }
+    if (const CIMValue* known = name.recall(context_.texts, type, array)) {
+        return *known;
+    }
+    CIMValue value = read(node, type, array);
+    name.remember(context_.texts, value);
+    return value;
 }
 
 CIMValue ValueReader::readScalar(pugi::xml_node node, CIMType type) {

@@ -23,6 +23,9 @@ public:
     /// embedded objects. Throws WireError BadXml for a text that is no value of the type.
     Pegasus::CIMValue read(pugi::xml_node node, Pegasus::CIMType type, bool array);
 
+    /// As read, of a value that may be what it was when `name` was read last. Remembers it for the next time.
+    Pegasus::CIMValue readAgain(pugi::xml_node node, Pegasus::CIMType type, bool array, KnownName& name);
+
 private:
     Pegasus::CIMValue readScalar(pugi::xml_node node, Pegasus::CIMType type);
     Pegasus::CIMValue readArray(pugi::xml_node node, Pegasus::CIMType type);

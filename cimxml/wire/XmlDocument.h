@@ -2,23 +2,30 @@
 
 #include <pugixml.hpp>
 #include <string>
+#include <string_view>
 
 #include "cimxml/wire/DecodeContext.h"
+#include "cimxml/wire/XmlScan.h"
 
 namespace cimxml {
 
-/// A parsed XML text. The nodes point into the text, which the document owns; nothing is loaded from
-/// outside, and no entity is expanded but the five of XML itself and character references.
+/// A parsed XML text. The nodes point into the text, which the document owns.
 class XmlDocument {
 public:
-    /// Throws WireError BadXml, which tells the offset and what was expected there, for a text that is not
-    /// well-formed or exceeds the context's limits.
+    /// Scans a text and takes its nodes off those that the context has left. Throws WireError BadXml.
+    static XmlScan admit(std::string_view text, DecodeContext& context);
+
+    /// Throws WireError BadXml for a text that is not well-formed or exceeds the context's limits.
     XmlDocument(std::string text, DecodeContext& context);
+    /// Of a text that was admitted before.
+    XmlDocument(std::string text, const XmlScan& scan, const DecodeContext& context);
 
     /// The outermost element.
     pugi::xml_node root() const { return document_.document_element(); }
 
 private:
+    void parse(const XmlScan& scan, const DecodeContext& context);
+
     std::string text_;
     pugi::xml_document document_;
 };

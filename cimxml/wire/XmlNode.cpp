@@ -3,14 +3,14 @@
 #include <algorithm>
 
 #include "cimxml/wire/Ascii.h"
-#include "cimxml/wire/WireError.h"
+#include "cimxml/wire/XmlError.h"
 
 namespace cimxml {
 
 namespace {
 
 pugi::xml_node skipToElement(pugi::xml_node node) {
-    while (node && node.type() != pugi::node_element) {
+    for (auto type = node.type(); type != pugi::node_element && type != pugi::node_null; type = node.type()) {
         if (!trim(node.value()).empty()) {
             failAt(node.parent(), "elements only, found text");
         }
@@ -37,13 +37,9 @@ std::string namesAround(pugi::xml_node node) {
 
 }  // namespace
 
-bool isElement(pugi::xml_node node, std::string_view name) {
-    return node.name() == name;
-}
-
 pugi::xml_node firstElement(pugi::xml_node parent) {
     // The parser stores a leading text as the element's own value.
-    if (!trim(parent.value()).empty()) {
+    if (*parent.value() != '\0' && !trim(parent.value()).empty()) {
         failAt(parent, "elements only, found text");
     }
     return skipToElement(parent.first_child());
@@ -62,20 +58,15 @@ pugi::xml_node requireElement(pugi::xml_node parent, const char* name) {
     failAt(parent, std::string("element ") + name);
 }
 
-const char* attribute(pugi::xml_node node, const char* name) {
-    const pugi::xml_attribute found = node.attribute(name);
-    return found ? found.value() : nullptr;
-}
-
-const char* requireAttribute(pugi::xml_node node, const char* name) {
+const char* requireAttribute(const Attributes& node, const char* name) {
     const char* value = attribute(node, name);
     if (value == nullptr) {
-        failAt(node, std::string("attribute ") + name);
+        failAt(node.element(), std::string("attribute ") + name);
     }
     return value;
 }
 
-bool booleanAttribute(pugi::xml_node node, const char* name, bool absent) {
+bool booleanAttribute(const Attributes& node, const char* name, bool absent) {
     const char* value = attribute(node, name);
     if (value == nullptr) {
         return absent;
@@ -85,7 +76,7 @@ bool booleanAttribute(pugi::xml_node node, const char* name, bool absent) {
         return true;
     }
     if (!equalNoCase(text, "false")) {
-        failAt(node, std::string("true or false in attribute ") + name + ", found " + quote(value));
+        failAt(node.element(), std::string("true or false in attribute ") + name + ", found " + quote(value));
     }
     return false;
 }
@@ -106,9 +97,8 @@ std::string_view textOf(pugi::xml_node node, std::string& joined) {
 }
 
 void failAt(pugi::xml_node node, const std::string& expected) {
-    throw WireError(WireError::Kind::BadXml, "XML at offset " + std::to_string(node.offset_debug()) +
-                                                 namesAround(node) + ": element " + node.name() +
-                                                 ": expected " + expected);
+    throw XmlError(node.offset_debug(),
+                   namesAround(node) + ": element " + node.name() + ": expected " + expected);
 }
 
 std::string quote(std::string_view text) {

@@ -2,16 +2,23 @@
 
 #include <Pegasus/Common/String.h>
 
+#include <cstring>
 #include <pugixml.hpp>
 #include <string>
 #include <string_view>
+
+#include "cimxml/wire/Attributes.h"
 
 namespace cimxml {
 
 /// How the readers look at the parsed tree.
 
 /// Whether `node` is the element `name`. Element names are case-sensitive (DSP0201).
-bool isElement(pugi::xml_node node, std::string_view name);
+inline bool isElement(pugi::xml_node node, std::string_view name) {
+    const char* own = node.name();
+    return *own == name.front() && std::strncmp(own, name.data(), name.size()) == 0 &&
+           own[name.size()] == '\0';
+}
 
 /// First child element, or the next sibling element; a null node when there is none.
 pugi::xml_node firstElement(pugi::xml_node parent);
@@ -21,13 +28,15 @@ pugi::xml_node nextElement(pugi::xml_node node);
 pugi::xml_node requireElement(pugi::xml_node parent, const char* name);
 
 /// Value of an attribute, or nullptr when it is not there; valid as long as the document.
-const char* attribute(pugi::xml_node node, const char* name);
+inline const char* attribute(const Attributes& node, const char* name) {
+    return node.find(name);
+}
 
 /// Value of an attribute. Throws WireError BadXml when it is not there.
-const char* requireAttribute(pugi::xml_node node, const char* name);
+const char* requireAttribute(const Attributes& node, const char* name);
 
 /// A boolean attribute in any letter case, `absent` when it is not there.
-bool booleanAttribute(pugi::xml_node node, const char* name, bool absent);
+bool booleanAttribute(const Attributes& node, const char* name, bool absent);
 
 /// The text of an element: its texts and CDATA sections joined. The result points into the document or, when
 /// there was something to join, into `joined`.

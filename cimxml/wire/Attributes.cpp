@@ -1,0 +1,40 @@
+#include "cimxml/wire/Attributes.h"
+
+#include <cstring>
+
+namespace cimxml {
+
+namespace {
+
+bool isEqual(const char* a, const char* b) {
+    return *a == *b && std::strcmp(a, b) == 0;
+}
+
+}  // namespace
+
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): only what is filled is read
+Attributes::Attributes(pugi::xml_node element) : element_(element), further_(element.first_attribute()) {
+    for (; size_ < attributes_.size(); further_ = further_.next_attribute()) {
+        const char* name = further_.name();
+        if (*name == '\0') {
+            return;  // no further one
+        }
+        attributes_[size_++] = {name, further_.value()};
+    }
+}
+
+const char* Attributes::find(const char* name) const {
+    for (std::size_t i = 0; i < size_; ++i) {
+        if (isEqual(attributes_[i].name, name)) {
+            return attributes_[i].value;
+        }
+    }
+    for (pugi::xml_attribute attribute = further_; attribute; attribute = attribute.next_attribute()) {
+        if (isEqual(attribute.name(), name)) {
+            return attribute.value();
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace cimxml

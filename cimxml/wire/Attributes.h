@@ -1,0 +1,33 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <pugixml.hpp>
+
+namespace cimxml {
+
+/// The attributes of an element, looked at once: the readers ask for most of them, and each question to the
+/// tree walks over all.
+class Attributes {
+public:
+    // NOLINTNEXTLINE(google-explicit-constructor): readers take an element or its attributes
+    Attributes(pugi::xml_node element);
+
+    pugi::xml_node element() const { return element_; }
+
+    /// Value of an attribute, or nullptr when it is not there; valid as long as the document.
+    const char* find(const char* name) const;
+
+private:
+    struct Attribute {
+        const char* name;
+        const char* value;
+    };
+
+    pugi::xml_node element_;
+    std::array<Attribute, 6> attributes_;
+    std::size_t size_ = 0;
+    pugi::xml_attribute further_;  ///< The first one that had no room; null: there is none.
+};
+
+}  // namespace cimxml
