@@ -11,14 +11,6 @@ char Lower(char letter) {
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
 }
 
-bool IsLetter(char letter) {
-    return letter == '_' || (Lower(letter) >= 'a' && Lower(letter) <= 'z');
-}
-
-bool IsLetterOrDigit(char letter) {
-    return IsLetter(letter) || (letter >= '0' && letter <= '9');
-}
-
 }  // namespace
 
 std::string NormalizedName(const std::string& name) {
@@ -32,10 +24,6 @@ bool SameName(const std::string& left, const std::string& right) {
            (left.size() == right.size() &&
             std::equal(left.begin(), left.end(), right.begin(),
                        [](char one, char other) { return Lower(one) == Lower(other); }));
-}
-
-bool IsCimName(const std::string& name) {
-    return !name.empty() && IsLetter(name.front()) && std::all_of(name.begin(), name.end(), IsLetterOrDigit);
 }
 
 bool TNameLess::operator()(const std::string& left, const std::string& right) const {

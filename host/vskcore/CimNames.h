@@ -14,9 +14,6 @@ std::string NormalizedName(const std::string& name);
 /// True when the names are the same but for case.
 bool SameName(const std::string& left, const std::string& right);
 
-/// True when the name can be one: not empty, letters, digits and underscores, no digit first.
-bool IsCimName(const std::string& name);
-
 /// Orders names as their normalised forms.
 struct TNameLess {
     bool operator()(const std::string& left, const std::string& right) const;

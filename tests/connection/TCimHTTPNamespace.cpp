@@ -10,7 +10,7 @@
 #include "tests/support/PluginTest.h"
 #include "tests/support/StatusOf.h"
 #include "tests/support/TCimHTTPNamespaceTestAccess.h"
-#include "union/TUnionNamespace.h"
+#include "tests/support/schema/TInmemUnion.h"
 #include "vskcore/ICIMQualifier.h"
 #include "vskcore/THostSetup.h"
 #include "vskcore/TVSKException.h"

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/schema/IsCimName.h"
+
 namespace NQELVSK20 {
 namespace {
 

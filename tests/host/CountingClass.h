@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "union/TInmemClass.h"
+#include "tests/support/schema/TInmemClass.h"
 
 namespace NQELVSK20 {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "union/TUnionNamespace.h"
+#include "tests/support/schema/TInmemUnion.h"
 #include "vskcore/ICIMInstance.h"
 #include "vskcore/ICIMProperty.h"
 
@@ -16,7 +16,7 @@ namespace NQELVSK20 {
 
 /// A qualifier declaration, committed.
 inline boost::shared_ptr<ICIMQualifierDecl> DeclareQualifier(
-    TUnionNamespace& nameSpace, const std::string& name, const TCIMValue& value = TCIMValue(false),
+    TInmemUnion& nameSpace, const std::string& name, const TCIMValue& value = TCIMValue(false),
     ICIMQualifierDecl::EScope scope = ICIMQualifierDecl::eScopeAny,
     ICIMQualifierDecl::EFlavor flavor = ICIMQualifierDecl::eFlavorToSubclass) {
     auto declaration = nameSpace.AllocateQualifierDecl(name, value, scope, flavor, {});
@@ -25,8 +25,8 @@ inline boost::shared_ptr<ICIMQualifierDecl> DeclareQualifier(
 }
 
 /// A union namespace that knows the qualifiers KEY, ASSOCIATION, ABSTRACT and DESCRIPTION.
-inline boost::shared_ptr<TUnionNamespace> MakeUnion() {
-    auto nameSpace = boost::make_shared<TUnionNamespace>();
+inline boost::shared_ptr<TInmemUnion> MakeUnion() {
+    auto nameSpace = boost::make_shared<TInmemUnion>();
     DeclareQualifier(*nameSpace, "KEY");
     DeclareQualifier(*nameSpace, "ASSOCIATION");
     DeclareQualifier(*nameSpace, "ABSTRACT", TCIMValue(false), ICIMQualifierDecl::eScopeAny,
@@ -63,7 +63,7 @@ inline boost::shared_ptr<ICIMPropertyDecl> AddKey(
 }
 
 /// A class, committed.
-inline boost::shared_ptr<ICIMClass> MakeClass(TUnionNamespace& nameSpace, const std::string& name,
+inline boost::shared_ptr<ICIMClass> MakeClass(TInmemUnion& nameSpace, const std::string& name,
                                               const boost::shared_ptr<ICIMClass>& superclass = nullptr) {
     auto cimClass = nameSpace.AllocateClass(name, superclass, {});
     cimClass->Commit({});

@@ -4,9 +4,9 @@
 
 #include "tests/host/Schema.h"
 #include "tests/support/StatusOf.h"
-#include "union/TInmemClass.h"
-#include "union/TInmemMethodDecl.h"
-#include "union/TInmemParameterDecl.h"
+#include "tests/support/schema/TInmemClass.h"
+#include "tests/support/schema/TInmemMethodDecl.h"
+#include "tests/support/schema/TInmemParameterDecl.h"
 #include "vskcore/ICIMQualifier.h"
 
 namespace NQELVSK20 {
@@ -39,8 +39,8 @@ protected:
         return element->GetQualifier("DESCRIPTION", {})->GetValue({}).ToString(10);
     }
 
-    boost::shared_ptr<TUnionNamespace> source_ = MakeUnion();
-    boost::shared_ptr<TUnionNamespace> target_{new TUnionNamespace};
+    boost::shared_ptr<TInmemUnion> source_ = MakeUnion();
+    boost::shared_ptr<TInmemUnion> target_{new TInmemUnion};
     boost::shared_ptr<ICIMClass> element_ = MakeClass(*source_, "CIM_ManagedElement");
     boost::shared_ptr<ICIMClass> device_ = MakeClass(*source_, "CIM_LogicalDevice", element_);
     boost::shared_ptr<ICIMClass> fan_ = MakeClass(*source_, "CIM_Fan", device_);
@@ -144,14 +144,14 @@ public:
     bool IsAssociation(TContext /*context*/) const override { return IsMarked("ASSOCIATION"); }
 };
 
-class StrictNamespace : public TUnionNamespace {
+class StrictNamespace : public TInmemUnion {
 public:
-    using TUnionNamespace::operator=;
+    using TInmemUnion::operator=;
     boost::shared_ptr<ICIMClass> AllocateClass(const std::string& name,
                                                boost::shared_ptr<ICIMClass> superclass,
                                                TContext /*context*/) override {
-        last_ = boost::make_shared<StrictClass>(
-            boost::dynamic_pointer_cast<TUnionNamespace>(shared_from_this()), name, superclass);
+        last_ = boost::make_shared<StrictClass>(boost::dynamic_pointer_cast<TInmemUnion>(shared_from_this()),
+                                                name, superclass);
         return last_;
     }
 
@@ -221,13 +221,13 @@ TEST_F(AssociationCopyTest, FailsHalfWayAtAReferenceOfAClassThatDeniesToBeAnAsso
 }
 
 /// A namespace whose classes come with members: a property and a class qualifier, as a plug-in's do.
-class StampingNamespace : public TUnionNamespace {
+class StampingNamespace : public TInmemUnion {
 public:
-    using TUnionNamespace::operator=;
+    using TInmemUnion::operator=;
     boost::shared_ptr<ICIMClass> AllocateClass(const std::string& name,
                                                boost::shared_ptr<ICIMClass> superclass,
                                                TContext context) override {
-        auto cimClass = TUnionNamespace::AllocateClass(name, superclass, context);
+        auto cimClass = TInmemUnion::AllocateClass(name, superclass, context);
         AddProperty(cimClass, "DESIREDSPEED", TCIMValue("stamped"));
         Qualify(cimClass, "DESCRIPTION", TCIMValue("stamped"));
         cimClass->AllocateMethodDecl("SETSPEED", TType::eString, {})->Commit({});
@@ -236,7 +236,7 @@ public:
 };
 
 TEST_F(TCIMCopyTest, LeavesMembersAloneThatTheNewClassComesWith) {
-    const boost::shared_ptr<TUnionNamespace> target(new StampingNamespace);
+    const boost::shared_ptr<TInmemUnion> target(new StampingNamespace);
     DeclareQualifier(*target, "DESCRIPTION", TCIMValue(""));
     TCIMCopy::CopyClass(element_, target);
     TCIMCopy::CopyClass(fan_, target);

@@ -6,7 +6,7 @@
 #include <limits>
 #include <vector>
 
-#include "union/TUnionNamespace.h"
+#include "tests/support/schema/TInmemUnion.h"
 #include "vskcore/THostSetup.h"
 
 namespace NQELVSK20 {
@@ -397,7 +397,7 @@ TEST(TCIMValue, OfArraysComparesElementByElement) {
 
 class TCIMValueReference : public ::testing::Test {
 protected:
-    boost::shared_ptr<TUnionNamespace> union_{new TUnionNamespace};
+    boost::shared_ptr<TInmemUnion> union_{new TInmemUnion};
     boost::shared_ptr<ICIMClass> class_ = union_->AllocateClass("CIM_Fan", nullptr, {});
 };
 

@@ -37,7 +37,7 @@ protected:
         }
     }
 
-    boost::shared_ptr<TUnionNamespace> union_ = MakeUnion();
+    boost::shared_ptr<TInmemUnion> union_ = MakeUnion();
     boost::shared_ptr<ICIMClass> root_ = union_->AllocateClass("<root>", nullptr, {});
     std::vector<boost::shared_ptr<CountingClass>> levels_;
 };

@@ -8,7 +8,7 @@
 #include "qelc/VQMInfo.h"
 #include "splib/SPLibrary.h"
 #include "tests/support/RecordingLogger.h"
-#include "union/TUnionNamespace.h"
+#include "tests/support/schema/TInmemUnion.h"
 #include "vskcore/TCIMReference.h"
 #include "vskcore/TCIMValue.h"
 #include "vskcore/TMinimalNamespace.h"
@@ -56,7 +56,7 @@ protected:
     }
 
     static bool LayoutsAreRemembered() {
-        const auto cimClass = boost::make_shared<TUnionNamespace>()->AllocateClass("X_Fan", nullptr, {});
+        const auto cimClass = boost::make_shared<TInmemUnion>()->AllocateClass("X_Fan", nullptr, {});
         return TClassLayout::Of(cimClass) == TClassLayout::Of(cimClass);
     }
 

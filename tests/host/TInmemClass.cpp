@@ -1,4 +1,4 @@
-#include "union/TInmemClass.h"
+#include "tests/support/schema/TInmemClass.h"
 
 #include <gtest/gtest.h>
 
@@ -40,7 +40,7 @@ protected:
         instance->Commit({});
     }
 
-    boost::shared_ptr<TUnionNamespace> union_ = MakeUnion();
+    boost::shared_ptr<TInmemUnion> union_ = MakeUnion();
     boost::shared_ptr<ICIMClass> element_ = MakeClass(*union_, "CIM_ManagedElement");
     boost::shared_ptr<ICIMClass> device_ = MakeClass(*union_, "CIM_LogicalDevice", element_);
     boost::shared_ptr<ICIMClass> fan_ = MakeClass(*union_, "CIM_Fan", device_);

@@ -2,11 +2,11 @@
 
 #include "tests/host/Schema.h"
 #include "tests/support/StatusOf.h"
-#include "union/TInmemMethodDecl.h"
-#include "union/TInmemParameterDecl.h"
-#include "union/TInmemPropertyDecl.h"
-#include "union/TInmemQualifier.h"
-#include "union/TInmemQualifierDecl.h"
+#include "tests/support/schema/TInmemMethodDecl.h"
+#include "tests/support/schema/TInmemParameterDecl.h"
+#include "tests/support/schema/TInmemPropertyDecl.h"
+#include "tests/support/schema/TInmemQualifier.h"
+#include "tests/support/schema/TInmemQualifierDecl.h"
 
 namespace NQELVSK20 {
 namespace {
@@ -15,7 +15,7 @@ using TType = TCIMValue::TCIMType;
 
 class TInmemDeclarations : public ::testing::Test {
 protected:
-    boost::shared_ptr<TUnionNamespace> union_ = MakeUnion();
+    boost::shared_ptr<TInmemUnion> union_ = MakeUnion();
     boost::shared_ptr<ICIMClass> class_ = MakeClass(*union_, "CIM_Fan");
 };
 

@@ -1,4 +1,4 @@
-#include "union/TInmemElement.h"
+#include "tests/support/schema/TInmemElement.h"
 
 #include <gtest/gtest.h>
 
@@ -19,7 +19,7 @@ protected:
         return property_->GetQualifier("DESCRIPTION", {})->GetValue({}).ToString(10);
     }
 
-    boost::shared_ptr<TUnionNamespace> union_ = MakeUnion();
+    boost::shared_ptr<TInmemUnion> union_ = MakeUnion();
     boost::shared_ptr<ICIMClass> class_ = MakeClass(*union_, "CIM_Fan");
     boost::shared_ptr<ICIMPropertyDecl> property_ = AddProperty(class_, "Speed");
 };

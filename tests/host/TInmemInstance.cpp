@@ -31,7 +31,7 @@ protected:
         });
     }
 
-    boost::shared_ptr<TUnionNamespace> union_ = MakeUnion();
+    boost::shared_ptr<TInmemUnion> union_ = MakeUnion();
     boost::shared_ptr<ICIMClass> device_ = MakeClass(*union_, "CIM_LogicalDevice");
     boost::shared_ptr<ICIMClass> fan_ = MakeClass(*union_, "CIM_Fan", device_);
 };

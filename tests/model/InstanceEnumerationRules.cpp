@@ -9,7 +9,7 @@
 #include "model/TCimHTTPInstance.h"
 #include "qelc/TQELCNamespace.h"
 #include "tests/model/ModelTest.h"
-#include "union/TUnionNamespace.h"
+#include "tests/support/schema/TInmemUnion.h"
 
 namespace NQELVSK20 {
 namespace {

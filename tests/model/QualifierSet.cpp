@@ -1,7 +1,7 @@
 #include "model/TCimHTTPQualifier.h"
 
 #include "tests/model/ElementTest.h"
-#include "union/TUnionNamespace.h"
+#include "tests/support/schema/TInmemUnion.h"
 #include "vskcore/ICIMQualifierDecl.h"
 
 namespace NQELVSK20 {
@@ -140,7 +140,7 @@ TEST_F(QualifierSetTest, NeedsAQualifier) {
 }
 
 TEST_F(QualifierSetTest, NeedsAQualifierOfThisPlugin) {
-    const boost::shared_ptr<TUnionNamespace> other(new TUnionNamespace);
+    const boost::shared_ptr<TInmemUnion> other(new TInmemUnion);
     other
         ->AllocateQualifierDecl("Key", TCIMValue(true), ICIMQualifierDecl::eScopeAny,
                                 ICIMQualifierDecl::eFlavorNone, TContext())

@@ -8,7 +8,7 @@
 #include "qelc/TQELCNamespace.h"
 #include "tests/model/ModelTest.h"
 #include "tests/support/TCimHTTPNamespaceTestAccess.h"
-#include "union/TUnionNamespace.h"
+#include "tests/support/schema/TInmemUnion.h"
 #include "vskcore/ICIMParameterDecl.h"
 #include "vskcore/ICIMQualifierDecl.h"
 
@@ -76,9 +76,9 @@ TEST_F(TCimHTTPClassInitialize, AClassThatTheUnionNamespaceKnowsStaysEmpty) {
     EXPECT_EQ(machine.Requests(), Names{});
 }
 
-class ThrowingUnion : public TUnionNamespace {
+class ThrowingUnion : public TInmemUnion {
 public:
-    using TUnionNamespace::operator=;
+    using TInmemUnion::operator=;
 
     boost::shared_ptr<ICIMClass> GetClass(const std::string&, TContext) override {
         throw TVSKException(eVSKNotSupported);

@@ -6,7 +6,7 @@
 
 #include "tests/model/ModelTest.h"
 #include "tests/support/VtableSlot.h"
-#include "union/TUnionNamespace.h"
+#include "tests/support/schema/TInmemUnion.h"
 
 namespace NQELVSK20 {
 namespace {

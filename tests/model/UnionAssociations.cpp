@@ -5,7 +5,7 @@
 #include <string>
 
 #include "tests/model/ModelTest.h"
-#include "union/TUnionNamespace.h"
+#include "tests/support/schema/TInmemUnion.h"
 
 namespace NQELVSK20 {
 namespace {

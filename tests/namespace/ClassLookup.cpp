@@ -12,8 +12,8 @@
 #include "tests/support/PluginTest.h"
 #include "tests/support/RawAnswers.h"
 #include "tests/support/TCimHTTPNamespaceTestAccess.h"
-#include "union/TInmemClass.h"
-#include "union/TUnionNamespace.h"
+#include "tests/support/schema/TInmemClass.h"
+#include "tests/support/schema/TInmemUnion.h"
 #include "vskcore/ICIMInstance.h"
 #include "vskcore/ICIMProperty.h"
 #include "vskcore/ICIMQualifier.h"
@@ -629,9 +629,9 @@ TEST_F(ClassLookupTest, StampingThatFailsIsLoggedAndTheClassIsStillReturned) {
 }
 
 /// A union namespace that fails whenever it is asked.
-class FailingUnion : public TUnionNamespace {
+class FailingUnion : public TInmemUnion {
 public:
-    using TUnionNamespace::operator=;
+    using TInmemUnion::operator=;
 
     boost::shared_ptr<ICIMClass> GetClass(const std::string&, TContext) override {
         throw TVSKException(eVSKNotFound);
@@ -652,13 +652,13 @@ TEST_F(ClassLookupTest, UnionNamespaceThatThrowsIsLoggedAndTheServerIsAsked) {
 }
 
 /// A union namespace that counts how it is asked.
-class CountingUnion : public TUnionNamespace {
+class CountingUnion : public TInmemUnion {
 public:
-    using TUnionNamespace::operator=;
+    using TInmemUnion::operator=;
 
     boost::shared_ptr<ICIMClass> GetClass(const std::string& name, TContext context) override {
         asked_.push_back(name + "/" + std::to_string(context.size()));
-        return TUnionNamespace::GetClass(name, context);
+        return TInmemUnion::GetClass(name, context);
     }
 
     Names asked_;
@@ -676,9 +676,9 @@ public:
 };
 
 /// A union namespace whose classes can be copied half-way only.
-class UnreadableUnion : public TUnionNamespace {
+class UnreadableUnion : public TInmemUnion {
 public:
-    using TUnionNamespace::operator=;
+    using TInmemUnion::operator=;
 
     boost::shared_ptr<ICIMClass> GetClass(const std::string& name, TContext) override {
         return boost::shared_ptr<ICIMClass>(new UnreadableClass(shared_from_this(), name, {}));

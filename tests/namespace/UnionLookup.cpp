@@ -9,7 +9,7 @@
 #include "tests/support/Declarations.h"
 #include "tests/support/PluginTest.h"
 #include "tests/support/TCimHTTPNamespaceTestAccess.h"
-#include "union/TUnionNamespace.h"
+#include "tests/support/schema/TInmemUnion.h"
 
 namespace NQELVSK20 {
 namespace {
@@ -19,14 +19,14 @@ using Names = std::vector<std::string>;
 
 /// A union namespace that knows its classes at some questions only; what the last entry says holds from then
 /// on.
-class MoodyUnion : public TUnionNamespace {
+class MoodyUnion : public TInmemUnion {
 public:
-    using TUnionNamespace::operator=;
+    using TInmemUnion::operator=;
 
     boost::shared_ptr<ICIMClass> GetClass(const std::string& name, TContext context) override {
         const bool knows = asked_ < knows_.size() ? knows_[asked_] : knows_.back();
         ++asked_;
-        return knows ? TUnionNamespace::GetClass(name, std::move(context)) : boost::shared_ptr<ICIMClass>();
+        return knows ? TInmemUnion::GetClass(name, std::move(context)) : boost::shared_ptr<ICIMClass>();
     }
 
     /// From now on answers so.

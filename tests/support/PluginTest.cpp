@@ -5,13 +5,13 @@
 #include "connection/client/Waiting.h"
 #include "qelc/TQELCNamespace.h"
 #include "tests/support/TCimHTTPNamespaceTestAccess.h"
-#include "union/TUnionNamespace.h"
+#include "tests/support/schema/TInmemUnion.h"
 #include "vskcore/TCIMValue.h"
 #include "vskcore/THostSetup.h"
 
 namespace NQELVSK20 {
 
-PluginTest::PluginTest() : common_(new TQELCNamespace), union_(new TUnionNamespace) {
+PluginTest::PluginTest() : common_(new TQELCNamespace), union_(new TInmemUnion) {
     common_->SetUpcallNamespace(union_, TContext());
     ReplaceWaiting({[this](unsigned int milliseconds) {
                         pauses_.push_back(milliseconds);

@@ -16,7 +16,7 @@ namespace NQELVSK20 {
 
 class TCimHTTPNamespace;
 class TQELCNamespace;
-class TUnionNamespace;
+class TInmemUnion;
 
 /// A plug-in in its host: records the log, replaces the pause before a reconnection (and counts it), records
 /// the time-outs of requests (and shortens them, when a test says so), puts the common-schema and union
@@ -50,7 +50,7 @@ protected:
     std::optional<unsigned int> shortened_;  // what a request's time-outs are in truth; none: what was asked
     unsigned int longestShortened_ = 0xffffffffU;  // longer ones than that are what was asked all the same
     boost::shared_ptr<TQELCNamespace> common_;
-    boost::shared_ptr<TUnionNamespace> union_;
+    boost::shared_ptr<TInmemUnion> union_;
 };
 
 }  // namespace NQELVSK20

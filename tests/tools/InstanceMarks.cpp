@@ -43,7 +43,7 @@ protected:
 
     ClassSchema schema() const { return ClassSchema({log_}); }
 
-    boost::shared_ptr<NQELVSK20::TUnionNamespace> union_ = NQELVSK20::MakeUnion();
+    boost::shared_ptr<NQELVSK20::TInmemUnion> union_ = NQELVSK20::MakeUnion();
     boost::shared_ptr<NQELVSK20::ICIMClass> log_ = NQELVSK20::MakeClass(*union_, "TST_Log");
 };
 

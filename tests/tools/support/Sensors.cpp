@@ -14,7 +14,7 @@ TCIMValue texts(const std::vector<TCIMValue>& elements) {
     return TCIMValue(TType::eString, 0, elements);
 }
 
-void declareQualifiers(TUnionNamespace& nameSpace) {
+void declareQualifiers(TInmemUnion& nameSpace) {
     DeclareQualifier(nameSpace, "ValueMap", TCIMValue(TType(TType::eStringArray), 0));
     DeclareQualifier(nameSpace, "Values", TCIMValue(TType(TType::eStringArray), 0));
     DeclareQualifier(nameSpace, "MaxLen", TCIMValue(0U));

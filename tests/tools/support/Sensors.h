@@ -21,7 +21,7 @@ public:
                                                     const std::string& node) const;
 
 private:
-    boost::shared_ptr<NQELVSK20::TUnionNamespace> union_;
+    boost::shared_ptr<NQELVSK20::TInmemUnion> union_;
     boost::shared_ptr<NQELVSK20::ICIMClass> element_;
     boost::shared_ptr<NQELVSK20::ICIMClass> sensor_;
 };

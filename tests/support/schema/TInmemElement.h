@@ -5,7 +5,7 @@
 #include <map>
 #include <string>
 
-#include "union/TInmemQualifier.h"
+#include "tests/support/schema/TInmemQualifier.h"
 #include "vskcore/CimNames.h"
 #include "vskcore/ICIMNamedElement.h"
 #include "vskcore/ICIMNamespace.h"

@@ -5,7 +5,7 @@
 #include <boost/weak_ptr.hpp>
 #include <string>
 
-#include "union/TInmemElement.h"
+#include "tests/support/schema/TInmemElement.h"
 #include "vskcore/ICIMParameterDecl.h"
 
 namespace NQELVSK20 {

@@ -6,7 +6,7 @@
 #include <map>
 #include <string>
 
-#include "union/TInmemElement.h"
+#include "tests/support/schema/TInmemElement.h"
 #include "vskcore/ICIMMethodDecl.h"
 #include "vskcore/ICIMParameterDecl.h"
 

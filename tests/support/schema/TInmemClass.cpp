@@ -1,11 +1,12 @@
-#include "union/TInmemClass.h"
+#include "tests/support/schema/TInmemClass.h"
 
 #include <boost/pointer_cast.hpp>
 
 #include "inmem/TInmemInstance.h"
-#include "union/TInmemMethodDecl.h"
-#include "union/TInmemPropertyDecl.h"
-#include "union/TUnionNamespace.h"
+#include "tests/support/schema/IsCimName.h"
+#include "tests/support/schema/TInmemMethodDecl.h"
+#include "tests/support/schema/TInmemPropertyDecl.h"
+#include "tests/support/schema/TInmemUnion.h"
 
 namespace NQELVSK20 {
 
@@ -29,7 +30,7 @@ boost::shared_ptr<ICIMPropertyDecl> FindInherited(boost::shared_ptr<ICIMClass> s
 
 }  // namespace
 
-TInmemClass::TInmemClass(const boost::shared_ptr<TUnionNamespace>& nameSpace, const std::string& name,
+TInmemClass::TInmemClass(const boost::shared_ptr<TInmemUnion>& nameSpace, const std::string& name,
                          const boost::shared_ptr<ICIMClass>& superclass)
     : namespace_(nameSpace), name_(name), superclass_(superclass) {}
 

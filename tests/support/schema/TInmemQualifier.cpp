@@ -1,4 +1,4 @@
-#include "union/TInmemQualifier.h"
+#include "tests/support/schema/TInmemQualifier.h"
 
 #include "vskcore/CimNames.h"
 

@@ -1,6 +1,7 @@
-#include "union/TInmemParameterDecl.h"
+#include "tests/support/schema/TInmemParameterDecl.h"
 
-#include "union/TInmemMethodDecl.h"
+#include "tests/support/schema/IsCimName.h"
+#include "tests/support/schema/TInmemMethodDecl.h"
 #include "vskcore/ICIMClass.h"
 
 namespace NQELVSK20 {

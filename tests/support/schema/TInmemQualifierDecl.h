@@ -9,14 +9,14 @@
 
 namespace NQELVSK20 {
 
-class TUnionNamespace;
+class TInmemUnion;
 
 /// A qualifier declaration of the union namespace. Must be owned by a boost::shared_ptr.
 class TInmemQualifierDecl : public ICIMQualifierDecl,
                             public boost::enable_shared_from_this<TInmemQualifierDecl> {
 public:
     /// Keeps the namespace weakly.
-    TInmemQualifierDecl(const boost::shared_ptr<TUnionNamespace>& nameSpace, const std::string& name,
+    TInmemQualifierDecl(const boost::shared_ptr<TInmemUnion>& nameSpace, const std::string& name,
                         const TCIMValue& defaultValue, unsigned int scope, unsigned int flavor);
 
     TInmemQualifierDecl(const TInmemQualifierDecl&) = delete;
@@ -43,7 +43,7 @@ public:
     TInmemQualifierDecl& operator=(const TInmemQualifierDecl& other);
 
 private:
-    const boost::weak_ptr<TUnionNamespace> namespace_;
+    const boost::weak_ptr<TInmemUnion> namespace_;
     const std::string name_;
     TCIMValue value_;
     const unsigned int scope_;

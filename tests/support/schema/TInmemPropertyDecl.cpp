@@ -1,5 +1,6 @@
-#include "union/TInmemPropertyDecl.h"
+#include "tests/support/schema/TInmemPropertyDecl.h"
 
+#include "tests/support/schema/IsCimName.h"
 #include "vskcore/ICIMClass.h"
 
 namespace NQELVSK20 {

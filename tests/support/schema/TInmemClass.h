@@ -6,12 +6,12 @@
 #include <map>
 #include <string>
 
-#include "union/TInmemElement.h"
+#include "tests/support/schema/TInmemElement.h"
 #include "vskcore/ICIMClass.h"
 
 namespace NQELVSK20 {
 
-class TUnionNamespace;
+class TInmemUnion;
 
 /// A class of the union namespace, all in memory. It holds its superclass, and its subclasses weakly. What
 /// the contract has no meaning for throws status 31, and so does a method's invocation. Must be owned by a
@@ -21,7 +21,7 @@ class TInmemClass : public ICIMClass,
                     public boost::enable_shared_from_this<TInmemClass> {
 public:
     /// Keeps the namespace weakly; `superclass` is empty for a top-level class.
-    TInmemClass(const boost::shared_ptr<TUnionNamespace>& nameSpace, const std::string& name,
+    TInmemClass(const boost::shared_ptr<TInmemUnion>& nameSpace, const std::string& name,
                 const boost::shared_ptr<ICIMClass>& superclass);
 
     TInmemClass(const TInmemClass&) = delete;
@@ -116,7 +116,7 @@ protected:
     boost::shared_ptr<ICIMNamedElement> OwnElement() override;
 
 private:
-    const boost::weak_ptr<TUnionNamespace> namespace_;
+    const boost::weak_ptr<TInmemUnion> namespace_;
     const std::string name_;
     const boost::shared_ptr<ICIMClass> superclass_;
     std::map<std::string, boost::weak_ptr<ICIMClass>, TNameLess> subclasses_;

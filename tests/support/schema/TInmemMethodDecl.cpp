@@ -1,7 +1,8 @@
-#include "union/TInmemMethodDecl.h"
+#include "tests/support/schema/TInmemMethodDecl.h"
 
-#include "union/TInmemClass.h"
-#include "union/TInmemParameterDecl.h"
+#include "tests/support/schema/IsCimName.h"
+#include "tests/support/schema/TInmemClass.h"
+#include "tests/support/schema/TInmemParameterDecl.h"
 
 namespace NQELVSK20 {
 

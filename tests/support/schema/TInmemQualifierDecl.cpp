@@ -1,12 +1,13 @@
-#include "union/TInmemQualifierDecl.h"
+#include "tests/support/schema/TInmemQualifierDecl.h"
 
-#include "union/TUnionNamespace.h"
+#include "tests/support/schema/IsCimName.h"
+#include "tests/support/schema/TInmemUnion.h"
 #include "vskcore/CimNames.h"
 #include "vskcore/TVSKException.h"
 
 namespace NQELVSK20 {
 
-TInmemQualifierDecl::TInmemQualifierDecl(const boost::shared_ptr<TUnionNamespace>& nameSpace,
+TInmemQualifierDecl::TInmemQualifierDecl(const boost::shared_ptr<TInmemUnion>& nameSpace,
                                          const std::string& name, const TCIMValue& defaultValue,
                                          unsigned int scope, unsigned int flavor)
     : namespace_(nameSpace), name_(name), value_(defaultValue), scope_(scope), flavor_(flavor) {}

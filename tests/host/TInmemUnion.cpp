@@ -1,4 +1,4 @@
-#include "union/TUnionNamespace.h"
+#include "tests/support/schema/TInmemUnion.h"
 
 #include <gtest/gtest.h>
 
@@ -8,12 +8,12 @@
 namespace NQELVSK20 {
 namespace {
 
-class TUnionNamespaceTest : public ::testing::Test {
+class TInmemUnionTest : public ::testing::Test {
 protected:
-    boost::shared_ptr<TUnionNamespace> union_ = MakeUnion();
+    boost::shared_ptr<TInmemUnion> union_ = MakeUnion();
 };
 
-TEST_F(TUnionNamespaceTest, FindsAClassOnceItIsCommitted) {
+TEST_F(TInmemUnionTest, FindsAClassOnceItIsCommitted) {
     const auto fan = union_->AllocateClass("CIM_Fan", nullptr, {});
     EXPECT_FALSE(union_->GetClass("CIM_Fan", {}));
     fan->Commit({});
@@ -23,13 +23,13 @@ TEST_F(TUnionNamespaceTest, FindsAClassOnceItIsCommitted) {
     EXPECT_EQ(fan->GetNamespace({}), union_);
 }
 
-TEST_F(TUnionNamespaceTest, ReplacesAClassOfTheSameName) {
+TEST_F(TInmemUnionTest, ReplacesAClassOfTheSameName) {
     MakeClass(*union_, "CIM_Fan");
     const auto second = MakeClass(*union_, "CIM_FAN");
     EXPECT_EQ(union_->GetClass("CIM_Fan", {}), second);
 }
 
-TEST_F(TUnionNamespaceTest, EnumeratesRootClassesEachWithItsSubclasses) {
+TEST_F(TInmemUnionTest, EnumeratesRootClassesEachWithItsSubclasses) {
     const auto element = MakeClass(*union_, "CIM_ManagedElement");
     const auto device = MakeClass(*union_, "CIM_LogicalDevice", element);
     MakeClass(*union_, "CIM_Fan", device);
@@ -40,7 +40,7 @@ TEST_F(TUnionNamespaceTest, EnumeratesRootClassesEachWithItsSubclasses) {
                                         "CIM_Fan"}));
 }
 
-TEST_F(TUnionNamespaceTest, StopsAtTheFirstRootClassThatTheCallbackDeclines) {
+TEST_F(TInmemUnionTest, StopsAtTheFirstRootClassThatTheCallbackDeclines) {
     MakeClass(*union_, "A");
     MakeClass(*union_, "B");
     int calls = 0;
@@ -53,7 +53,7 @@ TEST_F(TUnionNamespaceTest, StopsAtTheFirstRootClassThatTheCallbackDeclines) {
     EXPECT_EQ(calls, 1);
 }
 
-TEST_F(TUnionNamespaceTest, FindsAQualifierDeclarationOnceItIsCommitted) {
+TEST_F(TInmemUnionTest, FindsAQualifierDeclarationOnceItIsCommitted) {
     const auto declaration = union_->AllocateQualifierDecl(
         "Units", TCIMValue(""), ICIMQualifierDecl::eScopeProperty, ICIMQualifierDecl::eFlavorDefaults, {});
     EXPECT_FALSE(union_->GetQualifierDecl("Units", {}));
@@ -61,14 +61,14 @@ TEST_F(TUnionNamespaceTest, FindsAQualifierDeclarationOnceItIsCommitted) {
     EXPECT_EQ(union_->GetQualifierDecl("UNITS", {}), declaration);
 }
 
-TEST_F(TUnionNamespaceTest, EnumeratesQualifierDeclarationsInTheOrderOfTheirNames) {
+TEST_F(TInmemUnionTest, EnumeratesQualifierDeclarationsInTheOrderOfTheirNames) {
     DeclareQualifier(*union_, "alias");
     EXPECT_EQ(
         NamesFrom<ICIMQualifierDecl>([this](const auto& add) { union_->EnumerateQualifierDecls(add, {}); }),
         (std::vector<std::string>{"ABSTRACT", "alias", "ASSOCIATION", "DESCRIPTION", "KEY"}));
 }
 
-TEST_F(TUnionNamespaceTest, RefusesToCommitWhatHasNoCimName) {
+TEST_F(TInmemUnionTest, RefusesToCommitWhatHasNoCimName) {
     for (const char* name : {"", "1a", "a b", "<root>"}) {
         EXPECT_EQ(StatusOf([&] { MakeClass(*union_, name); }), eVSKInvalidName) << name;
         EXPECT_EQ(StatusOf([&] { DeclareQualifier(*union_, name); }), eVSKInvalidName) << name;
@@ -77,7 +77,7 @@ TEST_F(TUnionNamespaceTest, RefusesToCommitWhatHasNoCimName) {
     }
 }
 
-TEST_F(TUnionNamespaceTest, LetsGoOfInstancesAndClassesWhenItEnds) {
+TEST_F(TInmemUnionTest, LetsGoOfInstancesAndClassesWhenItEnds) {
     auto fan = MakeClass(*union_, "CIM_Fan");
     fan->CreateInstance({})->Commit({});
     const boost::weak_ptr<ICIMClass> remembered = fan;
@@ -87,7 +87,7 @@ TEST_F(TUnionNamespaceTest, LetsGoOfInstancesAndClassesWhenItEnds) {
     EXPECT_TRUE(remembered.expired());
 }
 
-TEST_F(TUnionNamespaceTest, ClearsTheInstancesOfAllClasses) {
+TEST_F(TInmemUnionTest, ClearsTheInstancesOfAllClasses) {
     const auto fan = MakeClass(*union_, "CIM_Fan");
     fan->CreateInstance({})->Commit({});
     union_->ClearInstances();
