@@ -463,7 +463,7 @@ void TCimHTTPClass::CollectFrom(const RemoteNode& node, const boost::shared_ptr<
     if (!PointerIsSet(nameSpace->GetRemoteName(remoteName), "TCimHTTPClass::EnumerateInstances " + name_)) {
         return;
     }
-    const Pegasus::Array<Pegasus::CIMInstance> received = node.client.EnumerateInstances(
+    Pegasus::Array<Pegasus::CIMInstance> received = node.client.EnumerateInstances(
         remoteName, name_, timeout_, deep, true, false, false, Pegasus::CIMPropertyList());
     LogTrace("DEBUG: TCimHTTPClass:EnumerateInstances pegclient " + std::to_string(node.index) +
              " get instance of " + name_ + "\n" + name_ + " instance size " +
@@ -473,6 +473,7 @@ void TCimHTTPClass::CollectFrom(const RemoteNode& node, const boost::shared_ptr<
         if (const auto instance = reader.Read(received[i])) {
             instances_.Insert(instance->GetReference(TContext()).GetPath(), instance);
         }
+        received[i] = Pegasus::CIMInstance();  // its memory is the next one's
     }
 }
 
