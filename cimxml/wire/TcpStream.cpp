@@ -6,6 +6,12 @@
 #include <boost/asio/write.hpp>
 #include <vector>
 
+#if defined(_WIN32)
+#include <mstcpip.h>
+#else
+#include <netinet/tcp.h>
+#endif
+
 #include "cimxml/wire/WireError.h"
 
 namespace cimxml {
@@ -28,6 +34,22 @@ public:
         if (!error) {
             socket.set_option(tcp::no_delay(true), ignored);
         }
+    }
+
+    /// Has what arrives acknowledged at once. A server that sends an answer in several pieces, each held back
+    /// until the one before is acknowledged (RFC 896), would wait for an acknowledgement that the system
+    /// delays, for 40 ms and more, in case that there is something to send along.
+    void acknowledgeAtOnce() {
+#if defined(TCP_QUICKACK)
+        // Linux goes back to delaying by itself.
+        error_code ignored;
+        socket.set_option(asio::detail::socket_option::boolean<IPPROTO_TCP, TCP_QUICKACK>(true), ignored);
+#elif defined(SIO_TCP_SET_ACK_FREQUENCY)
+        DWORD frequency = 1;
+        DWORD unused = 0;
+        WSAIoctl(socket.native_handle(), SIO_TCP_SET_ACK_FREQUENCY, &frequency, sizeof frequency, nullptr, 0,
+                 &unused, nullptr, nullptr);
+#endif
     }
 
     Outcome connect(const tcp::endpoint& peer, Deadline deadline) {
@@ -139,6 +161,7 @@ void TcpStream::write(std::string_view bytes, Deadline deadline) {
 }
 
 std::size_t TcpStream::read(char* buffer, std::size_t size, Deadline deadline) {
+    impl_->acknowledgeAtOnce();
     const auto outcome = impl_->run(deadline, [&](Impl::Outcome& result, bool& done) {
         impl_->socket.async_read_some(asio::buffer(buffer, size),
                                       [&](error_code error, std::size_t received) {

@@ -2,12 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <boost/asio/buffer.hpp>
 #include <boost/asio/read.hpp>
 #include <boost/asio/write.hpp>
 #include <chrono>
 #include <future>
 #include <string>
+#include <vector>
 
 #include "cimxml/wire/WireError.h"
 #include "tests/cimxml/wire_LoopbackServer.h"
@@ -143,6 +145,39 @@ TEST(TcpStream, TellsWhetherSomethingIsThereWithoutWaiting) {
     end.set_value();
     EXPECT_EQ(stream->read(&byte, 1, soon()), 0U);
     EXPECT_EQ(stream->readAvailable(&byte, 1), 0U);
+}
+
+/// The median of how long an answer takes that comes in two pieces, on a connection that is kept. With
+/// `holdsBack`, the server sends the second only when the first is acknowledged (RFC 896).
+std::chrono::nanoseconds timeOfTwoPieces(bool holdsBack) {
+    constexpr int rounds = 40;
+    LoopbackServer server([&](Socket& socket) {
+        socket.set_option(asio::ip::tcp::no_delay(!holdsBack));
+        char request = 0;
+        for (int i = 0; i < rounds; ++i) {
+            asio::read(socket, asio::buffer(&request, 1));
+            asio::write(socket, asio::buffer("head", 4));
+            asio::write(socket, asio::buffer("body", 4));
+        }
+    });
+    const auto stream = TcpStream::connect("127.0.0.1", server.port(), soon());
+    std::vector<std::chrono::nanoseconds> times;
+    for (int i = 0; i < rounds; ++i) {
+        const auto start = std::chrono::steady_clock::now();
+        stream->write("?", soon());
+        char buffer[8];
+        for (std::size_t received = 0; received < sizeof buffer;) {
+            received += stream->read(buffer + received, sizeof buffer - received, soon());
+        }
+        times.push_back(std::chrono::steady_clock::now() - start);
+    }
+    std::nth_element(times.begin(), times.begin() + rounds / 2, times.end());
+    return times[rounds / 2];
+}
+
+// The delay is 40 ms and more where it is not avoided, and the exchange takes a thousandth of that.
+TEST(TcpStream, DoesNotKeepAServerWaitingThatHoldsBackWhatIsNotAcknowledged) {
+    EXPECT_LT(timeOfTwoPieces(true).count(), 30 * timeOfTwoPieces(false).count());
 }
 
 }  // namespace
