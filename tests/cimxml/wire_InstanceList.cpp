@@ -155,10 +155,10 @@ TEST(InstanceList, RefusesWhatTheWholeAnswerRefusesAtTheSamePlace) {
           named(1, "<PROPERTY NAME=\"p\" TYPE=\"string\"><VALUE></PROPERTY>"), named(1, "<PROPERTY NAME=>"),
           named(1, property("p", "string", "&#0;"))}) {
         const std::string list = good + bad + good;
-        const std::string whole = withoutOperation(errorOf([&] { readAsWhole(list); }));
-        EXPECT_EQ(whole.rfind("XML at offset ", 0), 0U) << whole;
-        EXPECT_EQ(errorOf([&] { readInPieces(list); }), whole) << bad;
-        EXPECT_EQ(errorOf([&] { readInPieces(list, 1); }), whole) << bad;
+        const std::string ofWhole = withoutOperation(errorOf([&] { readAsWhole(list); }));
+        EXPECT_EQ(ofWhole.rfind("XML at offset ", 0), 0U) << ofWhole;
+        EXPECT_EQ(errorOf([&] { readInPieces(list); }), ofWhole) << bad;
+        EXPECT_EQ(errorOf([&] { readInPieces(list, 1); }), ofWhole) << bad;
     }
 }
 
@@ -173,8 +173,8 @@ TEST(InstanceList, MayBeNestedAsDeepAsTheWholeAnswer) {
         someInstances(40);  // VALUE.NAMEDINSTANCE, INSTANCE, PROPERTY.ARRAY, VALUE.ARRAY, VALUE
     constexpr unsigned depth = 5 + 5;
     EXPECT_EQ(readInPieces(list, 100, depth), readAsWhole(list, depth));
-    const std::string whole = errorOf([&] { readAsWhole(list, depth - 1); });
-    EXPECT_NE(whole.find("nested more than 9 deep"), std::string::npos) << whole;
+    const std::string ofWhole = errorOf([&] { readAsWhole(list, depth - 1); });
+    EXPECT_NE(ofWhole.find("nested more than 9 deep"), std::string::npos) << ofWhole;
     const std::string pieces = errorOf([&] { readInPieces(list, 100, depth - 1); });
     EXPECT_NE(pieces.find("nested more than"), std::string::npos) << pieces;
 }
