@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -62,16 +63,54 @@ constexpr Operation operations[] = {
      }},
 };
 
-void read(std::string_view body, const Operation& operation) {
+cimxml::Limits fewNodes() {
     cimxml::Limits limits;
     limits.xmlNodes = 100000;
+    return limits;
+}
+
+/// What comes of an operation: nothing when the answer cannot be read, or tells an error.
+template <typename Read>
+auto outcomeOf(Read read) -> std::optional<decltype(read())> {
     try {
-        ResponseReader reader(std::string(body), {"1001", operation.method, operation.intrinsic}, limits);
-        operation.read(reader);
+        return read();
     } catch (const cimxml::WireError&) {
-        // An answer that cannot be read.
+        return std::nullopt;
     } catch (const Pegasus::CIMException&) {
-        // An answer that tells an error.
+        return std::nullopt;
+    }
+}
+
+void read(std::string_view body, const Operation& operation) {
+    outcomeOf([&] {
+        ResponseReader reader(std::string(body), {"1001", operation.method, operation.intrinsic}, fewNodes());
+        operation.read(reader);
+        return true;
+    });
+}
+
+/// The instances of an answer as text, its list parsed in pieces of that many bytes.
+std::optional<std::string> instances(std::string_view body, std::size_t pieceBytes) {
+    return outcomeOf([&] {
+        cimxml::Limits limits = fewNodes();
+        limits.pieceBytes = pieceBytes;
+        ResponseReader reader(std::string(body), {"1001", "EnumerateInstances", true}, limits);
+        const auto found = reader.readInstances();
+        std::string text;
+        for (Pegasus::Uint32 i = 0; i < found.size(); ++i) {
+            text += found[i].getPath().toString().getCString();
+            cimxml::ObjectWriter(text).write(found[i]);
+        }
+        return text;
+    });
+}
+
+/// A list that is parsed in pieces gives what the whole gives.
+void compareInPieces(std::string_view body) {
+    const auto inPieces = instances(body, 64);
+    const auto asWhole = instances(body, body.size() + 1);
+    if (inPieces && asWhole && *inPieces != *asWhole) {
+        std::abort();
     }
 }
 
@@ -85,5 +124,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         }
     }
     read(body, operations[0]);
+    compareInPieces(body);
     return 0;
 }
