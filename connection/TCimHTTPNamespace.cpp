@@ -135,7 +135,7 @@ ICIMNamespace& TCimHTTPNamespace::operator=(ICIMNamespace& other) {
 
 TCimHTTPNamespace::~TCimHTTPNamespace() {
     disconnect();
-    impl_->cache_.Forget();
+    impl_->cache_.GiveUp();
     impl_->nodes_.Observe(nullptr);
 }
 

@@ -14,11 +14,10 @@ ClassCache::ClassCache(const ClassCache& other)
 
 ClassCache& ClassCache::operator=(const ClassCache& other) {
     if (this != &other) {
-        Forget();
+        GiveUp();
         replaceDuplicates_ = other.replaceDuplicates_;
         root_ = other.root_;
         classes_ = other.classes_;
-        own_.clear();
     }
     return *this;
 }
@@ -83,6 +82,15 @@ void ClassCache::Forget() {
         }
     }
     classes_.clear();
+}
+
+void ClassCache::GiveUp() {
+    Forget();
+    for (const auto& known : own_) {
+        if (const auto cimClass = known.lock()) {
+            cimClass->LeaveNamespace();
+        }
+    }
 }
 
 void QualifierTable::Add(const boost::shared_ptr<TCimHTTPQualifierDecl>& declaration) {

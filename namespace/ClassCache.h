@@ -51,6 +51,9 @@ public:
     /// the namespace refers to it any more.
     void Forget();
 
+    /// The same for good: of the root class, too, no instances are kept from then on.
+    void GiveUp();
+
 private:
     bool replaceDuplicates_;
     boost::shared_ptr<TCimHTTPClass> root_;

@@ -45,6 +45,13 @@ protected:
         return nameSpace->GetClass(name, TContext());
     }
 
+    /// Makes an instance of a class, as a host does, and commits it.
+    static WeakInstance Make(const Class& cimClass) {
+        const auto instance = cimClass->CreateInstance(TContext());
+        instance->Commit(TContext());
+        return instance;
+    }
+
     /// Collects the instances of a class; one of them.
     static WeakInstance Collect(const Class& cimClass) {
         WeakInstance collected;
@@ -112,6 +119,39 @@ TEST_F(LettingGoTest, ClassHeldBeyondDeInitKeepsNoInstancesFromThenOn) {
     EXPECT_TRUE(weak.expired());
 }
 
+TEST_F(LettingGoTest, InstanceMadeOfAClassThatBelongsToNoNamespaceIsNotKept) {
+    const Namespace nameSpace = Connected(machine_);
+    Class held = Get(nameSpace, "T_Base");
+    nameSpace->DeInit();
+    nameSpace->Init();
+    EXPECT_TRUE(Make(held).expired());
+    const WeakClass weak = held;
+    held.reset();
+    EXPECT_TRUE(weak.expired()) << "its instances would hold it";
+}
+
+TEST_F(LettingGoTest, RootClassKeepsItsInstancesAsLongAsItsNamespaceAndNoLonger) {
+    Namespace nameSpace = Connected(machine_);
+    const Class former = Get(nameSpace, "<root>");
+    EXPECT_FALSE(Make(former).expired());
+    nameSpace->DeInit();
+    EXPECT_FALSE(Make(former).expired()) << "the root of the emptied namespace still";
+
+    *nameSpace = *MakeNamespace();
+    EXPECT_TRUE(Make(former).expired()) << "another is its root now";
+
+    nameSpace = Connected(machine_);
+    Class last = Get(nameSpace, "<root>");
+    auto instance = last->CreateInstance(TContext());
+    instance->GetReference(TContext());  // asks for the keys while there is somebody to ask
+    nameSpace.reset();
+    instance->Commit(TContext());
+    const WeakClass weak = last;
+    instance.reset();
+    last.reset();
+    EXPECT_TRUE(weak.expired());
+}
+
 TEST_F(LettingGoTest, InstanceHeldBeyondDeInitHoldsItsClassAndNothingElse) {
     const Namespace nameSpace = Connected(machine_);
     const WeakClass fan = Get(nameSpace, "T_Fan");
@@ -163,12 +203,7 @@ TEST_F(LettingGoTest, InstanceThatTheHostMadeIsFreedWithANamespaceThatIsNotConne
     Namespace nameSpace = Connected(machine_);
     const WeakClass base = Get(nameSpace, "T_Base");
     nameSpace->disconnect();
-    const WeakInstance made = [&] {
-        const auto instance = base.lock()->CreateInstance(TContext());
-        instance->SetPropertyValue("Id", TCIMValue("made"), TContext());
-        instance->Commit(TContext());
-        return WeakInstance(instance);
-    }();
+    const WeakInstance made = Make(base.lock());
     ASSERT_FALSE(made.expired()) << "collected by its class";
     nameSpace.reset();
     EXPECT_TRUE(made.expired());
