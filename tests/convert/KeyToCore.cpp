@@ -153,7 +153,7 @@ TEST_F(KeyToCore, AnIntegersHexadecimalLimitsAreThoseOfItsType) {
 TEST_F(KeyToCore, RealsComeWithAndWithoutFractionExponentAndSign) {
     const std::vector<std::pair<std::string, double>> reals{{"1.5", 1.5},    {"-1.5", -1.5},   {"+1.5", 1.5},
                                                             {"1.5e3", 1500}, {"1.5E+3", 1500}, {"25E-2", .25},
-                                                            {"-2e-1", -0.2}, {"7", 7}};
+                                                            {"-2e-1", -0.2}, {"7", 7},         {"+5", 5}};
     for (const auto& [text, real] : reals) {
         ExpectValue(Read(text, Type::eReal32), TCIMValue(static_cast<float>(real)), text);
         ExpectValue(Read(text, Type::eReal64), TCIMValue(real), text);
@@ -180,7 +180,7 @@ TEST_F(KeyToCore, ARealBeyondItsTypesRangeKeepsItsText) {
 
 TEST_F(KeyToCore, WhatIsNoRealKeepsItsText) {
     for (const Type::ECIMType type : {Type::eReal32, Type::eReal64}) {
-        ExpectNoValues(type, {"", "+", "+-1", "--1", "1,5", "1.5x", " 1", "0x10", "e3", "much"});
+        ExpectNoValues(type, {"", "+", "+-5", "++5", "--1", "1,5", "1.5x", " 1", "0x10", "e3", "much"});
     }
 }
 
