@@ -51,6 +51,14 @@ TEST_F(TCimHTTPClassFindInstance, EnumeratesOnceWhenNothingWasCollected) {
     EXPECT_EQ(Enumerations(), 1);
 }
 
+TEST_F(TCimHTTPClassFindInstance, AsksForTheInstancesWithTheirOwnPropertiesAlone) {
+    ASSERT_TRUE(Find("X_Fan.Id=\"b\",Zone=2"));
+    const Names requests = machine_.Requests();
+    ASSERT_EQ(requests.at(0), "0 EnumerateInstances X_Fan");
+    EXPECT_FALSE(machine_.Option(0, "DeepInheritance"));
+    EXPECT_TRUE(machine_.Option(0, "LocalOnly"));
+}
+
 TEST_F(TCimHTTPClassFindInstance, FindsAnInstanceUnderEverySpellingOfItsPath) {
     const Instances instances = InstancesOf(class_);
     for (const char* path :

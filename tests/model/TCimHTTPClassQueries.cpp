@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "qelc/TQELCNamespace.h"
 #include "tests/model/ModelTest.h"
 #include "tests/support/TCimHTTPNamespaceTestAccess.h"
 #include "vskcore/ICIMQualifierDecl.h"
@@ -376,6 +377,21 @@ TEST_F(TCimHTTPClassTree, WithoutAConnectionThereIsNoSuperclassAndNoRequest) {
     machine_.ClearRequests();
     EXPECT_FALSE(leaf->GetSuperClass(TContext()));
     EXPECT_EQ(machine_.Requests(), Names{});
+}
+
+TEST_F(TCimHTTPClassTree, TheRootHasNoSuperclassAndNoServerIsAskedForOne) {
+    const Class root = GetClass(namespace_, "<root>");
+    machine_.ClearRequests();
+    log_.Clear();
+    EXPECT_FALSE(root->GetSuperClass(TContext()));
+    EXPECT_EQ(machine_.Requests(), Names{});
+    EXPECT_EQ(log_.Lines(), Lines{}) << "nor was it tried";
+}
+
+TEST_F(TCimHTTPClassTree, NoClassOfANamespaceWithoutARootIsTopLevel) {
+    const Namespace nameSpace(new TCimHTTPNamespace(false, "root/cimv2"));  // not initialised
+    nameSpace->SetUpcallNamespace(common_, TContext());
+    EXPECT_FALSE(Allocate(nameSpace, "X_Top")->IsTopLevel(TContext()));
 }
 
 TEST_F(TCimHTTPClassTree, TopLevelMeansTheRootItselfWhileConnectedAndBelowTheRootOtherwise) {
