@@ -41,15 +41,26 @@ private:
     std::size_t asked_ = 0;
 };
 
+/// A union namespace that knows one of its classes by another name too.
+class AliasingUnion : public TUnionNamespace {
+public:
+    using TUnionNamespace::operator=;
+
+    boost::shared_ptr<ICIMClass> GetClass(const std::string& name, TContext context) override {
+        return TUnionNamespace::GetClass(name == "T_Fan" ? "T_Other" : name, std::move(context));
+    }
+};
+
 class UnionLookupTest : public PluginTest {
 protected:
     UnionLookupTest() {
         machine_.Repository(0).addDeclarations(
             "root/cimv2",
-            Declarations({ClassXml("T_Top", "", KeyXml("Id", "string")), ClassXml("T_Fan", "T_Top")}),
+            Declarations({ClassXml("T_Top", "", KeyXml("Id", "string")),
+                          ClassXml("T_Fan", "T_Top", PropertyXml("OfFan", "string"))}),
             "union lookup");
         moody_->Answer({true});
-        DeclareInMoody("T_Top");
+        DeclareIn(*moody_, "T_Top");
         common_->SetUpcallNamespace(moody_, TContext());
         nameSpace_ = Connected(machine_);
     }
@@ -60,8 +71,8 @@ protected:
         return options;
     }
 
-    void DeclareInMoody(const std::string& name) {
-        const auto cimClass = moody_->AllocateClass(name, boost::shared_ptr<ICIMClass>(), TContext());
+    static void DeclareIn(TUnionNamespace& nameSpace, const std::string& name) {
+        const auto cimClass = nameSpace.AllocateClass(name, boost::shared_ptr<ICIMClass>(), TContext());
         cimClass->AllocatePropertyDecl("FromUnion", TCIMValue("x"), TContext())->Commit(TContext());
         cimClass->Commit(TContext());
     }
@@ -101,6 +112,16 @@ TEST_F(UnionLookupTest, ClassThatItsSecondAnswerTellsIsCopied) {
     EXPECT_EQ(PropertiesOf(*found), (Names{"FromUnion", "NodeID"}));
     EXPECT_EQ(log_.Lines().back(),
               Looked("T_Top", " Now it is Found in TCimHTTPNamespace from union namespace"));
+}
+
+TEST_F(UnionLookupTest, ClassWhoseCopyHasAnotherNameIsDefinedByTheNodes) {
+    const boost::shared_ptr<AliasingUnion> aliasing(new AliasingUnion);
+    DeclareIn(*aliasing, "T_Other");
+    common_->SetUpcallNamespace(aliasing, TContext());
+    const auto found = nameSpace_->GetClass("T_Fan", TContext());
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->GetName(TContext()), "T_Fan");
+    EXPECT_EQ(PropertiesOf(*found), (Names{"NodeID", "OfFan"}));
 }
 
 TEST_F(UnionLookupTest, LogOfACopiedClassReadsSo) {
