@@ -1,10 +1,14 @@
+#include <Pegasus/Common/CIMClass.h>
+#include <Pegasus/Common/CIMPropertyList.h>
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
+#include "cimhttp/ClientObserver.h"
 #include "cimhttp/PegClient.h"
 #include "cimhttp/TCimHTTPNamespace.h"
+#include "tests/support/FakeNodes.h"
 #include "tests/support/PluginTest.h"
 #include "tests/support/TCimHTTPNamespaceTestAccess.h"
 #include "vskcore/THostSetup.h"
@@ -139,6 +143,39 @@ TEST_F(ConnectTest, NodeThatCannotBeReachedDoesNotStopTheOthers) {
     EXPECT_TRUE(Answers(nodes[0].begin()->second));
     EXPECT_FALSE(Answers(nodes[1].begin()->second));
     EXPECT_TRUE(Answers(nodes[2].begin()->second));
+}
+
+/// Breaks its promise not to throw, with an exception that the remote library might have thrown.
+class ThrowingObserver : public ClientObserver {
+public:
+    bool AttemptFailed(const ClientFailure&) override {
+        throw Pegasus::Exception(Pegasus::String("not this one"));
+    }
+    void Recovered(const ClientFailure&) override {}
+    void Connected(std::size_t, bool) override {}
+};
+
+// No client lets an exception of the remote library out by itself.
+TEST_F(ConnectTest, ExceptionThatLeavesANodesClientIsLoggedAndDoesNotStopTheOthers) {
+    const FakeNodes machine(2);
+    ThrowingObserver observer;
+    const auto nameSpace = MakeNamespace();
+    nameSpace->ObserveClients(&observer);
+    nameSpace->connect(Names{"nobody", machine.Hosts()[1]}, Names(2), Names(2));
+    EXPECT_EQ(log_.Lines(),
+              (Lines{{3, kEnterMulti},
+                     {3, kEnterNode},
+                     {3, "CannotConnectException in PegClient::HTTPSConnect(): no such node: nobody"},
+                     {3,
+                      "TCimHTTPNamespace::connect - Connect to cimom via http or https failed, "
+                      "error:not this one"},
+                     {3, kEnterNode},
+                     {3, kExitMulti}}));
+    EXPECT_TRUE(nameSpace->isConnected());
+    nameSpace->ObserveClients(nullptr);
+    nameSpace->getPegClientVec().at(1).begin()->second->GetClass("root/cimv2", "T_A", 5000, true, true, false,
+                                                                 {});
+    EXPECT_EQ(machine.Requests(), Names{"1 GetClass T_A"});
 }
 
 TEST_F(ConnectTest, WithoutInitThereIsNoNodeToConnect) {
