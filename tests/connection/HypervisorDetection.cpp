@@ -13,6 +13,9 @@ namespace {
 
 using Access = TCimHTTPNamespaceTestAccess;
 
+/// Whether the process began with its detection behind it; every test sets that as it needs it.
+const bool kIsDoneFromTheStart = Access::IsDetectionDone();
+
 class HypervisorDetectionTest : public PluginTest {
 protected:
     HypervisorDetectionTest() { Access::SetDetectionDone(false); }
@@ -148,6 +151,10 @@ TEST_F(HypervisorDetectionTest, AsksInTheFixedNamespaceWithTheFixedFlags) {
 TEST_F(HypervisorDetectionTest, AnswerMayTakeTenSeconds) {
     ConnectToVersion("5.0.0 build-1");
     EXPECT_EQ(timeouts_, (std::vector<unsigned int>{65535000, 10000}));
+}
+
+TEST_F(HypervisorDetectionTest, ProcessBeginsWithItsDetectionStillToCome) {
+    EXPECT_FALSE(kIsDoneFromTheStart);
 }
 
 TEST_F(HypervisorDetectionTest, SecondNamespaceOfTheProcessIsNotAskedAndKeepsItsFlagsFalse) {

@@ -15,6 +15,8 @@ public:
     /// The detection runs once a process; a test wants it anew, or out of its way.
     static void SetDetectionDone(bool done) { HypervisorDetectionDone() = done; }
 
+    static bool IsDetectionDone() { return HypervisorDetectionDone(); }
+
     static void CheckIsESXi5(TCimHTTPNamespace& nameSpace) { nameSpace.CheckIsESXi5(); }
 
     static void ConnectNode(TCimHTTPNamespace& nameSpace, int node, const std::string& host) {
