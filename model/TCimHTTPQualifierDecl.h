@@ -6,6 +6,9 @@
 #include <string>
 #include <utility>
 
+#include "model/ClassNamespace.h"
+#include "namespace/names/Names.h"
+#include "provider/contract/HostReport.h"
 #include "vskcore/ICIMQualifierDecl.h"
 
 namespace NQELVSK20 {
@@ -23,7 +26,10 @@ public:
     void Validate(TContext) override {}
 
     /// Enters the declaration into its namespace; throws status 16 for a duplicate.
-    void Commit(TContext context) override;
+    void Commit(TContext) override {
+        Required(ClassNamespace::Behind(namespace_.lock()), "TCimHTTPQualifierDecl::Commit")
+            ->Enter(shared_from_this());
+    }
     void Reserved4(TContext) override {}
     const std::string& GetName(TContext) const override { return name_; }
 
@@ -37,8 +43,12 @@ public:
     void AddFlavor(unsigned int bits, TContext) override { flavor_ |= bits; }
     void RemoveFlavor(unsigned int bits, TContext) override { flavor_ &= ~bits; }
     unsigned int GetFlavor(TContext) const override { return flavor_; }
-    bool operator==(const ICIMQualifierDecl& other) const override;
-    bool operator<(const ICIMQualifierDecl& other) const override;
+    bool operator==(const ICIMQualifierDecl& other) const override {
+        return EqualByName(name_, other.GetName(TContext()));
+    }
+    bool operator<(const ICIMQualifierDecl& other) const override {
+        return LessByName(name_, other.GetName(TContext()));
+    }
 
     /// Do nothing: declarations are not copied by assignment.
     TCimHTTPQualifierDecl& operator=(const ICIMQualifierDecl&) override { return *this; }

@@ -7,8 +7,10 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "cimxml/wire/NameTable.h"
 #include "cimxml/wire/ResponseReader.h"
 #include "cimxml/wire/WireError.h"
 #include "tests/cimxml/wire_ScriptedServer.h"
@@ -256,6 +258,62 @@ TEST(RememberedValues, BelongToEachInstanceByItself) {
     Pegasus::Array<Pegasus::CIMInstance> instances = reader.readInstances();
     instances[0].getProperty(0).setValue(Pegasus::CIMValue(Pegasus::String("other")));
     EXPECT_EQ(instances[1].getProperty(0).getValue().toString(), "same");
+}
+
+/// Where the text of the first property, or of its first element, stands in each of the instances.
+std::vector<const void*> placesOfTexts(const std::string& content, int count) {
+    std::string list;
+    for (int i = 0; i < count; ++i) {
+        list += named(i, content);
+    }
+    ResponseReader reader(before + list + behind, {"1", "EnumerateInstances", true}, Limits());
+    const auto instances = reader.readInstances();
+    std::vector<const void*> places;
+    for (Pegasus::Uint32 i = 0; i < instances.size(); ++i) {
+        const Pegasus::CIMValue value = instances[i].getProperty(1).getValue();
+        if (value.isArray()) {
+            Pegasus::Array<Pegasus::String> texts;
+            value.get(texts);
+            places.push_back(std::as_const(texts)[0].getChar16Data());
+        } else {
+            Pegasus::String text;
+            value.get(text);
+            places.push_back(text.getChar16Data());
+        }
+    }
+    return places;
+}
+
+TEST(RememberedValues, StandInMemoryOnce) {
+    const auto texts = placesOfTexts(property("p", "string", "the same"), 3);
+    EXPECT_EQ(texts, std::vector<const void*>(3, texts.at(0)));
+    const auto arrays = placesOfTexts(array("string", "<VALUE>the</VALUE><VALUE>same</VALUE>"), 3);
+    EXPECT_EQ(arrays, std::vector<const void*>(3, arrays.at(0)));
+}
+
+TEST(RememberedValues, MayNotBeTooLong) {
+    const auto places = placesOfTexts(property("p", "string", std::string(600, 'x')), 2);
+    EXPECT_NE(places.at(0), places.at(1));
+}
+
+TEST(RememberedValues, HideNoErrorBesideThem) {
+    const std::string good = array("string", "<VALUE>a</VALUE>");
+    EXPECT_EQ(texts({good, good}).size(), 2U);
+    EXPECT_NE(errorOf([&] { texts({good, array("string", "stray<VALUE>a</VALUE>")}); }), "none");
+    EXPECT_NE(errorOf([&] { texts({good, array("string", "<VALUE>a</VALUE>stray")}); }), "none");
+    EXPECT_NE(errorOf([&] { texts({good, array("string", "<VALUE>a<X/></VALUE>")}); }), "none");
+}
+
+TEST(NameTable, HasEachSpellingOnceInWhateverOrderTheyCome) {
+    cimxml::NameTable names;
+    const cimxml::KnownName* a = &names.find("a");
+    const cimxml::KnownName* b = &names.find("b");
+    for (const char* text : {"b", "a", "a", "b", "b", "a"}) {
+        EXPECT_EQ(&names.find(text), *text == 'a' ? a : b);
+    }
+    EXPECT_NE(&names.find("A"), a) << "another spelling is another text";
+    EXPECT_THROW(names.find("1"), Pegasus::InvalidNameException);
+    EXPECT_EQ(&names.find("a"), a) << "after a text that is no name";
 }
 
 TEST(RememberedValues, OfKeysAreThoseOfThePropertyOfThatName) {
