@@ -25,11 +25,18 @@ struct Round {
     std::size_t count = 0;
 };
 
-/// What the process has computed so far, in seconds.
+double Seconds(const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
+}
+
+/// What the process has computed so far, and the programs that it ran, in seconds.
 double ProcessorTime() {
-    timespec time{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+    timespec own{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &own);
+    rusage others{};
+    getrusage(RUSAGE_CHILDREN, &others);
+    return static_cast<double>(own.tv_sec) + static_cast<double>(own.tv_nsec) * 1e-9 +
+           Seconds(others.ru_utime) + Seconds(others.ru_stime);
 }
 
 Round Measure(const Contestant::Work& work) {

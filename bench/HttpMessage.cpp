@@ -22,7 +22,7 @@ std::size_t BodySize(std::string_view head) {
 
 }  // namespace
 
-bool ReceiveMessage(const Socket& connection, HttpMessage& message) {
+bool ReceiveMessage(const Stream& connection, HttpMessage& message) {
     message.head.clear();
     std::size_t end = std::string::npos;
     for (char piece[4096]; end == std::string::npos; end = message.head.find(kHeadEnd)) {

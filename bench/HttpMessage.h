@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "bench/Socket.h"
+#include "bench/Stream.h"
 
 namespace bench {
 
@@ -17,7 +17,7 @@ struct HttpMessage {
 
 /// Receives one message into `message`; false when the connection ended before its first byte. Memory that
 /// the message holds already is used again. Throws std::runtime_error.
-bool ReceiveMessage(const Socket& connection, HttpMessage& message);
+bool ReceiveMessage(const Stream& connection, HttpMessage& message);
 
 /// An EnumerateInstances request for a class of root/cimv2, head and body.
 std::string EnumerationRequest(const std::string& host, const std::string& className);

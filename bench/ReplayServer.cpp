@@ -15,6 +15,7 @@
 
 #include "bench/HttpMessage.h"
 #include "bench/Socket.h"
+#include "bench/TlsSocket.h"
 #include "cimom/Server.h"
 
 namespace bench {
@@ -22,6 +23,7 @@ namespace bench {
 namespace {
 
 constexpr const char* kRecorded = "127.99.1.1";  // where the embedded server stands, which is asked once
+constexpr std::size_t kShort = 64 * 1024;
 
 /// Where the message's number stands in a CIM-XML text.
 struct MessageId {
@@ -40,25 +42,24 @@ MessageId FindMessageId(const std::string& body) {
 
 /// An answer with a gap where the message's number belongs.
 struct Answer {
-    std::string fields;  ///< Of the head, but for Content-Length.
     std::string before;
     std::string after;
 };
 
+/// What an endpoint answers.
 class Recorder {
 public:
-    explicit Recorder(const ReplayServer::Fill& fill) {
+    explicit Recorder(std::shared_ptr<cimom::Repository> repository) {
         cimom::Endpoint endpoint;
         endpoint.address = kRecorded;
-        endpoint.repository = fill();
+        endpoint.repository = std::move(repository);
         server_.keepRequests(false);
         port_ = server_.listen(endpoint);
         server_.start();
     }
 
     /// The answer to a request; valid as long as this.
-    const Answer& Find(const HttpMessage& request) {
-        const MessageId id = FindMessageId(request.body);
+    const Answer& Find(const HttpMessage& request, const MessageId& id) {
         const std::string key = request.body.substr(0, id.begin) + request.body.substr(id.end);
         const std::lock_guard<std::mutex> lock(mutex_);
         const auto known = answers_.find(key);
@@ -74,8 +75,7 @@ private:
             throw std::runtime_error("no answer to record");
         }
         const MessageId id = FindMessageId(answer.body);
-        return {"CIMOperation: MethodResponse\r\nContent-Type: application/xml; charset=\"utf-8\"\r\n",
-                answer.body.substr(0, id.begin), answer.body.substr(id.end)};
+        return {answer.body.substr(0, id.begin), answer.body.substr(id.end)};
     }
 
     cimom::Server server_;
@@ -84,54 +84,110 @@ private:
     std::map<std::string, Answer> answers_;
 };
 
-void Serve(const Socket& connection, Recorder& recorder) {
-    HttpMessage request;
-    while (ReceiveMessage(connection, request)) {
-        const MessageId id = FindMessageId(request.body);
-        const std::string number = request.body.substr(id.begin, id.end - id.begin);
-        const Answer& answer = recorder.Find(request);
-        const std::size_t size = answer.before.size() + number.size() + answer.after.size();
-        connection.Send("HTTP/1.1 200 OK\r\n" + answer.fields + "Content-Length: " + std::to_string(size) +
-                        "\r\n\r\n" + answer.before + number);
-        connection.Send(answer.after);
+std::string HeadOf(std::size_t bodySize, bool closes) {
+    return std::string("HTTP/1.1 200 OK\r\nCIMOperation: MethodResponse\r\n") +
+           (closes ? "Connection: close\r\n" : "") +
+           "Content-Type: application/xml; charset=\"utf-8\"\r\nContent-Length: " + std::to_string(bodySize) +
+           "\r\n\r\n";
+}
+
+/// A short answer goes in one piece. A long one is not copied for that.
+void SendPlain(const Stream& connection, std::string start, const std::string& rest) {
+    if (rest.size() > kShort) {
+        connection.Send(start);
+        connection.Send(rest);
+    } else {
+        connection.Send(start + rest);
     }
 }
 
-[[noreturn]] void Run(std::vector<Socket> listeners, const ReplayServer::Fill& fill) {
-    try {
-        Recorder recorder(fill);
-        std::vector<std::thread> threads;
-        for (const Socket& listener : listeners) {
-            threads.emplace_back([&listener, &recorder] {
-                for (;;) {
-                    std::thread(
-                        [&recorder](Socket connection) {
-                            try {
-                                Serve(connection, recorder);
-                            } catch (const std::exception& error) {
-                                std::fprintf(stderr, "server: %s\n", error.what());
-                            }
-                        },
-                        listener.Accept())
-                        .detach();
-                }
-            });
+void SendInSegments(const Stream& connection, const std::string& head, const std::string& body) {
+    connection.Send(head);
+    connection.Send(std::string_view(body).substr(0, body.size() / 2));
+    connection.Send(std::string_view(body).substr(body.size() / 2));
+}
+
+void SendAnswer(const Stream& connection, const ReplayServer::Endpoint& endpoint, const Answer& answer,
+                const std::string& number) {
+    const std::size_t size = answer.before.size() + number.size() + answer.after.size();
+    const std::string head = HeadOf(size, endpoint.closes);
+    if (endpoint.segments) {
+        SendInSegments(connection, head, answer.before + number + answer.after);
+    } else {
+        SendPlain(connection, head + answer.before + number, answer.after);
+    }
+}
+
+void Serve(const Stream& connection, const ReplayServer::Endpoint& endpoint, Recorder& recorder) {
+    HttpMessage request;
+    while (ReceiveMessage(connection, request)) {
+        const MessageId id = FindMessageId(request.body);
+        SendAnswer(connection, endpoint, recorder.Find(request, id),
+                   request.body.substr(id.begin, id.end - id.begin));
+        if (endpoint.closes) {
+            return;
         }
-        for (std::thread& thread : threads) {
-            thread.join();
+    }
+}
+
+void ServeAccepted(Socket connection, const ReplayServer::Endpoint& endpoint, Recorder& recorder) {
+    try {
+        if (endpoint.segments) {
+            connection.Delay();
+        }
+        if (endpoint.tls) {
+            Serve(TlsSocket::Accept(std::move(connection)), endpoint, recorder);
+        } else {
+            Serve(connection, endpoint, recorder);
         }
     } catch (const std::exception& error) {
         std::fprintf(stderr, "server: %s\n", error.what());
+    }
+}
+
+/// An endpoint that is bound, before there is anything to answer.
+struct Bound {
+    ReplayServer::Endpoint endpoint;
+    Socket listener;
+};
+
+/// Never returns.
+void Accept(const Bound& bound) {
+    Recorder recorder(bound.endpoint.fill());
+    for (;;) {
+        std::thread(
+            [&](Socket connection) { ServeAccepted(std::move(connection), bound.endpoint, recorder); },
+            bound.listener.Accept())
+            .detach();
+    }
+}
+
+[[noreturn]] void Run(const std::vector<Bound>& endpoints) {
+    std::vector<std::thread> threads;
+    threads.reserve(endpoints.size());
+    for (const Bound& bound : endpoints) {
+        threads.emplace_back([&bound] {
+            try {
+                Accept(bound);
+            } catch (const std::exception& error) {
+                std::fprintf(stderr, "server: %s\n", error.what());
+                _exit(1);  // rather than leave clients waiting
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
     }
     _exit(1);
 }
 
 }  // namespace
 
-ReplayServer::ReplayServer(const std::vector<std::string>& addresses, std::uint16_t port, const Fill& fill) {
-    std::vector<Socket> listeners;  // before the fork: who connects now, waits until the server is ready
-    for (const std::string& address : addresses) {
-        listeners.push_back(Socket::Listen(address, port));
+ReplayServer::ReplayServer(std::vector<Endpoint> endpoints) {
+    std::vector<Bound> bound;  // before the fork: who connects now, waits until the server is ready
+    for (Endpoint& endpoint : endpoints) {
+        Socket listener = Socket::Listen(endpoint.address, endpoint.port);
+        bound.push_back({std::move(endpoint), std::move(listener)});
     }
     process_ = fork();
     if (process_ < 0) {
@@ -139,13 +195,19 @@ ReplayServer::ReplayServer(const std::vector<std::string>& addresses, std::uint1
     }
     if (process_ == 0) {
         prctl(PR_SET_PDEATHSIG, SIGKILL);
-        Run(std::move(listeners), fill);
+        Run(bound);
     }
 }
 
 ReplayServer::~ReplayServer() {
     kill(process_, SIGKILL);
     waitpid(process_, nullptr, 0);
+}
+
+std::string ReplayServer::Address(unsigned number) {
+    static const int process = getpid();
+    return "127." + std::to_string(99 + number) + "." + std::to_string(process / 250 % 250 + 2) + "." +
+           std::to_string(process % 250 + 2);
 }
 
 }  // namespace bench

@@ -37,9 +37,8 @@ Socket Open() {
     return Socket(descriptor);
 }
 
-void Set(int descriptor, int level, int option) {
-    const int on = 1;
-    setsockopt(descriptor, level, option, &on, sizeof on);
+void Set(int descriptor, int level, int option, int value = 1) {
+    setsockopt(descriptor, level, option, &value, sizeof value);
 }
 
 }  // namespace
@@ -80,6 +79,10 @@ Socket Socket::Accept() const {
     }
     Set(descriptor, IPPROTO_TCP, TCP_NODELAY);
     return Socket(descriptor);
+}
+
+void Socket::Delay() const {
+    Set(descriptor_, IPPROTO_TCP, TCP_NODELAY, 0);
 }
 
 void Socket::Send(std::string_view bytes) const {
