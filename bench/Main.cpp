@@ -1,3 +1,4 @@
+#include <Pegasus/Common/Exception.h>
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -47,6 +48,10 @@ int main(int argc, char** argv) {
             bench::RunLayer(options.onlyLayer, options.settings);
         }
         return 0;
+    } catch (const Pegasus::Exception& error) {
+        fmt::print(stderr, "enumerate_bench: {}\n",
+                   static_cast<const char*>(error.getMessage().getCString()));
+        return 1;
     } catch (const std::exception& error) {
         fmt::print(stderr, "enumerate_bench: {}\n", error.what());
         return 1;

@@ -6,8 +6,8 @@
 #include "bench/HttpMessage.h"
 #include "bench/PluginWork.h"
 #include "bench/ReplayServer.h"
-#include "bench/Requests.h"
 #include "bench/Sample.h"
+#include "bench/SampleServer.h"
 #include "bench/Socket.h"
 #include "bench/sections/Sections.h"
 
@@ -26,12 +26,12 @@ bool Fetches(const NameSpacePointer& nameSpace) {
 
 /// Without those of the process's first namespace alone.
 std::vector<std::string> RequestsForAClass() {
-    return RecordRequests([](const std::function<void()>& begin) {
-        Fetches(ConnectedNamespace({RecordingAddress()}));
-        const auto nameSpace = ConnectedNamespace({RecordingAddress()});
-        begin();
-        Fetches(nameSpace);
-    });
+    SampleServer server;
+    Fetches(ConnectedNamespace({SampleServer::Address()}));
+    const auto nameSpace = ConnectedNamespace({SampleServer::Address()});
+    server.ForgetRequests();
+    Fetches(nameSpace);
+    return server.Requests();
 }
 
 Contestant::Work PrepareBareRequests() {

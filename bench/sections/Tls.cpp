@@ -7,8 +7,8 @@
 
 #include "bench/HttpMessage.h"
 #include "bench/ReplayServer.h"
-#include "bench/Requests.h"
 #include "bench/Sample.h"
+#include "bench/SampleServer.h"
 #include "bench/SmallRequest.h"
 #include "bench/sections/Sections.h"
 
@@ -20,11 +20,9 @@ constexpr std::size_t kTlsRequests = 500;
 constexpr std::uint16_t kTlsPort = 5989;
 
 std::string RecordSmallRequest() {
-    return RecordRequests([](const std::function<void()>& begin) {
-               begin();
-               AskForSlot(*ConnectedClient(RecordingAddress(), false));
-           })
-        .back();
+    const SampleServer server;
+    AskForSlot(*ConnectedClient(SampleServer::Address(), false));
+    return server.Requests().back();
 }
 
 Contestant::Work PrepareBareTls() {

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace bench {
+
+void AddRequests();  ///< Into text.
+void AddAnswers();   ///< Out of it.
+
+}  // namespace bench

@@ -1,0 +1,7 @@
+#include "bench/micro/Steps.h"
+
+namespace bench {
+
+void AddWire() {}
+
+}  // namespace bench
