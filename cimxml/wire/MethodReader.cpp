@@ -15,9 +15,10 @@ CIMMethod MethodReader::read(pugi::xml_node node) {
     PathReader names(context_);
     // A method without a type returns nothing (DSP0201); the API has no such type, and nearly every method
     // returns a uint32.
-    CIMMethod method(names.readName(node, "NAME"), readParameterType(node).value_or(CIMTYPE_UINT32),
-                     names.readOptionalName(node, "CLASSORIGIN"),
-                     booleanAttribute(node, "PROPAGATED", false));
+    const Attributes attributes(node);
+    CIMMethod method(
+        names.readName(attributes, "NAME"), readParameterType(attributes).value_or(CIMTYPE_UINT32),
+        names.readOptionalName(attributes, "CLASSORIGIN"), booleanAttribute(attributes, "PROPAGATED", false));
     QualifierReader(context_).addTo(method, node);
     for (pugi::xml_node child = firstElement(node); child; child = nextElement(child)) {
         if (isElement(child, "QUALIFIER")) {
@@ -41,9 +42,11 @@ CIMParameter MethodReader::readParameter(pugi::xml_node node) {
         failAt(node, "a parameter");
     }
     PathReader names(context_);
-    CIMParameter parameter(names.readName(node, "NAME"), reference ? CIMTYPE_REFERENCE : readType(node),
-                           array, array ? readArraySize(node) : 0,
-                           reference ? names.readOptionalName(node, "REFERENCECLASS") : CIMName());
+    const Attributes attributes(node);
+    CIMParameter parameter(names.readName(attributes, "NAME"),
+                           reference ? CIMTYPE_REFERENCE : readType(attributes), array,
+                           array ? readArraySize(attributes) : 0,
+                           reference ? names.readOptionalName(attributes, "REFERENCECLASS") : CIMName());
     QualifierReader(context_).addTo(parameter, node);
     return parameter;
 }

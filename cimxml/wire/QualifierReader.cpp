@@ -19,7 +19,7 @@ using namespace Pegasus;
 
 namespace {
 
-CIMFlavor readFlavor(pugi::xml_node node) {
+CIMFlavor readFlavor(const Attributes& node) {
     CIMFlavor flavor;
     flavor.addFlavor(booleanAttribute(node, "OVERRIDABLE", true) ? CIMFlavor::OVERRIDABLE
                                                                  : CIMFlavor::DISABLEOVERRIDE);
@@ -37,11 +37,14 @@ CIMFlavor readFlavor(pugi::xml_node node) {
 }  // namespace
 
 CIMQualifier QualifierReader::read(pugi::xml_node node) {
-    const CIMType type = readType(node);
+    const Attributes attributes(node);
+    const CIMType type = readType(attributes);
     const pugi::xml_node holder = firstElement(node);
-    const CIMValue value = holder ? ValueReader(context_).read(holder, type, false) : CIMValue(type, false);
-    return CIMQualifier(PathReader(context_).readName(node, "NAME"), value, readFlavor(node),
-                        booleanAttribute(node, "PROPAGATED", false));
+    KnownName& name = PathReader(context_).findName(attributes, "NAME");
+    const CIMValue value =
+        holder ? ValueReader(context_).readAgain(holder, type, false, name) : CIMValue(type, false);
+    return CIMQualifier(name.name, value, readFlavor(attributes),
+                        booleanAttribute(attributes, "PROPAGATED", false));
 }
 
 template <typename Owner>

@@ -42,12 +42,12 @@ private:
 };
 
 /// A union namespace that knows one of its classes by another name too.
-class AliasingUnion : public TUnionNamespace {
+class AliasingUnion : public TInmemUnion {
 public:
-    using TUnionNamespace::operator=;
+    using TInmemUnion::operator=;
 
     boost::shared_ptr<ICIMClass> GetClass(const std::string& name, TContext context) override {
-        return TUnionNamespace::GetClass(name == "T_Fan" ? "T_Other" : name, std::move(context));
+        return TInmemUnion::GetClass(name == "T_Fan" ? "T_Other" : name, std::move(context));
     }
 };
 
