@@ -53,9 +53,13 @@ double PeakMemory() {
     return static_cast<double>(usage.ru_maxrss) * 1024;
 }
 
-/// Does a round for each byte that arrives, and tells the peak memory at the end of them.
+/// Says that the work is prepared, does a round for each byte that arrives, and tells the peak memory at the
+/// end of them.
 void Obey(int channel, const Contestant::Work& work) {
-    char order = 0;
+    char order = 'r';
+    if (write(channel, &order, 1) != 1) {
+        return;
+    }
     while (read(channel, &order, 1) == 1) {
         const Round round = Measure(work);
         if (write(channel, &round, sizeof round) != sizeof round) {
@@ -86,6 +90,8 @@ Contestant::Contestant(std::string name, const std::function<Work()>& prepare) :
     }
     close(ends[1]);
     channel_ = ends[0];
+    char ready = 0;
+    Read(&ready, 1);
 }
 
 Contestant::Contestant(Contestant&& other) noexcept

@@ -15,8 +15,9 @@ public:
     /// Does the work once and returns what it counted, e.g. instances.
     using Work = std::function<std::size_t()>;
 
-    /// Starts the process. `prepare` is called there; it connects and warms up and returns the work. Must be
-    /// made before the calling process starts a thread. Throws std::runtime_error.
+    /// Starts the process. `prepare` is called there; it connects and warms up and returns the work; two of
+    /// them never prepare at the same time. Must be made before the calling process starts a thread. Throws
+    /// std::runtime_error.
     Contestant(std::string name, const std::function<Work()>& prepare);
     ~Contestant();
     Contestant(Contestant&& other) noexcept;
