@@ -22,8 +22,8 @@ namespace {
 
 constexpr std::size_t readPieceSize = 64U * 1024U;
 
-/// A body collected in a string. A length that the server announces is believed only so far: memory for more
-/// is taken when more arrives.
+/// A body collected in a string. A length that the server announces is believed when some of the body has
+/// arrived: until then, no more memory is taken than a lie may cost.
 struct CollectedBody {
     using value_type = std::string;
 
@@ -34,7 +34,8 @@ struct CollectedBody {
 
         void init(const boost::optional<std::uint64_t>& length, error_code& error) {
             constexpr std::uint64_t believed = 16U * 1024U * 1024U;
-            body_.reserve(static_cast<std::size_t>(std::min(length.value_or(0), believed)));
+            announced_ = static_cast<std::size_t>(length.value_or(0));
+            body_.reserve(std::min<std::size_t>(announced_, believed));
             error = {};
         }
 
@@ -42,6 +43,9 @@ struct CollectedBody {
         std::size_t put(const Buffers& buffers, error_code& error) {
             std::size_t taken = 0;
             for (const asio::const_buffer piece : beast::buffers_range_ref(buffers)) {
+                if (body_.capacity() - body_.size() < piece.size() && body_.capacity() < announced_) {
+                    body_.reserve(announced_);  // bounded by the limit on bodies
+                }
                 body_.append(static_cast<const char*>(piece.data()), piece.size());
                 taken += piece.size();
             }
@@ -53,6 +57,7 @@ struct CollectedBody {
 
     private:
         value_type& body_;
+        std::size_t announced_ = 0;
     };
 };
 
