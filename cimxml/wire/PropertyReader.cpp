@@ -6,6 +6,7 @@
 #include <cstring>
 #include <iterator>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "cimxml/common/CIMObjectRep.h"
@@ -22,6 +23,8 @@ namespace cimxml {
 using namespace Pegasus;
 
 namespace {
+
+constexpr std::string_view propertyElement = "PROPERTY";  // how the names of all three begin
 
 /// The size of a fixed-size array. A value of another size overrules it.
 Uint32 sizeFor(const Attributes& node, const CIMValue& value) {
@@ -41,51 +44,55 @@ std::string qualifierText(pugi::xml_node qualifier) {
 
 }  // namespace
 
-PropertyReader::Children PropertyReader::childrenOf(pugi::xml_node node) {
-    Children children;
+PropertyReader::Parts PropertyReader::partsOf(pugi::xml_node node) {
+    Parts parts;
+    const char* const kind = node.name() + propertyElement.size();
+    parts.kind = std::strcmp(kind, ".ARRAY") == 0       ? Kind::Array
+                 : std::strcmp(kind, ".REFERENCE") == 0 ? Kind::Reference
+                                                        : Kind::Scalar;
     for (pugi::xml_node child = firstElement(node); child; child = nextElement(child)) {
         if (isElement(child, "QUALIFIER")) {
-            children.hasQualifiers = true;
-        } else if (!children.value) {
-            children.value = child;
+            parts.hasQualifiers = true;
+        } else if (!parts.value) {
+            parts.value = child;
         }
     }
-    return children;
+    return parts;
 }
 
 bool PropertyReader::isProperty(pugi::xml_node node) {
-    return std::strncmp(node.name(), "PROPERTY", 8) == 0;
+    return std::strncmp(node.name(), propertyElement.data(), propertyElement.size()) == 0;
 }
 
 CIMProperty PropertyReader::read(pugi::xml_node node, PropertyBlock& block) {
     PathReader names(context_);
     const Attributes attributes(node);
-    const Children children = childrenOf(node);
+    const Parts parts = partsOf(node);
     KnownName& name = names.findName(attributes, "NAME");
-    CIMValue value = readValue(attributes, children, name);
+    CIMValue value = readValue(attributes, parts, name);
     const Uint32 size = sizeFor(attributes, value);
     const bool isReference = value.getType() == CIMTYPE_REFERENCE;
     CIMProperty property = block.make(
         name.name, std::move(value), size,
         isReference ? names.readOptionalName(attributes, "REFERENCECLASS") : CIMName(),
         names.readOptionalName(attributes, "CLASSORIGIN"), booleanAttribute(attributes, "PROPAGATED", false));
-    if (children.hasQualifiers) {
+    if (parts.hasQualifiers) {
         QualifierReader(context_).addTo(property, node);
     }
     return property;
 }
 
-CIMValue PropertyReader::readValue(const Attributes& node, const Children& children, KnownName& name) {
-    const bool array = isElement(node.element(), "PROPERTY.ARRAY");
-    const CIMType type = typeOf(node, children);
-    if (children.value) {
-        return ValueReader(context_).readAgain(children.value, type, array, name);
+CIMValue PropertyReader::readValue(const Attributes& node, const Parts& parts, KnownName& name) {
+    const bool array = parts.kind == Kind::Array;
+    const CIMType type = typeOf(node, parts);
+    if (parts.value) {
+        return ValueReader(context_).readAgain(parts.value, type, array, name);
     }
     return CIMValue(type, array, array ? readArraySize(node) : 0);
 }
 
-CIMType PropertyReader::typeOf(const Attributes& node, const Children& children) {
-    if (isElement(node.element(), "PROPERTY.REFERENCE")) {
+CIMType PropertyReader::typeOf(const Attributes& node, const Parts& parts) {
+    if (parts.kind == Kind::Reference) {
         return CIMTYPE_REFERENCE;
     }
     const CIMType type = readType(node);
@@ -93,7 +100,7 @@ CIMType PropertyReader::typeOf(const Attributes& node, const Children& children)
         return type;
     }
     const auto embedded = readEmbeddedType(node);
-    if (embedded || !children.hasQualifiers) {
+    if (embedded || !parts.hasQualifiers) {
         return embedded.value_or(CIMTYPE_STRING);
     }
     return embeddedByQualifier(node.element());

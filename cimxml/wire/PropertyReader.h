@@ -23,15 +23,19 @@ public:
     void addTo(Owner& owner, pugi::xml_node node);
 
 private:
-    struct Children {
-        pugi::xml_node value;  ///< The first that is no qualifier; null when there is none.
+    enum class Kind { Scalar, Array, Reference };
+
+    /// What a property's element is made of.
+    struct Parts {
+        Kind kind = Kind::Scalar;
+        pugi::xml_node value;  ///< The first child that is no qualifier; null when there is none.
         bool hasQualifiers = false;
     };
-    static Children childrenOf(pugi::xml_node node);
+    static Parts partsOf(pugi::xml_node node);
 
     Pegasus::CIMProperty read(pugi::xml_node node, Pegasus::PropertyBlock& block);
-    Pegasus::CIMValue readValue(const Attributes& node, const Children& children, KnownName& name);
-    Pegasus::CIMType typeOf(const Attributes& node, const Children& children);
+    Pegasus::CIMValue readValue(const Attributes& node, const Parts& parts, KnownName& name);
+    Pegasus::CIMType typeOf(const Attributes& node, const Parts& parts);
     Pegasus::CIMType embeddedByQualifier(pugi::xml_node node);
 
     DecodeContext& context_;
