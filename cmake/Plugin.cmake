@@ -23,6 +23,8 @@ target_link_libraries(cimhttp PRIVATE "$<LINK_LIBRARY:WHOLE_ARCHIVE,cimhttp_core
                       PUBLIC VSK::SDK OpenPegasus::Client Boost::headers)
 target_include_directories(cimhttp PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include/plugin>")
 
+cimhttp_describe_library(cimhttp "CIM-XML namespace provider")
+
 install(TARGETS cimhttp RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(DIRECTORY include/plugin/cimhttp DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")

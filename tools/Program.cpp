@@ -50,7 +50,7 @@ ExitStatus run(int argc, const char* const* argv, Notices& notices, Progress& pr
 }  // namespace
 
 int runProgram(int argc, const char* const* argv) {
-    terminal::handleSignals();
+    terminal::prepare();
     std::ios::sync_with_stdio(false);
     Progress progress(std::cerr, terminal::isError(), terminal::width(true));
     Notices notices(std::cerr, progress);

@@ -5,7 +5,7 @@
 
 namespace tool {
 
-/// The person's terminal, and the signals that come from it.
+/// The person's terminal, and the signals that come from it. Windows has an implementation of its own.
 namespace terminal {
 
 bool isInput();   ///< Standard input is a terminal.
@@ -19,9 +19,10 @@ std::size_t width(bool error = false);
 /// input ends first.
 std::string readSecret(const std::string& prompt);
 
-/// Ctrl-C and SIGTERM end the process as they would, after the terminal was put in order. A closed output
-/// pipe shows as a failed write instead of a signal: server connections could raise it just as well.
-void handleSignals();
+/// To be called first. Ctrl-C and SIGTERM end the process as they would, after the terminal was put in order.
+/// A closed output pipe shows as a failed write instead of a signal: server connections could raise it just
+/// as well. What is written is UTF-8 and goes out byte by byte as it is, where a system had other habits.
+void prepare();
 
 /// Tells the signal handler whether a progress line stands on standard error and is to be wiped.
 void setProgressShown(bool shown);

@@ -19,6 +19,14 @@ using net::ip::tcp;
                              std::to_string(endpoint.port) + ": " + why);
 }
 
+/// A port is free again as soon as its server is gone, though some of its connections may still be ending. So
+/// it is on Windows without more; there the option would let a second server take the port of a first.
+void takePortAtOnce([[maybe_unused]] tcp::acceptor& acceptor, [[maybe_unused]] error_code& error) {
+#if !defined(_WIN32)
+    acceptor.set_option(tcp::acceptor::reuse_address(true), error);
+#endif
+}
+
 void bind(tcp::acceptor& acceptor, const Endpoint& endpoint) {
     error_code error;
     const auto address = net::ip::make_address(endpoint.address, error);
@@ -28,7 +36,7 @@ void bind(tcp::acceptor& acceptor, const Endpoint& endpoint) {
     const tcp::endpoint local(address, endpoint.port);
     acceptor.open(local.protocol(), error);
     if (!error) {
-        acceptor.set_option(tcp::acceptor::reuse_address(true), error);
+        takePortAtOnce(acceptor, error);
     }
     if (!error && address.is_v6()) {
         acceptor.set_option(net::ip::v6_only(true), error);

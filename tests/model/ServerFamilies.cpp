@@ -83,7 +83,7 @@ protected:
         return names;
     }
 
-    static long CountOf(const Names& names, const std::string& name) {
+    static std::ptrdiff_t CountOf(const Names& names, const std::string& name) {
         return std::count(names.begin(), names.end(), name);
     }
 

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <sys/types.h>
-
 #include <chrono>
 #include <cstddef>
 #include <limits>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -59,29 +58,8 @@ public:
     ProcessResult wait();
 
 private:
-    /// One of its outputs, read as far as it came.
-    struct Stream {
-        int handle = -1;
-        std::string text;
-    };
-
-    void startOnPipes(const std::vector<std::string>& command, const ProcessOptions& options);
-    void startOnTerminal(const std::vector<std::string>& command, const ProcessOptions& options);
-    bool readMore();
-    static void readSome(Stream& stream);
-    static void close(Stream& stream);
-    std::chrono::milliseconds timeLeft() const;
-    int waitForEnd();
-    void giveUp();
-
-    std::chrono::milliseconds longestRun_;
-    std::chrono::steady_clock::time_point end_;
-    std::size_t closeOutputAfter_;
-    std::size_t consumed_ = 0;
-    pid_t process_ = -1;
-    bool killed_ = false;
-    Stream out_;
-    Stream err_;
+    class Impl;
+    std::unique_ptr<Impl> impl_;
 };
 
 /// The lines of an output, without their ends.

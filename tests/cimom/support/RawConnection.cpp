@@ -1,34 +1,27 @@
 #include "tests/cimom/support/RawConnection.h"
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
 #include <openssl/ssl.h>
-#include <poll.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
-#include <cerrno>
 #include <csignal>
-#include <cstring>
 #include <stdexcept>
 
 #include "cimom/common/Text.h"
+#include "tests/cimom/support/Sockets.h"
 
 namespace cimom::test {
 namespace {
 
 constexpr int kLongestWaitSeconds = 10;
 
-[[noreturn]] void fail(const std::string& what) {
-    throw std::runtime_error(what + ": " + std::strerror(errno));
+[[noreturn]] void fail(const std::string& what, int error) {
+    throw std::runtime_error(what + ": " + textOfSocketError(error));
 }
 
-int connectTo(const std::string& address, std::uint16_t port) {
+Socket connectTo(const std::string& address, std::uint16_t port) {
     const bool ipv6 = address.find(':') != std::string::npos;
-    const int handle = ::socket(ipv6 ? AF_INET6 : AF_INET, SOCK_STREAM, 0);
-    timeval wait{kLongestWaitSeconds, 0};
-    ::setsockopt(handle, SOL_SOCKET, SO_RCVTIMEO, &wait, sizeof wait);
-    ::setsockopt(handle, SOL_SOCKET, SO_SNDTIMEO, &wait, sizeof wait);
+    startSockets();
+    const Socket handle = ::socket(ipv6 ? AF_INET6 : AF_INET, SOCK_STREAM, 0);
+    limitWaiting(handle, kLongestWaitSeconds);
     sockaddr_storage storage{};
     socklen_t size = 0;
     if (ipv6) {
@@ -45,10 +38,9 @@ int connectTo(const std::string& address, std::uint16_t port) {
         size = sizeof *target;
     }
     if (::connect(handle, reinterpret_cast<sockaddr*>(&storage), size) != 0) {
-        const int error = errno;
-        ::close(handle);
-        errno = error;
-        fail("cannot connect to " + address + " port " + std::to_string(port));
+        const int error = lastSocketError();
+        closeSocket(handle);
+        fail("cannot connect to " + address + " port " + std::to_string(port), error);
     }
     return handle;
 }
@@ -72,26 +64,28 @@ SslContext makeContext(RawConnection::Tls tls) {
 }  // namespace
 
 struct RawConnection::Impl {
-    int handle = -1;
+    Socket handle{};
     SslContext context{nullptr, SSL_CTX_free};
     std::unique_ptr<SSL, decltype(&SSL_free)> ssl{nullptr, SSL_free};
 
     ~Impl() {
         ssl.reset();
-        ::close(handle);
+        closeSocket(handle);
     }
 };
 
 RawConnection::RawConnection(const std::string& address, std::uint16_t port, Tls tls)
     : impl_(std::make_unique<Impl>()) {
+#ifdef SIGPIPE
     std::signal(SIGPIPE, SIG_IGN);
+#endif
     impl_->handle = connectTo(address, port);
     if (tls == Tls::None) {
         return;
     }
     impl_->context = makeContext(tls);
     impl_->ssl.reset(SSL_new(impl_->context.get()));
-    SSL_set_fd(impl_->ssl.get(), impl_->handle);
+    SSL_set_fd(impl_->ssl.get(), static_cast<int>(impl_->handle));
     if (SSL_connect(impl_->ssl.get()) != 1) {
         throw std::runtime_error("the TLS handshake failed");
     }
@@ -103,7 +97,7 @@ bool RawConnection::send(std::string_view bytes) {
     while (!bytes.empty()) {
         const auto sent = impl_->ssl
                               ? SSL_write(impl_->ssl.get(), bytes.data(), static_cast<int>(bytes.size()))
-                              : ::send(impl_->handle, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+                              : ::send(impl_->handle, bytes.data(), bytes.size(), kSendFlags);
         if (sent <= 0) {
             return false;
         }
@@ -113,15 +107,15 @@ bool RawConnection::send(std::string_view bytes) {
 }
 
 void RawConnection::finishSending() {
-    ::shutdown(impl_->handle, SHUT_WR);
+    ::shutdown(impl_->handle, kSendingSide);
 }
 
 std::string RawConnection::readSome() {
     char bytes[16384];
     const auto read = impl_->ssl ? SSL_read(impl_->ssl.get(), bytes, sizeof bytes)
                                  : ::recv(impl_->handle, bytes, sizeof bytes, 0);
-    if (read < 0 && (errno == EAGAIN || errno == EWOULDBLOCK)) {
-        fail("nothing came for ten seconds");
+    if (read < 0 && isTimeout(lastSocketError())) {
+        fail("nothing came for ten seconds", lastSocketError());
     }
     return read <= 0 ? std::string() : std::string(bytes, static_cast<std::size_t>(read));
 }
@@ -212,9 +206,8 @@ std::string RawConnection::readToEnd() {
 }
 
 bool RawConnection::readableWithin(int milliseconds) const {
-    pollfd entry{impl_->handle, POLLIN, 0};
     return !buffer_.empty() || (impl_->ssl && SSL_pending(impl_->ssl.get()) > 0) ||
-           ::poll(&entry, 1, milliseconds) > 0;
+           isReadable(impl_->handle, milliseconds);
 }
 
 std::string RawConnection::tlsVersion() const {

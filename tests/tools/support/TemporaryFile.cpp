@@ -1,23 +1,20 @@
 #include "tests/tools/support/TemporaryFile.h"
 
-#include <unistd.h>
-
 #include <cstdio>
-#include <cstdlib>
+#include <filesystem>
 #include <fstream>
+#include <random>
 #include <stdexcept>
 
 namespace tool {
 
 TemporaryFile::TemporaryFile(const std::string& content) {
-    const char* folder = std::getenv("TMPDIR");
-    path_ = std::string(folder == nullptr ? "/tmp" : folder) + "/cimhttp-test-XXXXXX";
-    const int file = mkstemp(path_.data());
-    if (file < 0) {
-        throw std::runtime_error("mkstemp");
+    const auto name = "cimhttp-test-" + std::to_string(std::random_device()());
+    path_ = (std::filesystem::temp_directory_path() / name).string();
+    std::ofstream file(path_, std::ios::binary);
+    if (!(file << content)) {
+        throw std::runtime_error("cannot write " + path_);
     }
-    close(file);
-    std::ofstream(path_, std::ios::binary) << content;
 }
 
 TemporaryFile::~TemporaryFile() {

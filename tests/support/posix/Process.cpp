@@ -121,14 +121,54 @@ std::string contentOf(const std::string& path) {
 
 }  // namespace
 
-Process::Process(const std::vector<std::string>& command, const ProcessOptions& options)
+/// The process of a POSIX system.
+class Process::Impl {
+public:
+    Impl(const std::vector<std::string>& command, const ProcessOptions& options);
+    ~Impl();
+    Impl(const Impl&) = delete;
+    Impl& operator=(const Impl&) = delete;
+
+    std::string readLine();
+    bool readUntil(const std::string& text);
+    void type(const std::string& text) const;
+    void signal(int number) const;
+    ProcessResult wait();
+
+private:
+    /// One of its outputs, read as far as it came.
+    struct Stream {
+        int handle = -1;
+        std::string text;
+    };
+
+    void startOnPipes(const std::vector<std::string>& command, const ProcessOptions& options);
+    void startOnTerminal(const std::vector<std::string>& command, const ProcessOptions& options);
+    bool readMore();
+    static void readSome(Stream& stream);
+    static void close(Stream& stream);
+    std::chrono::milliseconds timeLeft() const;
+    int waitForEnd();
+    void giveUp();
+
+    std::chrono::milliseconds longestRun_;
+    std::chrono::steady_clock::time_point end_;
+    std::size_t closeOutputAfter_;
+    std::size_t consumed_ = 0;
+    pid_t process_ = -1;
+    bool killed_ = false;
+    Stream out_;
+    Stream err_;
+};
+
+Process::Impl::Impl(const std::vector<std::string>& command, const ProcessOptions& options)
     : longestRun_(options.longestRun),
       end_(std::chrono::steady_clock::now() + longestRun_),
       closeOutputAfter_(options.closeOutputAfter) {
     options.terminal ? startOnTerminal(command, options) : startOnPipes(command, options);
 }
 
-Process::~Process() {
+Process::Impl::~Impl() {
     if (process_ > 0) {
         kill(process_, SIGKILL);
         waitpid(process_, nullptr, 0);
@@ -137,7 +177,7 @@ Process::~Process() {
     close(err_);
 }
 
-void Process::startOnPipes(const std::vector<std::string>& command, const ProcessOptions& options) {
+void Process::Impl::startOnPipes(const std::vector<std::string>& command, const ProcessOptions& options) {
     Pipe out;
     Pipe err;
     Spawn spawn;
@@ -149,7 +189,7 @@ void Process::startOnPipes(const std::vector<std::string>& command, const Proces
     err_.handle = err.takeReader();
 }
 
-void Process::startOnTerminal(const std::vector<std::string>& command, const ProcessOptions& options) {
+void Process::Impl::startOnTerminal(const std::vector<std::string>& command, const ProcessOptions& options) {
     out_.handle = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
     std::array<char, 64> name{};
     if (out_.handle < 0 || grantpt(out_.handle) != 0 || unlockpt(out_.handle) != 0 ||
@@ -168,7 +208,7 @@ void Process::startOnTerminal(const std::vector<std::string>& command, const Pro
     process_ = spawn.start(command, environmentWith(options.variables));
 }
 
-std::string Process::readLine() {
+std::string Process::Impl::readLine() {
     std::size_t end = std::string::npos;
     while ((end = out_.text.find('\n', consumed_)) == std::string::npos && readMore()) {
     }
@@ -177,7 +217,7 @@ std::string Process::readLine() {
     return line;
 }
 
-bool Process::readUntil(const std::string& text) {
+bool Process::Impl::readUntil(const std::string& text) {
     while (out_.text.find(text) == std::string::npos) {
         if (!readMore()) {
             return false;
@@ -186,15 +226,15 @@ bool Process::readUntil(const std::string& text) {
     return true;
 }
 
-void Process::type(const std::string& text) const {
+void Process::Impl::type(const std::string& text) const {
     [[maybe_unused]] const auto written = write(out_.handle, text.data(), text.size());
 }
 
-void Process::signal(int number) const {
+void Process::Impl::signal(int number) const {
     kill(process_, number);
 }
 
-ProcessResult Process::wait() {
+ProcessResult Process::Impl::wait() {
     while (readMore()) {
     }
     const int status = waitForEnd();
@@ -208,7 +248,7 @@ ProcessResult Process::wait() {
 }
 
 /// Its status as waitpid gives it. A program may go on after it has closed its outputs.
-int Process::waitForEnd() {
+int Process::Impl::waitForEnd() {
     int status = 0;
     while (waitpid(process_, &status, killed_ ? 0 : WNOHANG) == 0) {
         if (timeLeft().count() == 0) {
@@ -221,7 +261,7 @@ int Process::waitForEnd() {
 }
 
 /// Reads what comes next on either stream; false when both are closed.
-bool Process::readMore() {
+bool Process::Impl::readMore() {
     if (out_.handle < 0 && err_.handle < 0) {
         return false;
     }
@@ -242,7 +282,7 @@ bool Process::readMore() {
     return true;
 }
 
-void Process::readSome(Stream& stream) {
+void Process::Impl::readSome(Stream& stream) {
     std::array<char, 65536> buffer{};
     const ssize_t count = read(stream.handle, buffer.data(), buffer.size());
     if (count > 0) {
@@ -252,20 +292,20 @@ void Process::readSome(Stream& stream) {
     }
 }
 
-void Process::close(Stream& stream) {
+void Process::Impl::close(Stream& stream) {
     if (stream.handle >= 0) {
         ::close(stream.handle);
         stream.handle = -1;
     }
 }
 
-std::chrono::milliseconds Process::timeLeft() const {
+std::chrono::milliseconds Process::Impl::timeLeft() const {
     const auto left =
         std::chrono::duration_cast<std::chrono::milliseconds>(end_ - std::chrono::steady_clock::now());
     return std::max(left, std::chrono::milliseconds::zero());
 }
 
-void Process::giveUp() {
+void Process::Impl::giveUp() {
     const std::string folder = "/proc/" + std::to_string(process_) + '/';
     err_.text += "[killed after " + std::to_string(longestRun_.count()) + " ms, in " +
                  contentOf(folder + "wchan") + ", system call " + contentOf(folder + "syscall") + ", " +
@@ -276,17 +316,29 @@ void Process::giveUp() {
     killed_ = true;
 }
 
-std::vector<std::string> linesOf(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream input(text);
-    for (std::string line; std::getline(input, line);) {
-        lines.push_back(line);
-    }
-    return lines;
+Process::Process(const std::vector<std::string>& command, const ProcessOptions& options)
+    : impl_(std::make_unique<Impl>(command, options)) {}
+
+Process::~Process() = default;
+
+std::string Process::readLine() {
+    return impl_->readLine();
 }
 
-ProcessResult runProcess(const std::vector<std::string>& command, const ProcessOptions& options) {
-    return Process(command, options).wait();
+bool Process::readUntil(const std::string& text) {
+    return impl_->readUntil(text);
+}
+
+void Process::type(const std::string& text) const {
+    impl_->type(text);
+}
+
+void Process::signal(int number) const {
+    impl_->signal(number);
+}
+
+ProcessResult Process::wait() {
+    return impl_->wait();
 }
 
 }  // namespace support

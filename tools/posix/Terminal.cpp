@@ -93,7 +93,7 @@ std::string readSecret(const std::string& prompt) {
     return line;
 }
 
-void handleSignals() {
+void prepare() {
     std::signal(SIGINT, endAfterCleaning);
     std::signal(SIGTERM, endAfterCleaning);
     std::signal(SIGPIPE, SIG_IGN);

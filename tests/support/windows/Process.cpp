@@ -1,0 +1,242 @@
+#include "tests/support/Process.h"
+
+#include <windows.h>
+
+#include <array>
+#include <csignal>
+#include <cwchar>
+#include <map>
+#include <stdexcept>
+
+#include "tests/support/windows/OutputReader.h"
+
+namespace support {
+
+namespace {
+
+// What a program that was killed ends with.
+constexpr UINT kKilledStatus = 0xDEAD;
+
+std::wstring wide(const std::string& text) {
+    const int length = static_cast<int>(text.size());
+    std::wstring result(
+        static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, text.data(), length, nullptr, 0)), L'\0');
+    MultiByteToWideChar(CP_UTF8, 0, text.data(), length, result.data(), static_cast<int>(result.size()));
+    return result;
+}
+
+/// A word as the program's start-up code takes it back from a command line.
+std::wstring quoted(const std::wstring& word) {
+    std::wstring result = L"\"";
+    std::size_t backslashes = 0;
+    for (const wchar_t letter : word) {
+        if (letter == L'"') {
+            result.append(backslashes + 1, L'\\');
+        }
+        backslashes = letter == L'\\' ? backslashes + 1 : 0;
+        result += letter;
+    }
+    return result.append(backslashes, L'\\') + L'"';
+}
+
+std::wstring commandLineOf(const std::vector<std::string>& command) {
+    std::wstring line;
+    for (const std::string& word : command) {
+        line += (line.empty() ? L"" : L" ") + quoted(wide(word));
+    }
+    return line;
+}
+
+std::wstring environmentWith(const std::map<std::string, std::optional<std::string>>& changes) {
+    std::map<std::wstring, std::wstring> variables;
+    wchar_t* const block = GetEnvironmentStringsW();
+    for (const wchar_t* entry = block; *entry != L'\0'; entry += std::wcslen(entry) + 1) {
+        const std::wstring text = entry;
+        const std::size_t equals = text.find(L'=', 1);  // a drive's current folder begins with one
+        variables[text.substr(0, equals)] = text.substr(equals + 1);
+    }
+    FreeEnvironmentStringsW(block);
+    for (const auto& [name, value] : changes) {
+        variables.erase(wide(name));
+        if (value) {
+            variables[wide(name)] = wide(*value);
+        }
+    }
+    std::wstring result;
+    for (const auto& [name, value] : variables) {
+        (result += name + L'=' + value) += L'\0';
+    }
+    return result += L'\0';
+}
+
+HANDLE nothingToRead() {
+    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+    return CreateFileW(L"NUL", GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited, OPEN_EXISTING, 0,
+                       nullptr);
+}
+
+/// How a process starts: with these three streams, and none of this process's other handles, since a test's
+/// server stays reachable as long as anybody holds its socket.
+class Start {
+public:
+    explicit Start(std::array<HANDLE, 3> streams) : streams_(streams) {
+        SIZE_T size = 0;
+        InitializeProcThreadAttributeList(nullptr, 1, 0, &size);
+        attributes_.resize(size);
+        InitializeProcThreadAttributeList(list(), 1, 0, &size);
+        UpdateProcThreadAttribute(list(), 0, PROC_THREAD_ATTRIBUTE_HANDLE_LIST, streams_.data(),
+                                  sizeof streams_, nullptr, nullptr);
+    }
+    ~Start() { DeleteProcThreadAttributeList(list()); }
+    Start(const Start&) = delete;
+    Start& operator=(const Start&) = delete;
+
+    PROCESS_INFORMATION run(const std::vector<std::string>& command, std::wstring environment) {
+        STARTUPINFOEXW info{};
+        info.StartupInfo.cb = sizeof info;
+        info.StartupInfo.dwFlags = STARTF_USESTDHANDLES;
+        info.StartupInfo.hStdInput = streams_[0];
+        info.StartupInfo.hStdOutput = streams_[1];
+        info.StartupInfo.hStdError = streams_[2];
+        info.lpAttributeList = list();
+        std::wstring line = commandLineOf(command);
+        PROCESS_INFORMATION process{};
+        if (CreateProcessW(
+                nullptr, line.data(), nullptr, nullptr, TRUE,
+                EXTENDED_STARTUPINFO_PRESENT | CREATE_UNICODE_ENVIRONMENT | CREATE_NEW_PROCESS_GROUP,
+                environment.data(), nullptr, &info.StartupInfo, &process) == 0) {
+            throw std::runtime_error("cannot start " + command.front() + ": error " +
+                                     std::to_string(GetLastError()));
+        }
+        return process;
+    }
+
+private:
+    LPPROC_THREAD_ATTRIBUTE_LIST list() {
+        return reinterpret_cast<LPPROC_THREAD_ATTRIBUTE_LIST>(attributes_.data());
+    }
+
+    std::array<HANDLE, 3> streams_;
+    std::vector<unsigned char> attributes_;
+};
+
+}  // namespace
+
+/// The process of a Windows system. A signal stops it the hard way, save for the interrupt, which is
+/// Ctrl-Break.
+class Process::Impl {
+public:
+    Impl(const std::vector<std::string>& command, const ProcessOptions& options)
+        : longestRun_(options.longestRun),
+          end_(std::chrono::steady_clock::now() + longestRun_),
+          out_(options.closeOutputAfter),
+          err_(std::numeric_limits<std::size_t>::max()) {
+        if (options.terminal) {
+            throw std::runtime_error("no terminals on Windows");
+        }
+        const HANDLE nothing = nothingToRead();
+        process_ =
+            Start({nothing, out_.writer(), err_.writer()}).run(command, environmentWith(options.variables));
+        CloseHandle(nothing);
+        out_.start();
+        err_.start();
+    }
+    ~Impl() {
+        TerminateProcess(process_.hProcess, kKilledStatus);
+        CloseHandle(process_.hThread);
+        CloseHandle(process_.hProcess);
+    }
+    Impl(const Impl&) = delete;
+    Impl& operator=(const Impl&) = delete;
+
+    std::string readLine() {
+        std::size_t end = std::string::npos;
+        std::string text = out_.text();
+        while ((end = text.find('\n', consumed_)) == std::string::npos && readMore(text)) {
+        }
+        const std::string line = text.substr(consumed_, end - consumed_);
+        consumed_ = end == std::string::npos ? text.size() : end + 1;
+        return line;
+    }
+
+    bool readUntil(const std::string& what) {
+        std::string text = out_.text();
+        while (text.find(what) == std::string::npos) {
+            if (!readMore(text)) {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    void signal(int number) const {
+        if (number == SIGINT) {
+            GenerateConsoleCtrlEvent(CTRL_BREAK_EVENT, process_.dwProcessId);
+        } else {
+            TerminateProcess(process_.hProcess, kKilledStatus);
+        }
+    }
+
+    ProcessResult wait() {
+        std::string killed;
+        if (!out_.waitForEnd(end_) || !err_.waitForEnd(end_) ||
+            WaitForSingleObject(process_.hProcess, timeLeft()) != WAIT_OBJECT_0) {
+            TerminateProcess(process_.hProcess, kKilledStatus);
+            WaitForSingleObject(process_.hProcess, INFINITE);
+            killed = "[killed after " + std::to_string(longestRun_.count()) + " ms]\n";
+        }
+        DWORD status = 0;
+        GetExitCodeProcess(process_.hProcess, &status);
+        ProcessResult result;
+        result.status = status == kKilledStatus ? -1 : static_cast<int>(status);
+        result.signal = status == kKilledStatus ? SIGTERM : 0;
+        result.out = out_.text().substr(consumed_);
+        result.err = err_.text() + killed;
+        return result;
+    }
+
+private:
+    bool readMore(std::string& text) {
+        const bool more = out_.waitForMore(text.size(), end_);
+        text = out_.text();
+        return more;
+    }
+
+    DWORD timeLeft() const {
+        const auto left =
+            std::chrono::duration_cast<std::chrono::milliseconds>(end_ - std::chrono::steady_clock::now());
+        return left.count() > 0 ? static_cast<DWORD>(left.count()) : 0;
+    }
+
+    std::chrono::milliseconds longestRun_;
+    OutputReader::TimePoint end_;
+    std::size_t consumed_ = 0;
+    PROCESS_INFORMATION process_{};
+    OutputReader out_;
+    OutputReader err_;
+};
+
+Process::Process(const std::vector<std::string>& command, const ProcessOptions& options)
+    : impl_(std::make_unique<Impl>(command, options)) {}
+
+Process::~Process() = default;
+
+std::string Process::readLine() {
+    return impl_->readLine();
+}
+
+bool Process::readUntil(const std::string& text) {
+    return impl_->readUntil(text);
+}
+
+void Process::type(const std::string& /*text*/) const {}
+
+void Process::signal(int number) const {
+    impl_->signal(number);
+}
+
+ProcessResult Process::wait() {
+    return impl_->wait();
+}
+
+}  // namespace support
