@@ -5,6 +5,7 @@
 #include <string>
 
 #include "tools/Failure.h"
+#include "tools/Terminal.h"
 
 namespace tool {
 
@@ -37,7 +38,7 @@ void Output::check() {
     if (stream_) {
         return;
     }
-    if (errno == EPIPE) {
+    if (terminal::lostReader(errno)) {
         throw OutputClosed();
     }
     throw Failure(std::string("cannot write the output: ") + std::strerror(errno));

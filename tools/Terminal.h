@@ -15,6 +15,9 @@ bool isError();   ///< Standard error is one.
 /// Columns of the terminal behind standard output or, with `error`, standard error; 0 when there is none.
 std::size_t width(bool error = false);
 
+/// Whether standard output failed, with this errno, since nobody reads it any more.
+bool lostReader(int error);
+
 /// Asks on standard error and reads one line of standard input without showing it. Throws Failure when the
 /// input ends first.
 std::string readSecret(const std::string& prompt);

@@ -9,10 +9,15 @@ namespace cimom {
 class StopSignal::Impl {
 public:
     Impl() : signals_(io_, SIGINT, SIGTERM) {
+#if defined(SIGBREAK)
+        signals_.add(SIGBREAK);  // Windows: Ctrl-Break, or the window was closed
+#endif
         signals_.async_wait([](boost::system::error_code, int) {});
     }
 
-    void wait() { io_.run(); }
+    void wait() {
+        io_.run();
+    }
 
 private:
     boost::asio::io_context io_;

@@ -1,5 +1,10 @@
 // The CIM server as a program: serves the sample machine's nodes until it is told to stop.
 
+#if defined(_WIN32)
+#include <fcntl.h>
+#include <io.h>
+#endif
+
 #include <csignal>
 #include <cstdio>
 #include <exception>
@@ -104,9 +109,18 @@ int serve(const Options& options) {
     return 0;
 }
 
+/// Lines end the same everywhere.
+void writeAsItIs() {
+#if defined(_WIN32)
+    _setmode(_fileno(stdout), _O_BINARY);
+    _setmode(_fileno(stderr), _O_BINARY);
+#endif
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+    writeAsItIs();
     try {
         Options options;
         if (const auto status = cimom::readOptions(argc, argv, options)) {

@@ -72,6 +72,8 @@ public:
         context.run_for(deadline.remaining());
         if (!done) {
             error_code ignored;
+            // A close alone leaves what is being sent alone on some Windows systems, and the last run waits.
+            socket.cancel(ignored);
             socket.close(ignored);
             context.restart();
             context.run();

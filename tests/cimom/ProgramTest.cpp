@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <boost/asio/error.hpp>
 #include <csignal>
 #include <cstdio>
 #include <fstream>
@@ -78,7 +79,9 @@ TEST(Program, ServesANodePerAddressOverHttpAndHttps) {
               9U);
     program.signal(SIGTERM);
     const ProcessResult result = program.wait();
+#ifndef _WIN32  // which knows no such request
     EXPECT_EQ(result.status, 0);
+#endif
     EXPECT_EQ(result.err, "");
 }
 
@@ -156,7 +159,8 @@ TEST(Program, SaysInOneLineThatAPortIsInUse) {
     const std::string port = std::to_string(portOf(first.readLine()));
     const ProcessResult result = runProcess({kProgram, "--http-port", port, "--no-https"});
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.err, "cimom: cannot listen on 127.0.0.1 port " + port + ": Address already in use\n");
+    const boost::system::error_code inUse = boost::asio::error::address_in_use;
+    EXPECT_EQ(result.err, "cimom: cannot listen on 127.0.0.1 port " + port + ": " + inUse.message() + "\n");
 }
 
 TEST(Program, SaysInOneLineWhatElseIsWrong) {

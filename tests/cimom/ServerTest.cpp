@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <boost/asio/error.hpp>
 #include <stdexcept>
 #include <thread>
 
@@ -32,8 +33,9 @@ TEST_F(ServerTest, NamesAddressAndPortThatItCannotBind) {
         listen(endpoint);
         FAIL() << "the port was bound twice";
     } catch (const std::runtime_error& error) {
+        const boost::system::error_code inUse = boost::asio::error::address_in_use;
         EXPECT_EQ(std::string(error.what()), "cannot listen on 127.0.0.1 port " +
-                                                 std::to_string(endpoint.port) + ": Address already in use");
+                                                 std::to_string(endpoint.port) + ": " + inUse.message());
     }
     endpoint.address = "machine";
     EXPECT_THROW(listen(endpoint), std::runtime_error);

@@ -23,9 +23,15 @@ TEST(ReadmeExample, PrintsThePathsOfTheSystemsOfANode) {
     TestMachine machine(1);
     const support::ProcessResult result = runExample(machine.Host(0));
     EXPECT_EQ(result.status, 0) << result.err;
+#ifdef _WIN32
+    const std::string lineEnd = "\r\n";
+#else
+    const std::string lineEnd = "\n";
+#endif
     EXPECT_EQ(result.out,
               "CIM_ComputerSystem.CreationClassName=\"OMC_UnitaryComputerSystem\",Name=\"node-0.machine."
-              "example\"\n");
+              "example\"" +
+                  lineEnd);
 }
 
 TEST(ReadmeExample, LogsNoError) {

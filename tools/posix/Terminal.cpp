@@ -4,6 +4,7 @@
 #include <termios.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <iostream>
@@ -80,6 +81,10 @@ std::size_t width(bool error) {
         return 0;
     }
     return size.ws_col;
+}
+
+bool lostReader(int error) {
+    return error == EPIPE;
 }
 
 std::string readSecret(const std::string& prompt) {

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <atomic>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
@@ -138,6 +139,12 @@ bool isError() {
 
 std::size_t width(bool error) {
     return widthOf(GetStdHandle(error ? STD_ERROR_HANDLE : STD_OUTPUT_HANDLE));
+}
+
+// The C library has no number of its own for it, or forgets it.
+bool lostReader(int error) {
+    return error == EPIPE || ((error == 0 || error == EINVAL) &&
+                              GetFileType(GetStdHandle(STD_OUTPUT_HANDLE)) == FILE_TYPE_PIPE);
 }
 
 std::string readSecret(const std::string& prompt) {

@@ -97,7 +97,7 @@ bool RawConnection::send(std::string_view bytes) {
     while (!bytes.empty()) {
         const auto sent = impl_->ssl
                               ? SSL_write(impl_->ssl.get(), bytes.data(), static_cast<int>(bytes.size()))
-                              : ::send(impl_->handle, bytes.data(), bytes.size(), kSendFlags);
+                              : sendSome(impl_->handle, bytes);
         if (sent <= 0) {
             return false;
         }

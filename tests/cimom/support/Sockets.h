@@ -16,6 +16,7 @@
 #endif
 
 #include <string>
+#include <string_view>
 #include <system_error>
 
 namespace cimom::test {
@@ -23,7 +24,6 @@ namespace cimom::test {
 #ifdef _WIN32
 
 using Socket = SOCKET;
-constexpr int kSendFlags = 0;
 constexpr int kSendingSide = SD_SEND;
 
 /// Has the system's sockets ready, for the rest of the process.
@@ -47,6 +47,10 @@ inline void closeSocket(Socket handle) {
     closesocket(handle);
 }
 
+inline int sendSome(Socket handle, std::string_view bytes) {
+    return ::send(handle, bytes.data(), static_cast<int>(bytes.size()), 0);
+}
+
 inline bool isReadable(Socket handle, int milliseconds) {
     WSAPOLLFD entry{handle, POLLIN, 0};
     return WSAPoll(&entry, 1, milliseconds) > 0;
@@ -63,7 +67,6 @@ inline void limitWaiting(Socket handle, int seconds) {
 #else
 
 using Socket = int;
-constexpr int kSendFlags = MSG_NOSIGNAL;
 constexpr int kSendingSide = SHUT_WR;
 
 /// Has the system's sockets ready, for the rest of the process.
@@ -79,6 +82,10 @@ inline bool isTimeout(int error) {
 
 inline void closeSocket(Socket handle) {
     ::close(handle);
+}
+
+inline ssize_t sendSome(Socket handle, std::string_view bytes) {
+    return ::send(handle, bytes.data(), bytes.size(), MSG_NOSIGNAL);
 }
 
 inline bool isReadable(Socket handle, int milliseconds) {

@@ -27,6 +27,9 @@ std::wstring wide(const std::string& text) {
 
 /// A word as the program's start-up code takes it back from a command line.
 std::wstring quoted(const std::wstring& word) {
+    if (!word.empty() && word.find_first_of(L" \t\"") == std::wstring::npos) {
+        return word;
+    }
     std::wstring result = L"\"";
     std::size_t backslashes = 0;
     for (const wchar_t letter : word) {
@@ -122,8 +125,8 @@ private:
 
 }  // namespace
 
-/// The process of a Windows system. A signal stops it the hard way, save for the interrupt, which is
-/// Ctrl-Break.
+/// The process of a Windows system. There a program asks another to end through a console that both share,
+/// which tests have none of: every signal ends it at once.
 class Process::Impl {
 public:
     Impl(const std::vector<std::string>& command, const ProcessOptions& options)
@@ -169,13 +172,7 @@ public:
         return true;
     }
 
-    void signal(int number) const {
-        if (number == SIGINT) {
-            GenerateConsoleCtrlEvent(CTRL_BREAK_EVENT, process_.dwProcessId);
-        } else {
-            TerminateProcess(process_.hProcess, kKilledStatus);
-        }
-    }
+    void signal() const { TerminateProcess(process_.hProcess, kKilledStatus); }
 
     ProcessResult wait() {
         std::string killed;
@@ -231,8 +228,8 @@ bool Process::readUntil(const std::string& text) {
 
 void Process::type(const std::string& /*text*/) const {}
 
-void Process::signal(int number) const {
-    impl_->signal(number);
+void Process::signal(int /*number*/) const {
+    impl_->signal();
 }
 
 ProcessResult Process::wait() {
