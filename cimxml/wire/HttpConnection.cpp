@@ -97,14 +97,15 @@ HttpResponse take(Parser& parser, std::string_view statusLine, bool nothingLeft)
 
 }  // namespace
 
+class HttpConnection::Buffer : public beast::flat_buffer {
+    using beast::flat_buffer::flat_buffer;
+};
+
 /// Receives the answers to one request.
 class HttpConnection::Receiver {
 public:
-    Receiver(ByteStream& stream, const Limits& limits, Deadline deadline)
-        : stream_(stream),
-          limits_(limits),
-          deadline_(deadline),
-          buffer_(limits.headerBytes + readPieceSize) {}
+    Receiver(ByteStream& stream, const Limits& limits, Deadline deadline, Buffer& buffer)
+        : stream_(stream), limits_(limits), deadline_(deadline), buffer_(buffer) {}
 
     HttpResponse receive() {
         for (;;) {
@@ -197,13 +198,17 @@ private:
     ByteStream& stream_;
     const Limits& limits_;
     Deadline deadline_;
-    beast::flat_buffer buffer_;
+    Buffer& buffer_;
     std::string statusLine_;
     std::size_t received_ = 0;
 };
 
 HttpConnection::HttpConnection(std::unique_ptr<ByteStream> stream, const Limits& limits)
-    : stream_(std::move(stream)), limits_(limits) {}
+    : stream_(std::move(stream)),
+      limits_(limits),
+      buffer_(std::make_unique<Buffer>(limits.headerBytes + readPieceSize)) {}
+
+HttpConnection::~HttpConnection() = default;
 
 bool HttpConnection::isIdle() {
     char stray = 0;
@@ -212,7 +217,8 @@ bool HttpConnection::isIdle() {
 
 HttpResponse HttpConnection::exchange(std::string_view request, Deadline deadline) {
     send(request, deadline);
-    return Receiver(*stream_, limits_, deadline).receive();
+    buffer_->clear();
+    return Receiver(*stream_, limits_, deadline, *buffer_).receive();
 }
 
 void HttpConnection::send(std::string_view request, Deadline deadline) {

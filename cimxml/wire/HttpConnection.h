@@ -13,6 +13,7 @@ namespace cimxml {
 class HttpConnection {
 public:
     HttpConnection(std::unique_ptr<ByteStream> stream, const Limits& limits);
+    ~HttpConnection();
 
     /// Whether nothing at all has come from the server since the last answer. A connection that has ended, or
     /// on which something unasked arrived, is of no more use.
@@ -24,11 +25,13 @@ public:
     HttpResponse exchange(std::string_view request, Deadline deadline);
 
 private:
+    class Buffer;
     class Receiver;
     void send(std::string_view request, Deadline deadline);
 
     std::unique_ptr<ByteStream> stream_;
     Limits limits_;
+    std::unique_ptr<Buffer> buffer_;  ///< What answers are received into; kept from one to the next.
 };
 
 }  // namespace cimxml
