@@ -1,5 +1,6 @@
 #include "bench/Contestant.h"
 
+#include <malloc.h>
 #include <signal.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
@@ -53,6 +54,14 @@ double PeakMemory() {
     return static_cast<double>(usage.ru_maxrss) * 1024;
 }
 
+/// What a process frees stays with it. Fresh pages cost ten times as much on one machine as on another, and
+/// whether the allocator gives pages back depends on what happens to stand above them: neither is what is
+/// measured.
+void KeepFreedMemory() {
+    mallopt(M_MMAP_MAX, 0);
+    mallopt(M_TRIM_THRESHOLD, -1);
+}
+
 /// Says that the work is prepared, does a round for each byte that arrives, and tells the peak memory at the
 /// end of them.
 void Obey(int channel, const Contestant::Work& work) {
@@ -80,6 +89,7 @@ Contestant::Contestant(std::string name, const std::function<Work()>& prepare) :
     if (process_ == 0) {
         prctl(PR_SET_PDEATHSIG, SIGKILL);
         prctl(PR_SET_NAME, name_.c_str());  // for profilers
+        KeepFreedMemory();
         close(ends[0]);
         try {
             Obey(ends[1], prepare());
