@@ -68,9 +68,6 @@ private:
     void GiveUp(const ClientFailure& failure);
     ClientFailure FailureOf(const char* operation, const std::string& subject) const;
 
-    /// How long the client library waits from now on, in milliseconds.
-    void LimitWaiting(unsigned int timeout) { link_->SetTimeout(ClientTimeout(timeout)); }
-
     const std::size_t node_;
     const std::unique_ptr<ServerLink> link_ = MakeServerLink();
     bool isConnected_ = false;
@@ -107,7 +104,7 @@ bool PegClient::Impl::Open(const char* operation, const ServerAddress& address) 
         LogFailure(exception, failure);
     };
     try {
-        LimitWaiting(kConnectTimeoutMs);
+        link_->SetTimeout(kConnectTimeoutMs);
         link_->Connect(address);
         isConnected_ = true;
         if (observer_ != nullptr) {
@@ -179,7 +176,7 @@ void PegClient::Impl::Request(const char* operation, const std::string& subject,
     if (!isConnected_) {
         return;
     }
-    LimitWaiting(timeout);
+    link_->SetTimeout(timeout);
     ClientFailure failure = FailureOf(operation, subject);
     for (int attempt = 0; attempt < kAttempts; ++attempt) {
         const Outcome outcome = Attempt(send, failure);
@@ -198,10 +195,10 @@ void PegClient::Impl::Request(const char* operation, const std::string& subject,
             return;
         }
         if (outcome == Outcome::kTimedOut) {
-            LimitWaiting(Doubled(timeout));
+            link_->SetTimeout(Doubled(timeout));
         } else {
             Reconnect();
-            LimitWaiting(timeout);  // connecting set its own
+            link_->SetTimeout(timeout);  // connecting set its own
         }
     }
 }

@@ -10,51 +10,6 @@ namespace NQELVSK20 {
 
 namespace {
 
-class LibraryLink : public ServerLink {
-public:
-    void Connect(const ServerAddress& to) override {
-        const auto port = static_cast<Pegasus::Uint32>(to.port);
-        if (to.isEncrypted) {
-            // No trust store and no callback: the certificate is not checked.
-            const Pegasus::SSLContext context(Pegasus::String::EMPTY, nullptr, Pegasus::String::EMPTY);
-            client_.connect(FromText(to.host), port, context, FromText(to.user), FromText(to.password));
-        } else {
-            client_.connect(FromText(to.host), port, FromText(to.user), FromText(to.password));
-        }
-    }
-    void Disconnect() override { client_.disconnect(); }
-    void SetTimeout(unsigned int milliseconds) override { client_.setTimeout(milliseconds); }
-    Pegasus::CIMClient& Library() override { return client_; }
-
-    Pegasus::CIMClass GetClass(const Namespace& nameSpace, const Name& className, bool localOnly,
-                               bool includeQualifiers, bool includeClassOrigin,
-                               const Properties& propertyList) override {
-        return client_.getClass(nameSpace, className, localOnly, includeQualifiers, includeClassOrigin,
-                                propertyList);
-    }
-    Pegasus::Array<Pegasus::CIMInstance> EnumerateInstances(const Namespace& nameSpace, const Name& className,
-                                                            bool deepInheritance, bool localOnly,
-                                                            bool includeQualifiers, bool includeClassOrigin,
-                                                            const Properties& propertyList) override {
-        return client_.enumerateInstances(nameSpace, className, deepInheritance, localOnly, includeQualifiers,
-                                          includeClassOrigin, propertyList);
-    }
-    Pegasus::CIMValue InvokeMethod(const Namespace& nameSpace, const Path& path, const Name& method,
-                                   const Parameters& inputs, Parameters& outputs) override {
-        return client_.invokeMethod(nameSpace, path, method, inputs, outputs);
-    }
-    Pegasus::Array<Name> EnumerateClassNames(const Namespace& nameSpace, const Name& className,
-                                             bool deepInheritance) override {
-        return client_.enumerateClassNames(nameSpace, className, deepInheritance);
-    }
-    Pegasus::Array<Path> EnumerateInstanceNames(const Namespace& nameSpace, const Name& className) override {
-        return client_.enumerateInstanceNames(nameSpace, className);
-    }
-
-private:
-    Pegasus::CIMClient client_;
-};
-
 ServerLinkMaker& ReplacedMaker() {
     static ServerLinkMaker maker;
     return maker;
@@ -62,8 +17,49 @@ ServerLinkMaker& ReplacedMaker() {
 
 }  // namespace
 
+void ServerLink::Connect(const ServerAddress& to) {
+    const auto port = static_cast<Pegasus::Uint32>(to.port);
+    if (to.isEncrypted) {
+        // No trust store and no callback: the certificate is not checked.
+        const Pegasus::SSLContext context(Pegasus::String::EMPTY, nullptr, Pegasus::String::EMPTY);
+        client_.connect(FromText(to.host), port, context, FromText(to.user), FromText(to.password));
+    } else {
+        client_.connect(FromText(to.host), port, FromText(to.user), FromText(to.password));
+    }
+}
+
+Pegasus::CIMClass ServerLink::GetClass(const Namespace& nameSpace, const Name& className, bool localOnly,
+                                       bool includeQualifiers, bool includeClassOrigin,
+                                       const Properties& propertyList) {
+    return client_.getClass(nameSpace, className, localOnly, includeQualifiers, includeClassOrigin,
+                            propertyList);
+}
+
+Pegasus::Array<Pegasus::CIMInstance> ServerLink::EnumerateInstances(
+    const Namespace& nameSpace, const Name& className, bool deepInheritance, bool localOnly,
+    bool includeQualifiers, bool includeClassOrigin, const Properties& propertyList) {
+    return client_.enumerateInstances(nameSpace, className, deepInheritance, localOnly, includeQualifiers,
+                                      includeClassOrigin, propertyList);
+}
+
+Pegasus::CIMValue ServerLink::InvokeMethod(const Namespace& nameSpace, const Path& path, const Name& method,
+                                           const Parameters& inputs, Parameters& outputs) {
+    return client_.invokeMethod(nameSpace, path, method, inputs, outputs);
+}
+
+Pegasus::Array<ServerLink::Name> ServerLink::EnumerateClassNames(const Namespace& nameSpace,
+                                                                 const Name& className,
+                                                                 bool deepInheritance) {
+    return client_.enumerateClassNames(nameSpace, className, deepInheritance);
+}
+
+Pegasus::Array<ServerLink::Path> ServerLink::EnumerateInstanceNames(const Namespace& nameSpace,
+                                                                    const Name& className) {
+    return client_.enumerateInstanceNames(nameSpace, className);
+}
+
 std::unique_ptr<ServerLink> MakeServerLink() {
-    return ReplacedMaker() ? ReplacedMaker()() : std::make_unique<LibraryLink>();
+    return ReplacedMaker() ? ReplacedMaker()() : std::make_unique<ServerLink>();
 }
 
 void ReplaceServerLinks(ServerLinkMaker maker) {

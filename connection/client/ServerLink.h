@@ -17,8 +17,8 @@ struct ServerAddress {
     std::string password;
 };
 
-/// What a PegClient needs of the remote library's client. Each operation does what the library's of that name
-/// does, and throws its exceptions.
+/// What a PegClient needs of the remote library's client. Each operation is the library's of that name, and
+/// throws its exceptions; tests replace them.
 class ServerLink {
 public:
     using Name = Pegasus::CIMName;
@@ -27,27 +27,34 @@ public:
     using Properties = Pegasus::CIMPropertyList;
     using Parameters = Pegasus::Array<Pegasus::CIMParamValue>;
 
+    ServerLink() = default;
+    ServerLink(const ServerLink&) = delete;
+    ServerLink& operator=(const ServerLink&) = delete;
     virtual ~ServerLink() = default;
 
-    virtual void Connect(const ServerAddress& address) = 0;
-    virtual void Disconnect() = 0;
-    virtual void SetTimeout(unsigned int milliseconds) = 0;
+    virtual void Connect(const ServerAddress& to);
+    virtual void Disconnect() { client_.disconnect(); }
+
+    /// How long the library waits from now on, in milliseconds.
+    virtual void SetTimeout(unsigned int milliseconds) { client_.setTimeout(milliseconds); }
 
     /// The library's client itself; owned by the link.
-    virtual Pegasus::CIMClient& Library() = 0;
+    Pegasus::CIMClient& Library() { return client_; }
 
     virtual Pegasus::CIMClass GetClass(const Namespace& nameSpace, const Name& className, bool localOnly,
                                        bool includeQualifiers, bool includeClassOrigin,
-                                       const Properties& propertyList) = 0;
+                                       const Properties& propertyList);
     virtual Pegasus::Array<Pegasus::CIMInstance> EnumerateInstances(
         const Namespace& nameSpace, const Name& className, bool deepInheritance, bool localOnly,
-        bool includeQualifiers, bool includeClassOrigin, const Properties& propertyList) = 0;
+        bool includeQualifiers, bool includeClassOrigin, const Properties& propertyList);
     virtual Pegasus::CIMValue InvokeMethod(const Namespace& nameSpace, const Path& path, const Name& method,
-                                           const Parameters& inputs, Parameters& outputs) = 0;
+                                           const Parameters& inputs, Parameters& outputs);
     virtual Pegasus::Array<Name> EnumerateClassNames(const Namespace& nameSpace, const Name& className,
-                                                     bool deepInheritance) = 0;
-    virtual Pegasus::Array<Path> EnumerateInstanceNames(const Namespace& nameSpace,
-                                                        const Name& className) = 0;
+                                                     bool deepInheritance);
+    virtual Pegasus::Array<Path> EnumerateInstanceNames(const Namespace& nameSpace, const Name& className);
+
+private:
+    Pegasus::CIMClient client_;
 };
 
 using ServerLinkMaker = boost::function<std::unique_ptr<ServerLink>()>;

@@ -27,27 +27,19 @@ void Wait(unsigned int milliseconds) {
 }
 #endif
 
-Waiting& Replacement() {
-    static Waiting replacement;
-    return replacement;
+boost::function<void(unsigned int)>& Replacement() {
+    static boost::function<void(unsigned int)> pause;
+    return pause;
 }
 
 }  // namespace
 
 void ReconnectPause(unsigned int milliseconds) {
-    if (Replacement().pause) {
-        Replacement().pause(milliseconds);
-    } else {
-        Wait(milliseconds);
-    }
+    (Replacement() ? Replacement() : Wait)(milliseconds);
 }
 
-unsigned int ClientTimeout(unsigned int milliseconds) {
-    return Replacement().timeout ? Replacement().timeout(milliseconds) : milliseconds;
-}
-
-void ReplaceWaiting(Waiting waiting) {
-    Replacement() = std::move(waiting);
+void ReplacePause(boost::function<void(unsigned int)> pause) {
+    Replacement() = std::move(pause);
 }
 
 }  // namespace NQELVSK20

@@ -12,21 +12,12 @@
 namespace NQELVSK20 {
 namespace {
 
-TEST(WaitingTest, TimeoutsAreWhatWasAskedUnlessATestReplacesThem) {
-    ReplaceWaiting({});
-    EXPECT_EQ(ClientTimeout(15000), 15000U);
-    ReplaceWaiting({{}, [](unsigned int milliseconds) { return milliseconds / 1000; }});
-    EXPECT_EQ(ClientTimeout(15000), 15U);
-    ReplaceWaiting({});
-    EXPECT_EQ(ClientTimeout(15000), 15000U);
-}
-
 #ifdef __linux__
 
 volatile std::sig_atomic_t alarms = 0;
 
 TEST(WaitingTest, ASignalDoesNotCutThePauseShort) {
-    ReplaceWaiting({});
+    ReplacePause({});
     struct sigaction counting {};
     counting.sa_handler = [](int) { alarms = alarms + 1; };
     struct sigaction before {};

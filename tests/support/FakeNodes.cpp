@@ -47,7 +47,6 @@ public:
     }
     void Disconnect() override {}
     void SetTimeout(unsigned int) override {}
-    Pegasus::CIMClient& Library() override { return library_; }
 
     Pegasus::CIMClass GetClass(const Namespace&, const Name& className, bool, bool, bool,
                                const Properties&) override {
@@ -89,7 +88,6 @@ private:
 
     std::shared_ptr<FakeNodes::State> state_;
     std::size_t node_ = 0;
-    Pegasus::CIMClient library_;  // never connected
 };
 
 }  // namespace

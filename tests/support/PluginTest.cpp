@@ -2,6 +2,7 @@
 
 #include "cimhttp/TCimHTTPNamespace.h"
 #include "cimhttp/TCimHTTPNamespaceProvider.h"
+#include "connection/client/ServerLink.h"
 #include "connection/client/Waiting.h"
 #include "qelc/TQELCNamespace.h"
 #include "tests/support/TCimHTTPNamespaceTestAccess.h"
@@ -11,25 +12,35 @@
 
 namespace NQELVSK20 {
 
+class PluginTest::ObservedLink : public ServerLink {
+public:
+    explicit ObservedLink(PluginTest& test) : test_(test) {}
+
+    void SetTimeout(unsigned int milliseconds) override {
+        test_.timeouts_.push_back(milliseconds);
+        const bool isShortened = milliseconds <= test_.longestShortened_ && milliseconds != kConnectTimeoutMs;
+        ServerLink::SetTimeout(isShortened ? test_.shortened_.value_or(milliseconds) : milliseconds);
+    }
+
+private:
+    PluginTest& test_;  // clients that live longer are not asked again
+};
+
 PluginTest::PluginTest() : common_(new TQELCNamespace), union_(new TInmemUnion) {
     common_->SetUpcallNamespace(union_, TContext());
-    ReplaceWaiting({[this](unsigned int milliseconds) {
-                        pauses_.push_back(milliseconds);
-                        if (whilePausing_) {
-                            whilePausing_();
-                        }
-                    },
-                    [this](unsigned int milliseconds) {
-                        timeouts_.push_back(milliseconds);
-                        const bool isShortened =
-                            milliseconds <= longestShortened_ && milliseconds != kConnectTimeoutMs;
-                        return isShortened ? shortened_.value_or(milliseconds) : milliseconds;
-                    }});
+    ReplacePause([this](unsigned int milliseconds) {
+        pauses_.push_back(milliseconds);
+        if (whilePausing_) {
+            whilePausing_();
+        }
+    });
+    ReplaceServerLinks([this] { return std::make_unique<ObservedLink>(*this); });
     TCimHTTPNamespaceTestAccess::SetDetectionDone(true);
 }
 
 PluginTest::~PluginTest() {
-    ReplaceWaiting({});
+    ReplacePause({});
+    ReplaceServerLinks({});
     THostSetup::SetNodeCount(1);
     THostSetup::SetBMCMapping({});
     THostSetup::RestoreNamespaceProviderManager();

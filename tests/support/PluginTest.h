@@ -43,6 +43,10 @@ protected:
                                                    const std::string& name = "root/cimv2",
                                                    bool replaceDuplicates = false);
 
+private:
+    class ObservedLink;
+
+protected:
     RecordingLogger log_;
     std::vector<unsigned int> pauses_;       // milliseconds of every pause that was asked for
     std::function<void()> whilePausing_;     // what happens elsewhere during each of them; may be empty
