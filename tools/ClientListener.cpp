@@ -85,6 +85,10 @@ void ClientListener::Recovered(const ClientFailure& failure) {
     first_.reset();
 }
 
+void ClientListener::Warned(std::size_t node, const std::string& subject, const std::string& text) {
+    notices_.say(machine_.where(node) + ": " + subject + ": " + text);
+}
+
 void ClientListener::Connected(std::size_t node, bool isEncrypted) {
     Machine::Link& link = machine_.link(node);
     const bool wasOverHttps = link.reached && link.overHttps;

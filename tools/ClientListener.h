@@ -40,6 +40,7 @@ public:
     // ClientObserver
     bool AttemptFailed(const NQELVSK20::ClientFailure& failure) override;
     void Recovered(const NQELVSK20::ClientFailure& failure) override;
+    void Warned(std::size_t node, const std::string& subject, const std::string& text) override;
     void Connected(std::size_t node, bool isEncrypted) override;
 
 private:

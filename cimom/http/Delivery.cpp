@@ -100,6 +100,14 @@ std::string spoiled(const std::string& body) {
     return body.substr(0, body.size() / 2) + "<<& not XML";
 }
 
+std::string withBytes(std::string body, const std::string& text, const std::string& instead) {
+    for (std::size_t at = body.find(text); at != std::string::npos;
+         at = body.find(text, at + instead.size())) {
+        body.replace(at, text.size(), instead);
+    }
+    return body;
+}
+
 Delivery withTrailerError(const HttpAnswer& answer, Framing framing, const Fault& fault) {
     constexpr std::size_t kUsualChunk = 4096;
     framing.chunkBytes = framing.chunkBytes == 0 ? kUsualChunk : framing.chunkBytes;
@@ -127,6 +135,9 @@ Delivery makeDelivery(HttpAnswer answer, const Framing& framing, const std::opti
         }
         case Fault::Kind::HttpStatus:
             return deliver(plainAnswer(fault->code, fault->text), framing);
+        case Fault::Kind::RawText:
+            answer.body = withBytes(std::move(answer.body), fault->text, fault->instead);
+            return deliver(std::move(answer), framing);
         case Fault::Kind::MalformedXml:
             answer.body = spoiled(answer.body);
             return deliver(std::move(answer), framing);

@@ -15,6 +15,7 @@ struct Fault {
         CloseBeforeAnswer,  ///< Read the request, then close without a byte.
         WrongLength,        ///< Announce a Content-Length that is `bytes` too large, then close.
         HttpStatus,         ///< Answer with HTTP `code` and reason `text`, without a CIM body.
+        RawText,            ///< Answer with the bytes `instead` in every place where the body has `text`.
         MalformedXml,       ///< Answer 200 with a body that stops being XML half-way.
         CimError,           ///< Answer with a CIM ERROR of `code` and description `text` (DSP0200).
         TrailerError,       ///< Chunked answer whose trailers carry CIMStatusCode `code` and `text`.
@@ -32,6 +33,7 @@ struct Fault {
     std::size_t bytes = 0;
     int code = 0;
     std::string text;
+    std::string instead;
 };
 
 }  // namespace cimom

@@ -34,6 +34,10 @@ Boolean CIMClient::isConnected() const noexcept {
     return _rep->isConnected();
 }
 
+String CIMClient::getWarning() const {
+    return _rep->getWarning();
+}
+
 CIMClass CIMClient::getClass(const CIMNamespaceName& nameSpace, const CIMName& className, Boolean localOnly,
                              Boolean includeQualifiers, Boolean includeClassOrigin,
                              const CIMPropertyList& propertyList) {

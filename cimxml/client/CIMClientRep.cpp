@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "cimxml/client/AnswerCheck.h"
+#include "cimxml/client/ApiText.h"
 #include "cimxml/client/ErrorTranslation.h"
 #include "cimxml/client/SSLCallback.h"
 #include "cimxml/common/Utf8.h"
@@ -107,11 +108,14 @@ auto CIMClientRep::exchange(CimRequest request, const ResponseReader::Expected& 
     if (!_session.isOpen()) {
         throw NotConnectedException();
     }
+    _warning.clear();
     try {
         cimxml::HttpResponse answer = _session.call(request, deadline());
         checkAnswer(answer);
         ResponseReader reader(std::move(answer.body), expected, _limits);
-        return read(reader);
+        auto result = read(reader);
+        _warning = toApiText(reader.warning());
+        return result;
     } catch (const WireError& error) {
         throwForUser(error, _locator);
     }

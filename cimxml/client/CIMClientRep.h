@@ -29,6 +29,7 @@ public:
                  const String& userName, const String& password);
     void disconnect() { _session.disconnect(); }
     bool isConnected() const { return _session.isConnected(); }
+    const String& getWarning() const { return _warning; }
 
     CIMClass getClass(const CIMNamespaceName& nameSpace, const CIMName& className, bool localOnly,
                       bool includeQualifiers, bool includeClassOrigin, const CIMPropertyList& propertyList);
@@ -62,6 +63,7 @@ private:
     cimxml::Limits _limits;
     cimxml::HttpSession _session;
     String _locator;
+    String _warning;
     Uint32 _timeoutMilliseconds = 20000;
 };
 

@@ -193,4 +193,14 @@ CIMValue ResponseReader::readMethodResult(Array<CIMParamValue>& outParameters) {
     return returnValue;
 }
 
+std::string ResponseReader::warning() const {
+    if (context_.unreadable == 0) {
+        return {};
+    }
+    const std::string count = std::to_string(context_.unreadable);
+    return "U+FFFD was read for what is no XML character, in " + count +
+           (context_.unreadable == 1 ? " place, which is in " : " places, the first in ") +
+           quote(context_.firstUnreadable);
+}
+
 }  // namespace cimxml

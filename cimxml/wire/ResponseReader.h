@@ -47,6 +47,9 @@ public:
     /// The return value, null when there is none, and the output parameters in the server's order.
     Pegasus::CIMValue readMethodResult(Pegasus::Array<Pegasus::CIMParamValue>& outParameters);
 
+    /// What had to be read past in what was read so far, for people; empty when there was nothing.
+    std::string warning() const;
+
 private:
     pugi::xml_node openMessage(const Expected& expected);
     pugi::xml_node openResponse(pugi::xml_node message, const Expected& expected);

@@ -1,12 +1,36 @@
 #include "cimxml/wire/XmlDocument.h"
 
+#include <cstdint>
+
+#include "cimxml/wire/ValueTexts.h"
+#include "cimxml/wire/XmlError.h"
 #include "cimxml/wire/XmlParse.h"
 
 namespace cimxml {
 
-XmlScan XmlDocument::admit(std::string_view text, DecodeContext& context) {
+namespace {
+
+void makeReadable(std::string& text, const XmlScan& scan, DecodeContext& context) {
+    constexpr std::uint64_t growth = 2;  // three bytes for one, at most
+    if (text.size() + growth * scan.unreadable > context.limits.bodyBytes) {
+        throw XmlError(static_cast<std::ptrdiff_t>(scan.firstUnreadable),
+                       ": the answer has too many bytes that are no character");
+    }
+    if (context.unreadable == 0) {
+        context.firstUnreadable = nameOfValue(text, scan.firstUnreadable);
+    }
+    context.unreadable += scan.unreadable;
+    text = withReadableCharacters(text);
+}
+
+}  // namespace
+
+XmlScan XmlDocument::admit(std::string& text, DecodeContext& context) {
     const XmlScan scan = scanXml(text, context.nodesLeft);
     context.nodesLeft -= scan.nodes;
+    if (scan.unreadable > 0) {
+        makeReadable(text, scan, context);
+    }
     return scan;
 }
 

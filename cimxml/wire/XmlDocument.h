@@ -2,7 +2,6 @@
 
 #include <pugixml.hpp>
 #include <string>
-#include <string_view>
 
 #include "cimxml/wire/DecodeContext.h"
 #include "cimxml/wire/XmlScan.h"
@@ -12,8 +11,10 @@ namespace cimxml {
 /// A parsed XML text. The nodes point into the text, which the document owns.
 class XmlDocument {
 public:
-    /// Scans a text and takes its nodes off those that the context has left. Throws WireError BadXml.
-    static XmlScan admit(std::string_view text, DecodeContext& context);
+    /// Scans a text and takes its nodes off those that the context has left. Puts U+FFFD in the place of what
+    /// is no character in values, and notes that in the context; offsets are then those of the text as it is
+    /// afterwards. Throws WireError BadXml.
+    static XmlScan admit(std::string& text, DecodeContext& context);
 
     /// Throws WireError BadXml for a text that is not well-formed or exceeds the context's limits.
     XmlDocument(std::string text, DecodeContext& context);

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <string>
 
+#include "cimxml/wire/ValueTexts.h"
 #include "cimxml/wire/XmlError.h"
 
 namespace cimxml {
@@ -44,6 +45,7 @@ bool isXmlCharacter(std::uint32_t code) {
     return code == '\t' || code == '\n' || code == '\r' || (code >= 0x20 && !surrogate && code <= 0x10FFFF);
 }
 
+constexpr std::uint32_t beyondUnicode = 0x110000;
 constexpr std::size_t blockSize = 128;
 
 struct Block {
@@ -78,13 +80,18 @@ Block countBlock(const char* text) {
 
 class Scanner {
 public:
-    Scanner(std::string_view text, std::size_t maxNodes) : text_(text), maxNodes_(maxNodes) {}
+    /// `readable`, when there is one, gets what withReadableCharacters gives.
+    Scanner(std::string_view text, std::size_t maxNodes, std::string* readable = nullptr)
+        : text_(text), maxNodes_(maxNodes), valueTexts_(text), readable_(readable) {}
 
     XmlScan run() {
         while (position_ < text_.size()) {
             if (!skipBlock()) {
                 look(position_ + blockSize);
             }
+        }
+        if (readable_ != nullptr) {
+            readable_->append(text_.substr(copied_));
         }
         return scan_;
     }
@@ -133,7 +140,8 @@ private:
             case ByteClass::Plain:
                 break;
             case ByteClass::Control:
-                fail("a printable character, found control character U+00");
+                unreadable(1, "a printable character, found control character U+00");
+                break;
             case ByteClass::Open:
                 markup();
                 break;
@@ -153,14 +161,16 @@ private:
                 lead4();
                 break;
             case ByteClass::Invalid:
-                fail("UTF-8, found byte 0x");
+                unreadable(1, "UTF-8, found byte 0x");
+                break;
         }
     }
 
     void markup() {
         const std::string_view rest = text_.substr(position_ + 1);
-        if (rest.substr(0, 8) == "![CDATA[") {
+        if (rest.substr(0, 8) == "![CDATA[" && position_ >= cdataEnd_) {
             const std::size_t end = text_.find("]]>", position_);
+            cdataBegin_ = position_;
             cdataEnd_ = end == std::string_view::npos ? text_.size() : end;
         }
         if (rest.substr(0, 1) == "!") {
@@ -184,14 +194,16 @@ private:
         const bool hexadecimal = text_.substr(position_ + 2, 1) == "x";
         std::uint32_t code = 0;
         std::size_t at = position_ + (hexadecimal ? 3 : 2);
-        for (; at < text_.size() && code <= 0x10FFFF; ++at) {
+        for (; at < text_.size(); ++at) {
             const int value = digit(text_[at], hexadecimal);
             if (value < 0) {
                 break;
             }
-            code = code * (hexadecimal ? 16U : 10U) + static_cast<std::uint32_t>(value);
+            code =
+                std::min(code * (hexadecimal ? 16U : 10U) + static_cast<std::uint32_t>(value), beyondUnicode);
         }
-        if (!isXmlCharacter(code) || text_.substr(at, 1) != ";") {
+        const bool isNumber = at > position_ + (hexadecimal ? 3 : 2) && text_.substr(at, 1) == ";";
+        if (!isNumber || !(isXmlCharacter(code) || replace(at + 1 - position_))) {
             failWith(": expected a reference to an XML character, found number 0x" + inHex(code));
         }
     }
@@ -220,7 +232,8 @@ private:
         for (std::size_t i = 1; i <= following; ++i) {
             const std::size_t at = position_ + i;
             if (at >= text_.size() || byte(at) < low || byte(at) > high) {
-                fail("UTF-8, found the broken sequence of byte 0x");
+                unreadable(i, "UTF-8, found the broken sequence of byte 0x");
+                return;
             }
             low = 0x80;
             high = 0xBF;
@@ -228,8 +241,27 @@ private:
         position_ += following;
     }
 
-    [[noreturn]] void fail(const char* expected) {
-        failWith(std::string(": expected ") + expected + inHex(byte(position_)));
+    /// Takes `size` bytes for one character that cannot be read.
+    void unreadable(std::size_t size, const char* expected) {
+        if (!replace(size)) {
+            failWith(std::string(": expected ") + expected + inHex(byte(position_)));
+        }
+    }
+
+    /// Skips `size` bytes that are no character; false when they do not stand in the text of a value.
+    bool replace(std::size_t size) {
+        if (!valueTexts_.contain(position_ < cdataEnd_ ? cdataBegin_ : position_)) {
+            return false;
+        }
+        if (scan_.unreadable++ == 0) {
+            scan_.firstUnreadable = position_;
+        }
+        if (readable_ != nullptr) {
+            readable_->append(text_.substr(copied_, position_ - copied_)).append("\xEF\xBF\xBD");
+            copied_ = position_ + size;
+        }
+        position_ += size - 1;  // the caller goes on to the next byte
+        return true;
     }
 
     [[noreturn]] void failWith(const std::string& what) {
@@ -239,7 +271,11 @@ private:
     std::string_view text_;
     std::size_t maxNodes_;
     std::size_t position_ = 0;
+    std::size_t cdataBegin_ = 0;
     std::size_t cdataEnd_ = 0;
+    ValueTexts valueTexts_;
+    std::string* readable_;
+    std::size_t copied_ = 0;  // of the text, to readable_
     XmlScan scan_;
 };
 
@@ -247,6 +283,13 @@ private:
 
 XmlScan scanXml(std::string_view text, std::size_t maxNodes) {
     return Scanner(text, maxNodes).run();
+}
+
+std::string withReadableCharacters(std::string_view text) {
+    std::string readable;
+    readable.reserve(text.size());
+    Scanner(text, text.size(), &readable).run();
+    return readable;
 }
 
 }  // namespace cimxml

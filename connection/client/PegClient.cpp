@@ -66,6 +66,7 @@ private:
     Outcome Attempt(const TSend& send, ClientFailure& failure);
     bool MayTryAgain(const ClientFailure& failure);
     void GiveUp(const ClientFailure& failure);
+    void PassWarningOn(const ClientFailure& request);
     ClientFailure FailureOf(const char* operation, const std::string& subject) const;
 
     const std::size_t node_;
@@ -145,10 +146,22 @@ bool PegClient::Impl::Reconnect() {
     return OpenEither(address_.host, address_.user, address_.password);
 }
 
+void PegClient::Impl::PassWarningOn(const ClientFailure& request) {
+    const std::string warning = link_->Warning();
+    if (warning.empty()) {
+        return;
+    }
+    LogTrace("Warning in PegClient::" + request.operation + "(): " + request.subject + ": " + warning);
+    if (observer_ != nullptr) {
+        observer_->Warned(node_, request.subject, warning);
+    }
+}
+
 template <class TSend>
 PegClient::Impl::Outcome PegClient::Impl::Attempt(const TSend& send, ClientFailure& failure) {
     try {
         send(*link_);
+        PassWarningOn(failure);
         return Outcome::kDone;
     } catch (const Pegasus::ConnectionTimeoutException& error) {
         failure.kind = Kind::kTimeout;

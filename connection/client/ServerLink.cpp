@@ -15,7 +15,22 @@ ServerLinkMaker& ReplacedMaker() {
     return maker;
 }
 
+// The bundled library has warnings. OpenPegasus has none: it refuses the answers that they are about.
+template <class TClient>
+auto WarningOf(const TClient& client, int) -> decltype(ToText(client.getWarning())) {
+    return ToText(client.getWarning());
+}
+
+template <class TClient>
+std::string WarningOf(const TClient&, long) {
+    return {};
+}
+
 }  // namespace
+
+std::string ServerLink::Warning() const {
+    return WarningOf(client_, 0);
+}
 
 void ServerLink::Connect(const ServerAddress& to) {
     const auto port = static_cast<Pegasus::Uint32>(to.port);

@@ -41,6 +41,9 @@ public:
     /// The library's client itself; owned by the link.
     Pegasus::CIMClient& Library() { return client_; }
 
+    /// What the library read past in the last answer, for people; empty when there was nothing.
+    std::string Warning() const;
+
     virtual Pegasus::CIMClass GetClass(const Namespace& nameSpace, const Name& className, bool localOnly,
                                        bool includeQualifiers, bool includeClassOrigin,
                                        const Properties& propertyList);

@@ -394,6 +394,9 @@ std::string outcomeOf(CIMClientRep& client, const std::vector<std::string>& call
     std::ostringstream out;
     try {
         Call(call).run(client, out);
+        if (client.getWarning().size() > 0) {
+            out << "warning: " << text(client.getWarning()) << "\n";
+        }
         return out.str();
     } catch (const CIMException& exception) {
         out.str("");

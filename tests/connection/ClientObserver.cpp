@@ -32,6 +32,9 @@ public:
         recovered_.push_back(failure);
         events_.push_back("recovered " + failure.operation);
     }
+    void Warned(std::size_t node, const std::string& subject, const std::string& text) override {
+        events_.push_back("warned " + std::to_string(node) + " " + subject + ": " + text);
+    }
     void Connected(std::size_t node, bool isEncrypted) override {
         events_.push_back("connected " + std::to_string(node) + (isEncrypted ? " encrypted" : " plain"));
     }

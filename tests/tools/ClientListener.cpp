@@ -61,6 +61,13 @@ TEST_F(ClientListenerTest, SaysWhichNodeFailedAndWhatItWasAsked) {
     EXPECT_TRUE(hasFailed());
 }
 
+TEST_F(ClientListenerTest, PassesOnWhatWasReadPastWhichIsNoFailure) {
+    listener_.Warned(1, "CIM_Fan", "no character");
+    listener_.Warned(1, "CIM_Fan", "no character");
+    EXPECT_EQ(said(), "cimhttp: node 2 (10.0.0.2:5988): CIM_Fan: no character\n") << "once";
+    EXPECT_FALSE(hasFailed());
+}
+
 TEST_F(ClientListenerTest, HasWordsForEveryQuestion) {
     for (const char* operation :
          {"GetClass", "EnumerateInstances", "EnumerateInstanceNames", "InvokeMethod"}) {

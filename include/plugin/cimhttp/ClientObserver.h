@@ -36,6 +36,9 @@ public:
     /// The attempt after the one that failed so was answered.
     virtual void Recovered(const ClientFailure& failure) = 0;
 
+    /// The answer about `subject`, a class or a method, had something that was read past, as `text` tells.
+    virtual void Warned(std::size_t /*node*/, const std::string& /*subject*/, const std::string& /*text*/) {}
+
     /// A connection to a node was opened, also a new one after a request's connection broke.
     virtual void Connected(std::size_t node, bool isEncrypted) = 0;
 };

@@ -87,6 +87,15 @@ TEST(Delivery, SpoilsTheXmlHalfWay) {
     EXPECT_NE(delivery.head.find("Content-Length: 14\r\n"), std::string::npos);
 }
 
+TEST(Delivery, PutsBytesThatAreNoTextInEveryPlace) {
+    Fault raw = fault(Fault::Kind::RawText);
+    raw.text = "ue";
+    raw.instead = "\xFCue";
+    const Delivery delivery = makeDelivery(answer("<A>ue, ue</A>"), {}, raw);
+    EXPECT_EQ(delivery.body, "<A>\xFCue, \xFCue</A>");
+    EXPECT_NE(delivery.head.find("Content-Length: 15\r\n"), std::string::npos);
+}
+
 TEST(Delivery, ReportsAnErrorInTheTrailers) {
     Fault error = fault(Fault::Kind::TrailerError);
     error.code = 1;

@@ -69,6 +69,10 @@ public:
     /// lost it, until the next one has reconnected.
     Boolean isConnected() const noexcept;
 
+    /// What had to be read past in the answer to the last operation that gave a result, for people; empty
+    /// when there was nothing. OpenPegasus' client has nothing like it: it refuses such an answer.
+    String getWarning() const;
+
     CIMClass getClass(const CIMNamespaceName& nameSpace, const CIMName& className, Boolean localOnly = true,
                       Boolean includeQualifiers = true, Boolean includeClassOrigin = false,
                       const CIMPropertyList& propertyList = CIMPropertyList());
