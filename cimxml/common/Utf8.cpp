@@ -1,5 +1,7 @@
 #include "cimxml/common/Utf8.h"
 
+#include <algorithm>
+
 namespace Pegasus {
 
 namespace {
@@ -33,11 +35,20 @@ void appendCodePoint(std::string& out, char32_t c) {
     }
 }
 
+/// Appends the characters of one byte that a text begins with, which mostly are all; returns their end.
+const Char16* appendAscii(std::string& out, const Char16* begin, const Char16* end) {
+    const Char16* const stop = std::find_if(begin, end, [](char32_t c) { return c >= 0x80; });
+    const std::size_t size = out.size();
+    out.resize(size + static_cast<std::size_t>(stop - begin));
+    std::transform(begin, stop, out.data() + size, [](char32_t c) { return static_cast<char>(c); });
+    return stop;
+}
+
 }  // namespace
 
 void appendUtf8(std::string& out, const String& text) {
-    const Char16* p = text.getChar16Data();
-    const Char16* const end = p + text.size();
+    const Char16* const end = text.getChar16Data() + text.size();
+    const Char16* p = appendAscii(out, text.getChar16Data(), end);
     while (p != end) {
         const char32_t c = *p++;
         if (isHighSurrogate(c) && p != end && isLowSurrogate(*p)) {

@@ -1,12 +1,20 @@
 #include "cimxml/common/XmlOutput.h"
 
+#include <algorithm>
+
 #include "cimxml/common/Utf8.h"
 
 namespace cimxml {
 
 namespace {
 
-void appendCharacter(std::string& out, char c) {
+/// Neither markup nor a control character.
+bool isPlain(char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte >= 0x20 && c != '&' && c != '<' && c != '>' && c != '"' && c != '\'' && byte != 0x7F;
+}
+
+void appendReference(std::string& out, char c) {
     switch (c) {
         case '&':
             out += "&amp;";
@@ -24,11 +32,7 @@ void appendCharacter(std::string& out, char c) {
             out += "&apos;";
             break;
         default:
-            if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) {
-                out += "&#" + std::to_string(int{c}) + ";";
-            } else {
-                out += c;
-            }
+            out += "&#" + std::to_string(int{c}) + ";";
     }
 }
 
@@ -58,21 +62,32 @@ void XmlOutput::attribute(std::string_view name, const Pegasus::String& value) {
 }
 
 void XmlOutput::escaped(std::string_view text) {
-    for (const char c : text) {
-        appendCharacter(text_, c);
+    while (!text.empty()) {
+        const auto special = std::find_if_not(text.begin(), text.end(), isPlain);
+        const auto plain = static_cast<std::size_t>(special - text.begin());
+        text_.append(text.substr(0, plain));
+        text.remove_prefix(plain);
+        if (!text.empty()) {
+            appendReference(text_, text.front());
+            text.remove_prefix(1);
+        }
     }
 }
 
 void XmlOutput::text(std::string_view text) {
     bool isAfterBlank = true;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == ' ' && (isAfterBlank || i + 1 == text.size())) {
-            text_ += "&#32;";
-            isAfterBlank = false;
-        } else {
-            appendCharacter(text_, text[i]);
-            isAfterBlank = text[i] == ' ';
+    while (!text.empty()) {
+        const std::size_t blank = std::min(text.find(' '), text.size());
+        escaped(text.substr(0, blank));
+        text.remove_prefix(blank);
+        if (text.empty()) {
+            return;
         }
+        isAfterBlank = isAfterBlank && blank == 0;
+        const bool isDroppedBySome = isAfterBlank || text.size() == 1;
+        text_ += isDroppedBySome ? "&#32;" : " ";
+        isAfterBlank = !isDroppedBySome;
+        text.remove_prefix(1);
     }
 }
 

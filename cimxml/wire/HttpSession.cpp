@@ -7,6 +7,8 @@ namespace cimxml {
 
 namespace {
 
+constexpr std::size_t usualHeaderSize = 512;
+
 /// Host and port as the Host field has them (RFC 9110, 7.2): IPv6 in brackets, without its zone.
 std::string formatHost(const std::string& host, std::uint32_t port) {
     std::string name = host;
@@ -89,21 +91,21 @@ HttpResponse HttpSession::exchange(const CimRequest& request, Deadline deadline)
 }
 
 std::string HttpSession::format(const CimRequest& request) const {
-    return "POST /cimom HTTP/1.1\r\n"
-           "Host: " +
-           hostField_ +
-           "\r\n"
-           "Content-Type: application/xml; charset=\"utf-8\"\r\n"
-           "Content-Length: " +
-           std::to_string(request.body.size()) +
-           "\r\n"
-           "TE: trailers\r\n"
-           "CIMOperation: MethodCall\r\n"
-           "CIMMethod: " +
-           percentEncode(request.method) +
-           "\r\n"
-           "CIMObject: " +
-           percentEncode(request.object) + "\r\n" + authentication_.field() + "\r\n" + request.body;
+    std::string text;
+    text.reserve(usualHeaderSize + request.body.size());
+    text += "POST /cimom HTTP/1.1\r\nHost: ";
+    text += hostField_;
+    text += "\r\nContent-Type: application/xml; charset=\"utf-8\"\r\nContent-Length: ";
+    text += std::to_string(request.body.size());
+    text += "\r\nTE: trailers\r\nCIMOperation: MethodCall\r\nCIMMethod: ";
+    text += percentEncode(request.method);
+    text += "\r\nCIMObject: ";
+    text += percentEncode(request.object);
+    text += "\r\n";
+    text += authentication_.field();
+    text += "\r\n";
+    text += request.body;
+    return text;
 }
 
 }  // namespace cimxml

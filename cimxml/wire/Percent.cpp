@@ -26,6 +26,7 @@ int hexDigit(char c) {
 std::string percentEncode(std::string_view text) {
     static constexpr std::string_view digits = "0123456789ABCDEF";
     std::string encoded;
+    encoded.reserve(text.size());
     for (const char c : text) {
         if (isPlain(c)) {
             encoded += c;

@@ -8,6 +8,12 @@ namespace cimxml {
 
 using namespace Pegasus;
 
+namespace {
+
+constexpr std::size_t usualSize = 1024;  // few requests are longer
+
+}  // namespace
+
 RequestWriter RequestWriter::intrinsic(const std::string& messageId, const std::string& method,
                                        const CIMNamespaceName& nameSpace) {
     RequestWriter writer("IMETHODCALL");
@@ -25,7 +31,9 @@ RequestWriter RequestWriter::extrinsic(const std::string& messageId, const std::
 }
 
 void RequestWriter::begin(const std::string& messageId, const std::string& method) {
-    out_ = "<?xml version=\"1.0\" encoding=\"utf-8\" ?>\n<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\"><MESSAGE";
+    out_.reserve(usualSize);
+    out_ +=
+        "<?xml version=\"1.0\" encoding=\"utf-8\" ?>\n<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\"><MESSAGE";
     XmlOutput(out_).attribute("ID", messageId);
     out_ += " PROTOCOLVERSION=\"1.0\"><SIMPLEREQ><";
     out_ += callElement_;
@@ -62,7 +70,7 @@ RequestWriter& RequestWriter::instanceName(const CIMObjectPath& path) {
 RequestWriter& RequestWriter::flag(const char* name, bool value, bool defaultValue) {
     if (value != defaultValue) {
         beginParameter(name);
-        ValueWriter(out_).write(CIMValue(value));
+        out_ += value ? "<VALUE>TRUE</VALUE>" : "<VALUE>FALSE</VALUE>";
         endParameter();
     }
     return *this;
@@ -70,12 +78,14 @@ RequestWriter& RequestWriter::flag(const char* name, bool value, bool defaultVal
 
 RequestWriter& RequestWriter::propertyList(const CIMPropertyList& list) {
     if (!list.isNull()) {
-        Array<String> names;
-        for (Uint32 i = 0; i < list.size(); ++i) {
-            names.append(list[i].getString());
-        }
         beginParameter("PropertyList");
-        ValueWriter(out_).write(CIMValue(names));
+        out_ += "<VALUE.ARRAY>";
+        for (Uint32 i = 0; i < list.size(); ++i) {
+            out_ += "<VALUE>";
+            XmlOutput(out_).text(list[i].getString());
+            out_ += "</VALUE>";
+        }
+        out_ += "</VALUE.ARRAY>";
         endParameter();
     }
     return *this;

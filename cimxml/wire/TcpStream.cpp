@@ -1,9 +1,9 @@
 #include "cimxml/wire/TcpStream.h"
 
+#include <algorithm>
 #include <boost/asio/buffer.hpp>
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/ip/tcp.hpp>
-#include <boost/asio/write.hpp>
 #include <vector>
 
 #if defined(_WIN32)
@@ -12,6 +12,7 @@
 #include <netinet/tcp.h>
 #endif
 
+#include "cimxml/wire/SocketWait.h"
 #include "cimxml/wire/WireError.h"
 
 namespace cimxml {
@@ -22,11 +23,6 @@ using boost::system::error_code;
 
 class TcpStream::Impl {
 public:
-    struct Outcome {
-        error_code error;
-        std::size_t bytes = 0;
-    };
-
     void open(const tcp::endpoint& peer, error_code& error) {
         error_code ignored;
         socket.close(ignored);
@@ -36,15 +32,32 @@ public:
         }
     }
 
-    /// Has what arrives acknowledged at once. A server that sends an answer in several pieces, each held back
-    /// until the one before is acknowledged (RFC 896), would wait for an acknowledgement that the system
-    /// delays, for 40 ms and more, in case that there is something to send along.
-    void acknowledgeAtOnce() {
-#if defined(TCP_QUICKACK)
-        // Linux goes back to delaying by itself.
-        error_code ignored;
-        socket.set_option(asio::detail::socket_option::boolean<IPPROTO_TCP, TCP_QUICKACK>(true), ignored);
-#elif defined(SIO_TCP_SET_ACK_FREQUENCY)
+    /// Connects, asynchronously for the deadline's sake. When that passes first, the socket is closed and
+    /// TimedOut thrown.
+    error_code connect(const tcp::endpoint& peer, Deadline deadline) {
+        error_code outcome;
+        bool done = false;
+        socket.async_connect(peer, [&](error_code error) {
+            outcome = error;
+            done = true;
+        });
+        context.restart();
+        context.run_for(deadline.remaining());
+        if (!done) {
+            error_code ignored;
+            socket.close(ignored);
+            context.restart();
+            context.run();  // ends what refers to this call
+            requireTime(deadline);
+        }
+        return outcome;
+    }
+
+    /// From here on no call waits in the socket itself. Where that is set once for a connection, what arrives
+    /// is acknowledged at once.
+    void prepare(error_code& error) {
+        socket.non_blocking(true, error);
+#if defined(SIO_TCP_SET_ACK_FREQUENCY)
         DWORD frequency = 1;
         DWORD unused = 0;
         WSAIoctl(socket.native_handle(), SIO_TCP_SET_ACK_FREQUENCY, &frequency, sizeof frequency, nullptr, 0,
@@ -52,38 +65,20 @@ public:
 #endif
     }
 
-    Outcome connect(const tcp::endpoint& peer, Deadline deadline) {
-        return run(deadline, [&](Outcome& outcome, bool& done) {
-            socket.async_connect(peer, [&](error_code error) {
-                outcome.error = error;
-                done = true;
-            });
-        });
-    }
-
-    /// Starts one operation and runs it to its end. When the deadline passes first, the socket is closed,
-    /// which ends the operation, and TimedOut thrown: its buffers must not outlive this call.
-    template <typename Start>
-    Outcome run(Deadline deadline, Start start) {
-        Outcome outcome;
-        bool done = false;
-        start(outcome, done);
-        context.restart();
-        context.run_for(deadline.remaining());
-        if (!done) {
-            error_code ignored;
-            // A close alone leaves what is being sent alone on some Windows systems, and the last run waits.
-            socket.cancel(ignored);
-            socket.close(ignored);
-            context.restart();
-            context.run();
-            throw WireError(WireError::Kind::TimedOut, "connection timed out");
-        }
-        return outcome;
+    /// Has what arrived, and what comes next, acknowledged at once. A server that sends an answer in several
+    /// pieces, each held back until the one before is acknowledged (RFC 896), would wait for an
+    /// acknowledgement that the system delays, for 40 ms and more, in case that there is something to send
+    /// along. Linux goes back to delaying by itself.
+    void acknowledgeAtOnce() {
+#if defined(TCP_QUICKACK)
+        error_code ignored;
+        socket.set_option(asio::detail::socket_option::boolean<IPPROTO_TCP, TCP_QUICKACK>(true), ignored);
+#endif
     }
 
     asio::io_context context{1};
     tcp::socket socket{context};
+    bool isWithinAnswer = false;  ///< Something was read since the last write.
 };
 
 namespace {
@@ -140,7 +135,10 @@ std::unique_ptr<TcpStream> TcpStream::connect(const std::string& host, std::uint
             failure = WireError(WireError::Kind::NoSocket, error.message());
             continue;
         }
-        error = impl->connect(peer, deadline).error;
+        error = impl->connect(peer, deadline);
+        if (!error) {
+            impl->prepare(error);
+        }
         if (!error) {
             return std::unique_ptr<TcpStream>(new TcpStream(std::move(impl)));
         }
@@ -150,33 +148,39 @@ std::unique_ptr<TcpStream> TcpStream::connect(const std::string& host, std::uint
 }
 
 void TcpStream::write(std::string_view bytes, Deadline deadline) {
-    const auto outcome = impl_->run(deadline, [&](Impl::Outcome& result, bool& done) {
-        asio::async_write(impl_->socket, asio::buffer(bytes.data(), bytes.size()),
-                          [&](error_code error, std::size_t sent) {
-                              result = {error, sent};
-                              done = true;
-                          });
-    });
-    if (outcome.error) {
-        throw WireError(WireError::Kind::Closed, outcome.error.message());
+    // A system that takes however much it is given at a time would never let the deadline pass.
+    constexpr std::size_t mostAtATime = 64U * 1024U;
+    impl_->isWithinAnswer = false;
+    while (!bytes.empty()) {
+        error_code error;
+        const std::size_t size = std::min(bytes.size(), mostAtATime);
+        bytes.remove_prefix(impl_->socket.write_some(asio::buffer(bytes.data(), size), error));
+        if (error == asio::error::would_block) {
+            waitFor(impl_->socket, tcp::socket::wait_write, deadline);
+        } else if (error) {
+            throw WireError(WireError::Kind::Closed, error.message());
+        }
     }
 }
 
 std::size_t TcpStream::read(char* buffer, std::size_t size, Deadline deadline) {
-    impl_->acknowledgeAtOnce();
-    const auto outcome = impl_->run(deadline, [&](Impl::Outcome& result, bool& done) {
-        impl_->socket.async_read_some(asio::buffer(buffer, size),
-                                      [&](error_code error, std::size_t received) {
-                                          result = {error, received};
-                                          done = true;
-                                      });
-    });
-    return outcome.error ? 0 : outcome.bytes;
+    // Where an answer has begun, more of it is mostly there; else there is nothing to look for yet.
+    if (impl_->isWithinAnswer) {
+        requireTime(deadline);
+    } else {
+        waitFor(impl_->socket, tcp::socket::wait_read, deadline);
+    }
+    std::optional<std::size_t> received;
+    while (!(received = readAvailable(buffer, size))) {
+        impl_->acknowledgeAtOnce();
+        waitFor(impl_->socket, tcp::socket::wait_read, deadline);
+    }
+    impl_->isWithinAnswer = true;
+    return *received;
 }
 
 std::optional<std::size_t> TcpStream::readAvailable(char* buffer, std::size_t size) {
     error_code error;
-    impl_->socket.non_blocking(true, error);
     const std::size_t received = impl_->socket.read_some(asio::buffer(buffer, size), error);
     if (error == asio::error::would_block) {
         return std::nullopt;

@@ -20,6 +20,14 @@ bool looksLikeAddress(const std::string& host) {
     return host.find(':') != std::string::npos || host.find_first_not_of("0123456789.") == std::string::npos;
 }
 
+/// Empties the list of errors that calls of OpenSSL are judged by. Looking first is quicker: it mostly is
+/// empty.
+void forgetTlsErrors() {
+    if (ERR_peek_error() != 0) {
+        ERR_clear_error();
+    }
+}
+
 int clampToInt(std::size_t size) {
     return static_cast<int>(std::min<std::size_t>(size, INT_MAX));
 }
@@ -90,7 +98,7 @@ void TlsStream::handshake(Deadline deadline) {
 
 void TlsStream::write(std::string_view bytes, Deadline deadline) {
     while (!bytes.empty()) {
-        ERR_clear_error();
+        forgetTlsErrors();
         const int written = SSL_write(ssl_.get(), bytes.data(), clampToInt(bytes.size()));
         const int reason = SSL_get_error(ssl_.get(), written);
         flush(deadline);
@@ -103,12 +111,17 @@ void TlsStream::write(std::string_view bytes, Deadline deadline) {
 }
 
 std::optional<std::size_t> TlsStream::decrypt(char* buffer, std::size_t size) {
-    ERR_clear_error();
+    if (isDrained_) {
+        return std::nullopt;
+    }
+    forgetTlsErrors();
     const int received = SSL_read(ssl_.get(), buffer, clampToInt(size));
     if (received > 0) {
+        isDrained_ = SSL_has_pending(ssl_.get()) == 0 && BIO_pending(SSL_get_rbio(ssl_.get())) == 0;
         return static_cast<std::size_t>(received);
     }
     if (SSL_get_error(ssl_.get(), received) == SSL_ERROR_WANT_READ) {
+        isDrained_ = true;
         return std::nullopt;
     }
     // Either an orderly end or a record that cannot be decrypted: nothing more will come of this stream.
@@ -169,6 +182,7 @@ bool TlsStream::fill(Deadline deadline) {
 
 void TlsStream::hand(std::string_view received) {
     if (!received.empty()) {
+        isDrained_ = false;
         BIO_write(SSL_get_rbio(ssl_.get()), received.data(), clampToInt(received.size()));
     }
 }

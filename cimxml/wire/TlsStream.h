@@ -46,6 +46,7 @@ private:
     std::shared_ptr<const TlsContext> context_;
     std::unique_ptr<ssl_st, Free> ssl_;
     std::string piece_;
+    bool isDrained_ = false;  ///< OpenSSL has made all it can of what it was handed.
 };
 
 }  // namespace cimxml
