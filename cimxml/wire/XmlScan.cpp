@@ -7,6 +7,7 @@
 #include <string>
 
 #include "cimxml/wire/ValueTexts.h"
+#include "cimxml/wire/XmlBlock.h"
 #include "cimxml/wire/XmlError.h"
 
 namespace cimxml {
@@ -46,37 +47,6 @@ bool isXmlCharacter(std::uint32_t code) {
 }
 
 constexpr std::uint32_t beyondUnicode = 0x110000;
-constexpr std::size_t blockSize = 128;
-
-struct Block {
-    std::size_t nodes;
-    bool hasSpecial;  ///< Something that has to be looked at.
-};
-
-constexpr std::uint8_t bit(bool set) {
-    return set ? 1 : 0;
-}
-
-/// Looks at the bytes without a branch and in their own width, two loops over little: so the compiler takes
-/// sixteen at once. Reads one byte beyond the block.
-Block countBlock(const char* text) {
-    const auto* bytes = reinterpret_cast<const std::uint8_t*>(text);
-    const auto* following = bytes + 1;
-    std::uint8_t nodes = 0;
-    for (std::size_t i = 0; i < blockSize; ++i) {
-        const std::uint8_t opens = bit(bytes[i] == '<') & bit(following[i] != '/');
-        nodes = static_cast<std::uint8_t>(nodes + opens + bit(bytes[i] == '='));
-    }
-    std::uint8_t special = 0;
-    for (std::size_t i = 0; i < blockSize; ++i) {
-        const std::uint8_t c = bytes[i];
-        const std::uint8_t isBlank = bit(c == '\t') | bit(c == '\n') | bit(c == '\r');
-        const std::uint8_t isMarked = bit(following[i] == '!') | bit(following[i] == '?');
-        special |= static_cast<std::uint8_t>((bit(c < 0x20) & (isBlank ^ 1)) | bit(c >= 0x80) |
-                                             bit(c == '&') | (bit(c == '<') & isMarked));
-    }
-    return {nodes, special != 0};
-}
 
 class Scanner {
 public:
@@ -87,7 +57,7 @@ public:
     XmlScan run() {
         while (position_ < text_.size()) {
             if (!skipBlock()) {
-                look(position_ + blockSize);
+                look(position_ + XmlBlock::size);
             }
         }
         if (readable_ != nullptr) {
@@ -101,15 +71,15 @@ private:
 
     /// Most blocks hold nothing but ASCII characters and tags: skips one of those, counting its nodes.
     bool skipBlock() {
-        if (text_.size() - position_ <= blockSize) {
+        if (text_.size() - position_ <= XmlBlock::size) {
             return false;
         }
-        const Block block = countBlock(text_.data() + position_);
+        const XmlBlock block = XmlBlock::of(text_.data() + position_);
         if (block.hasSpecial || block.nodes > maxNodes_ - scan_.nodes) {
             return false;
         }
         scan_.nodes += block.nodes;
-        position_ += blockSize;
+        position_ += XmlBlock::size;
         return true;
     }
 
