@@ -94,6 +94,16 @@ constexpr NamedType types[] = {
     {"real64", CIMTYPE_REAL64},   {"char16", CIMTYPE_CHAR16}, {"reference", CIMTYPE_REFERENCE},
 };
 
+template <typename IsName>
+std::optional<CIMType> findType(IsName isName) {
+    for (const NamedType& known : types) {
+        if (isName(known.name)) {
+            return known.type;
+        }
+    }
+    return std::nullopt;
+}
+
 }  // namespace
 
 std::optional<Boolean> parseBoolean(std::string_view text) {
@@ -169,13 +179,10 @@ std::optional<CIMDateTime> parseDateTime(std::string_view text) {
 }
 
 std::optional<CIMType> parseType(std::string_view text) {
-    text = trim(text);
-    for (const NamedType& known : types) {
-        if (equalNoCase(text, known.name)) {
-            return known.type;
-        }
+    if (const auto type = findType([text](std::string_view name) { return name == text; })) {
+        return type;
     }
-    return std::nullopt;
+    return findType([text = trim(text)](std::string_view name) { return equalNoCase(name, text); });
 }
 
 }  // namespace cimxml

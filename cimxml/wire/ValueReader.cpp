@@ -118,10 +118,10 @@ bool appendText(pugi::xml_node node, std::string& texts) {
 bool collectTexts(pugi::xml_node node, std::string& texts) {
     constexpr std::size_t longest = 512;
     texts.clear();
-    if (!isElement(node, "VALUE.ARRAY")) {
-        return appendText(node, texts) && texts.size() <= longest;
+    if (appendText(node, texts)) {
+        return texts.size() <= longest;
     }
-    if (*node.value() != '\0') {
+    if (!isElement(node, "VALUE.ARRAY") || *node.value() != '\0') {
         return false;
     }
     for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling()) {

@@ -29,9 +29,9 @@ XmlBlock XmlBlock::plainlyOf(const char* text) {
     for (std::size_t i = 0; i < size; ++i) {
         const std::uint8_t c = bytes[i];
         const std::uint8_t isBlank = bit(c == '\t') | bit(c == '\n') | bit(c == '\r');
-        const std::uint8_t isMarked = bit(following[i] == '!') | bit(following[i] == '?');
+        const std::uint8_t isNoTag = bit(following[i] != '/') & bit(following[i] < 'A');
         special |= static_cast<std::uint8_t>((bit(c < 0x20) & (isBlank ^ 1)) | bit(c >= 0x80) |
-                                             bit(c == '&') | (bit(c == '<') & isMarked));
+                                             bit(c == '&') | (bit(c == '<') & isNoTag));
     }
     return {nodes, special != 0};
 }
@@ -50,14 +50,19 @@ Bytes equal(Bytes bytes, char wanted) {
     return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(wanted));
 }
 
+/// Of signed numbers: what is no ASCII is negative.
+Bytes less(Bytes bytes, char limit) {
+    return _mm_cmplt_epi8(bytes, _mm_set1_epi8(limit));
+}
+
 Bytes either(Bytes a, Bytes b) {
     return _mm_or_si128(a, b);
 }
 
-/// Control characters other than blanks, and what is no ASCII: as a signed number, that is negative.
+/// Control characters other than blanks, and what is no ASCII.
 Bytes noCharacter(Bytes bytes) {
     const Bytes blank = either(either(equal(bytes, '\t'), equal(bytes, '\n')), equal(bytes, '\r'));
-    return _mm_andnot_si128(blank, _mm_cmplt_epi8(bytes, _mm_set1_epi8(' ')));
+    return _mm_andnot_si128(blank, less(bytes, ' '));
 }
 
 /// The sum of all bytes.
@@ -76,10 +81,9 @@ XmlBlock XmlBlock::of(const char* text) {
         const Bytes following = load(text + i + 1);
         const Bytes opens = equal(bytes, '<');
         const Bytes begins = _mm_andnot_si128(equal(following, '/'), opens);
-        const Bytes isMarked = either(equal(following, '!'), equal(following, '?'));
         nodes = _mm_sub_epi8(nodes, either(begins, equal(bytes, '=')));  // a hit is minus one
         special = either(special, either(noCharacter(bytes), equal(bytes, '&')));
-        special = either(special, _mm_and_si128(opens, isMarked));
+        special = either(special, _mm_and_si128(begins, less(following, 'A')));
     }
     return {sum(nodes), _mm_movemask_epi8(special) != 0};
 }

@@ -8,9 +8,11 @@ namespace cimxml {
 struct XmlBlock {
     static constexpr std::size_t size = 64;  ///< Bytes of every block.
 
-    std::size_t nodes = 0;  ///< Start tags and equals signs.
-    bool hasSpecial =
-        false;  ///< A byte that is no ASCII or a control character, or the start of `<!`, `<?` or `&`.
+    /// Start tags and equals signs.
+    std::size_t nodes = 0;
+    /// It has to be looked at byte by byte: there is a reference, a control character, a byte that is no
+    /// ASCII, or a `<` before what is no tag, `<!` and `<?` among others.
+    bool hasSpecial = false;
 
     /// Looks at the block that starts at `text`, and at one byte beyond it.
     static XmlBlock of(const char* text);

@@ -35,27 +35,22 @@ const char* expectation(pugi::xml_parse_status status) {
     }
 }
 
-/// Walks the whole tree without recursion, so that a text of any depth is refused in the same way.
-void checkDepth(pugi::xml_node root, unsigned limit) {
-    pugi::xml_node node = root.first_child();
-    unsigned depth = 1;
-    while (node) {
-        if (depth > limit) {
-            throw XmlError(node.offset_debug(),
-                           ": elements are nested more than " + std::to_string(limit) + " deep");
+/// Walks over a tree, without recursion, as far as the first node that is nested too deep.
+class DepthCheck : public pugi::xml_tree_walker {
+public:
+    explicit DepthCheck(unsigned limit) : limit_(static_cast<int>(limit)) {}
+
+    bool for_each(pugi::xml_node& node) override {
+        if (depth() < limit_) {
+            return true;
         }
-        if (const pugi::xml_node child = node.first_child()) {
-            node = child;
-            ++depth;
-            continue;
-        }
-        while (node != root && !node.next_sibling()) {
-            node = node.parent();
-            --depth;
-        }
-        node = node == root ? pugi::xml_node() : node.next_sibling();
+        throw XmlError(node.offset_debug(),
+                       ": elements are nested more than " + std::to_string(limit_) + " deep");
     }
-}
+
+private:
+    int limit_;
+};
 
 }  // namespace
 
@@ -66,7 +61,8 @@ void parseInPlace(pugi::xml_document& document, char* text, std::size_t size, un
     if (!result) {
         throw XmlError(result.offset, std::string(": expected ") + expectation(result.status));
     }
-    checkDepth(document, maxDepth);
+    DepthCheck check(maxDepth);
+    document.traverse(check);
 }
 
 }  // namespace cimxml
