@@ -29,6 +29,10 @@ const char* Attributes::find(const char* name) const {
             return attributes_[i].value;
         }
     }
+    return size_ < attributes_.size() ? nullptr : findFurther(name);
+}
+
+const char* Attributes::findFurther(const char* name) const {
     for (pugi::xml_attribute attribute = further_; attribute; attribute = attribute.next_attribute()) {
         if (isEqual(attribute.name(), name)) {
             return attribute.value();

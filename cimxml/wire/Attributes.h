@@ -19,6 +19,8 @@ public:
     const char* find(const char* name) const;
 
 private:
+    const char* findFurther(const char* name) const;
+
     struct Attribute {
         const char* name;
         const char* value;

@@ -3,7 +3,6 @@
 #include "cimxml/wire/MethodReader.h"
 #include "cimxml/wire/PathReader.h"
 #include "cimxml/wire/PropertyReader.h"
-#include "cimxml/wire/QualifierReader.h"
 #include "cimxml/wire/XmlNode.h"
 
 namespace cimxml {
@@ -16,7 +15,6 @@ CIMClass ClassReader::read(pugi::xml_node node) {
     }
     PathReader names(context_);
     CIMClass cimClass(names.readName(node, "NAME"), names.readOptionalName(node, "SUPERCLASS"));
-    QualifierReader(context_).addTo(cimClass, node);
     PropertyReader(context_).addTo(cimClass, node);
     MethodReader(context_).addTo(cimClass, node);
     return cimClass;

@@ -7,7 +7,6 @@
 #include "cimxml/common/HandleAccess.h"
 #include "cimxml/wire/PathReader.h"
 #include "cimxml/wire/PropertyReader.h"
-#include "cimxml/wire/QualifierReader.h"
 #include "cimxml/wire/XmlNode.h"
 
 namespace cimxml {
@@ -43,7 +42,6 @@ CIMInstance InstanceReader::readNamed(pugi::xml_node node) {
 }
 
 CIMInstance InstanceReader::readContent(pugi::xml_node node, CIMInstance instance) {
-    QualifierReader(context_).addTo(instance, node);
     PropertyReader(context_).addTo(instance, node);
     return instance;
 }

@@ -4,7 +4,6 @@
 #include <Pegasus/Common/CIMInstance.h>
 
 #include <cstring>
-#include <iterator>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -35,6 +34,20 @@ Uint32 sizeFor(const Attributes& node, const CIMValue& value) {
     return value.isNull() || value.getArraySize() == size ? size : 0;
 }
 
+struct Children {
+    std::size_t count = 0;
+    bool hasQualifiers = false;
+};
+
+Children childrenOf(pugi::xml_node node) {
+    Children children;
+    for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling()) {
+        ++children.count;
+        children.hasQualifiers = children.hasQualifiers || isElement(child, "QUALIFIER");
+    }
+    return children;
+}
+
 /// The text of a qualifier's value.
 std::string qualifierText(pugi::xml_node qualifier) {
     const pugi::xml_node value = firstElement(qualifier);
@@ -47,9 +60,11 @@ std::string qualifierText(pugi::xml_node qualifier) {
 PropertyReader::Parts PropertyReader::partsOf(pugi::xml_node node) {
     Parts parts;
     const char* const kind = node.name() + propertyElement.size();
-    parts.kind = std::strcmp(kind, ".ARRAY") == 0       ? Kind::Array
-                 : std::strcmp(kind, ".REFERENCE") == 0 ? Kind::Reference
-                                                        : Kind::Scalar;
+    if (*kind != '\0') {
+        parts.kind = std::strcmp(kind, ".ARRAY") == 0       ? Kind::Array
+                     : std::strcmp(kind, ".REFERENCE") == 0 ? Kind::Reference
+                                                            : Kind::Scalar;
+    }
     for (pugi::xml_node child = firstElement(node); child; child = nextElement(child)) {
         if (isElement(child, "QUALIFIER")) {
             parts.hasQualifiers = true;
@@ -126,11 +141,13 @@ CIMType PropertyReader::embeddedByQualifier(pugi::xml_node node) {
 template <typename Owner>
 void PropertyReader::addTo(Owner& owner, pugi::xml_node node) {
     const bool isClass = isElement(node, "CLASS");
-    const auto children = node.children();
-    const auto count = static_cast<std::size_t>(std::distance(children.begin(), children.end()));
+    const Children children = childrenOf(node);
+    if (children.hasQualifiers) {
+        QualifierReader(context_).addTo(owner, node);
+    }
     CIMObjectRep& object = HandleAccess::rep(owner);
-    object.properties.reserve(static_cast<Uint32>(count));
-    PropertyBlock block(count);
+    object.properties.reserve(static_cast<Uint32>(children.count));
+    PropertyBlock block(children.count);
     for (pugi::xml_node child = firstElement(node); child; child = nextElement(child)) {
         if (isElement(child, "QUALIFIER") || (isClass && isElement(child, "METHOD"))) {
             continue;

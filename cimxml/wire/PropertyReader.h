@@ -17,8 +17,8 @@ public:
 
     static bool isProperty(pugi::xml_node node);
 
-    /// Adds the properties among the children of `node` to `owner`, a class or an instance. Other children
-    /// than properties, qualifiers and, in a class, methods are an error.
+    /// Adds the qualifiers and properties among the children of `node` to `owner`, a class or an instance.
+    /// Other children than those and, in a class, methods are an error.
     template <typename Owner>
     void addTo(Owner& owner, pugi::xml_node node);
 

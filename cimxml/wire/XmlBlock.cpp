@@ -59,10 +59,19 @@ Bytes either(Bytes a, Bytes b) {
     return _mm_or_si128(a, b);
 }
 
-/// Control characters other than blanks, and what is no ASCII.
-Bytes noCharacter(Bytes bytes) {
-    const Bytes blank = either(either(equal(bytes, '\t'), equal(bytes, '\n')), equal(bytes, '\r'));
-    return _mm_andnot_si128(blank, less(bytes, ' '));
+bool any(Bytes bytes) {
+    return _mm_movemask_epi8(bytes) != 0;
+}
+
+/// Whether any of a block's bytes is a control character other than blanks, or no ASCII.
+bool hasNoCharacter(const char* text) {
+    Bytes found = _mm_setzero_si128();
+    for (std::size_t i = 0; i < XmlBlock::size; i += sizeof(Bytes)) {
+        const Bytes bytes = load(text + i);
+        const Bytes blank = either(either(equal(bytes, '\t'), equal(bytes, '\n')), equal(bytes, '\r'));
+        found = either(found, _mm_andnot_si128(blank, less(bytes, ' ')));
+    }
+    return any(found);
 }
 
 /// The sum of all bytes.
@@ -76,16 +85,18 @@ std::size_t sum(Bytes bytes) {
 XmlBlock XmlBlock::of(const char* text) {
     Bytes nodes = _mm_setzero_si128();
     Bytes special = _mm_setzero_si128();
+    Bytes belowBlank = _mm_setzero_si128();
     for (std::size_t i = 0; i < size; i += sizeof(Bytes)) {
         const Bytes bytes = load(text + i);
         const Bytes following = load(text + i + 1);
         const Bytes opens = equal(bytes, '<');
         const Bytes begins = _mm_andnot_si128(equal(following, '/'), opens);
         nodes = _mm_sub_epi8(nodes, either(begins, equal(bytes, '=')));  // a hit is minus one
-        special = either(special, either(noCharacter(bytes), equal(bytes, '&')));
+        belowBlank = either(belowBlank, less(bytes, ' '));
+        special = either(special, equal(bytes, '&'));
         special = either(special, _mm_and_si128(begins, less(following, 'A')));
     }
-    return {sum(nodes), _mm_movemask_epi8(special) != 0};
+    return {sum(nodes), any(special) || (any(belowBlank) && hasNoCharacter(text))};
 }
 
 #else

@@ -2,7 +2,6 @@
 
 #include <Pegasus/Common/String.h>
 
-#include <cstring>
 #include <pugixml.hpp>
 #include <string>
 #include <string_view>
@@ -16,8 +15,13 @@ namespace cimxml {
 /// Whether `node` is the element `name`. Element names are case-sensitive (DSP0201).
 inline bool isElement(pugi::xml_node node, std::string_view name) {
     const char* own = node.name();
-    return *own == name.front() && std::strncmp(own, name.data(), name.size()) == 0 &&
-           own[name.size()] == '\0';
+    // Most names are constants here: a compiler makes a few comparisons of this, where std::strcmp is a call.
+    for (const char c : name) {
+        if (*own++ != c) {
+            return false;
+        }
+    }
+    return *own == '\0';
 }
 
 /// First child element, or the next sibling element; a null node when there is none.
