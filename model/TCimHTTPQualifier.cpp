@@ -1,7 +1,6 @@
 #include "model/TCimHTTPQualifier.h"
 
 #include <boost/pointer_cast.hpp>
-#include <cassert>
 #include <utility>
 
 #include "namespace/names/Names.h"
@@ -81,13 +80,11 @@ bool TCimHTTPQualifier::operator<(const ICIMQualifier& other) const {
 
 void QualifierSet::Add(boost::shared_ptr<ICIMQualifier> qualifier) {
     auto own = Required(boost::dynamic_pointer_cast<TCimHTTPQualifier>(qualifier), "QualifierSet::Add");
-    const std::string key = NormalizeName(own->GetName(TContext()));
-
-    const auto stored = qualifiers_.find(key);
-    if (stored == qualifiers_.end()) {
-        [[maybe_unused]] const auto ret = qualifiers_.emplace(key, std::move(own));
-        assert(ret.second);
-    } else if (MayBeOverridden(*stored->second)) {
+    const auto [stored, isNew] = qualifiers_.try_emplace(NormalizeName(own->GetName(TContext())), own);
+    if (isNew) {
+        return;
+    }
+    if (MayBeOverridden(*stored->second)) {
         stored->second = std::move(own);  // in its place: an enumeration under way stays valid
     } else if (!AreIdentical(*own, *stored->second)) {
         Refuse(kStatusQualifierConflict);

@@ -308,6 +308,12 @@ const Char16* String::getChar16Data() const noexcept {
 }
 
 CString String::getCString() const {
+    if (isAscii(*this)) {
+        char* const copy = new char[std::size_t{size()} + 1];
+        copyAscii(copy, *this);
+        copy[size()] = '\0';
+        return CString(copy);
+    }
     const std::string text = toUtf8(*this);
     char* const copy = new char[text.size() + 1];
     std::memcpy(copy, text.c_str(), text.size() + 1);

@@ -1,6 +1,7 @@
 #include "cimxml/common/Utf8.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace Pegasus {
 
@@ -35,20 +36,27 @@ void appendCodePoint(std::string& out, char32_t c) {
     }
 }
 
-/// Appends the characters of one byte that a text begins with, which mostly are all; returns their end.
-const Char16* appendAscii(std::string& out, const Char16* begin, const Char16* end) {
-    const Char16* const stop = std::find_if(begin, end, [](char32_t c) { return c >= 0x80; });
-    const std::size_t size = out.size();
-    out.resize(size + static_cast<std::size_t>(stop - begin));
-    std::transform(begin, stop, out.data() + size, [](char32_t c) { return static_cast<char>(c); });
-    return stop;
-}
-
 }  // namespace
 
+bool isAscii(const String& text) {
+    const Char16* const p = text.getChar16Data();
+    // Every bit that occurs: without a branch, a compiler can take many at once.
+    return std::accumulate(p, p + text.size(), 0U, [](unsigned all, Uint16 c) { return all | c; }) < 0x80;
+}
+
+void copyAscii(char* out, const String& text) {
+    const Char16* const p = text.getChar16Data();
+    std::transform(p, p + text.size(), out, [](Uint16 c) { return static_cast<char>(c); });
+}
+
 void appendUtf8(std::string& out, const String& text) {
-    const Char16* const end = text.getChar16Data() + text.size();
-    const Char16* p = appendAscii(out, text.getChar16Data(), end);
+    if (isAscii(text)) {
+        out.resize(out.size() + text.size());
+        copyAscii(out.data() + out.size() - text.size(), text);
+        return;
+    }
+    const Char16* p = text.getChar16Data();
+    const Char16* const end = p + text.size();
     while (p != end) {
         const char32_t c = *p++;
         if (isHighSurrogate(c) && p != end && isLowSurrogate(*p)) {

@@ -11,6 +11,12 @@ namespace Pegasus {
 void appendUtf8(std::string& out, const String& text);
 void appendUtf8(std::string& out, Char16 unit);
 
+/// Whether the text consists of ASCII characters, as most do.
+bool isAscii(const String& text);
+
+/// Writes as many bytes of an ASCII text as it has characters.
+void copyAscii(char* out, const String& text);
+
 /// The text in UTF-8.
 std::string toUtf8(const String& text);
 
