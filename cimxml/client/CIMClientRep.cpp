@@ -67,8 +67,9 @@ void CIMClientRep::requireUnconnected() const {
 void CIMClientRep::connect(const String& host, Uint32 portNumber, const String& userName,
                            const String& password) {
     const std::string name = hostOrLocal(host);
-    connect([=](Deadline until) { return TcpStream::connect(name, portNumber, until); }, host, portNumber,
-            userName, password);
+    const auto silence = _limits.connectSilence;
+    connect([=](Deadline until) { return TcpStream::connect(name, portNumber, until, silence); }, host,
+            portNumber, userName, password);
 }
 
 void CIMClientRep::connect(const String& host, Uint32 portNumber, const SSLContext& sslContext,
@@ -81,10 +82,11 @@ void CIMClientRep::connect(const String& host, Uint32 portNumber, const SSLConte
     } catch (const WireError& error) {
         throwForUser(error, String());
     }
+    const auto silence = _limits.connectSilence;
     connect(
         [=](Deadline until) {
-            return std::make_unique<TlsStream>(TcpStream::connect(name, portNumber, until), context, name,
-                                               until);
+            return std::make_unique<TlsStream>(TcpStream::connect(name, portNumber, until, silence), context,
+                                               name, until, silence);
         },
         host, portNumber, userName, password);
 }

@@ -20,6 +20,9 @@ void throwForUser(const cimxml::WireError& error, const String& locator) {
         case Kind::CannotConnect:
             std::throw_with_nested(CannotConnectException(String("Cannot connect to ") + locator +
                                                           String(". Connection failed.")));
+        case Kind::Silent:
+            std::throw_with_nested(
+                CannotConnectException(String("Cannot connect to ") + locator + String(". ") + text));
         case Kind::TlsSetup:
             std::throw_with_nested(SSLException(text));
         case Kind::TimedOut:

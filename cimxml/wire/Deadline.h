@@ -16,6 +16,11 @@ public:
     /// Time that is left, zero once the deadline has passed.
     Clock::duration remaining() const { return std::max(Clock::duration::zero(), end_ - Clock::now()); }
 
+    /// The earlier of this deadline and the one that ends `most` from now.
+    Deadline within(std::chrono::milliseconds most) const {
+        return Deadline(std::min(end_, Clock::now() + most));
+    }
+
 private:
     explicit Deadline(Clock::time_point end) : end_(end) {}
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 
@@ -13,6 +14,11 @@ struct Limits {
     std::size_t xmlNodes = std::size_t{64} * 1024 * 1024;  ///< Elements and attributes, embedded ones too.
     unsigned xmlDepth = 128;                               ///< Nested elements of one XML document.
     unsigned embeddedLevels = 8;                           ///< Embedded objects inside embedded objects.
+
+    /// How long a peer may say nothing while a connection is being made, in each step of it: accepting, and
+    /// each answer of the TLS handshake. Then the phase is named and the connection given up, also where the
+    /// caller's time-out would leave more time.
+    std::chrono::milliseconds connectSilence = std::chrono::seconds(60);
 
     /// No bound: of how many bytes a list of instances is parsed at a time, when it is four times as long or
     /// longer. That many, with their tree, a processor has at hand.

@@ -12,6 +12,7 @@
 #include <netinet/tcp.h>
 #endif
 
+#include "cimxml/wire/Silence.h"
 #include "cimxml/wire/SocketWait.h"
 #include "cimxml/wire/WireError.h"
 
@@ -124,8 +125,8 @@ TcpStream::TcpStream(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
 
 TcpStream::~TcpStream() = default;
 
-std::unique_ptr<TcpStream> TcpStream::connect(const std::string& host, std::uint32_t port,
-                                              Deadline deadline) {
+std::unique_ptr<TcpStream> TcpStream::connect(const std::string& host, std::uint32_t port, Deadline deadline,
+                                              std::chrono::milliseconds silence) {
     auto impl = makeImpl<Impl>();
     WireError failure(WireError::Kind::CannotConnect, host + ": no address");
     for (const tcp::endpoint& peer : resolve(impl->context, host, port)) {
@@ -135,7 +136,16 @@ std::unique_ptr<TcpStream> TcpStream::connect(const std::string& host, std::uint
             failure = WireError(WireError::Kind::NoSocket, error.message());
             continue;
         }
-        error = impl->connect(peer, deadline);
+        try {
+            endureSilence("TCP connection", silence, deadline,
+                          [&](Deadline until) { error = impl->connect(peer, until); });
+        } catch (const WireError& silent) {
+            if (silent.kind() != WireError::Kind::Silent) {
+                throw;
+            }
+            failure = silent;
+            continue;
+        }
         if (!error) {
             impl->prepare(error);
         }

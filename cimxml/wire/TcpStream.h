@@ -1,10 +1,12 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <string>
 
 #include "cimxml/wire/ByteStream.h"
+#include "cimxml/wire/Limits.h"
 
 namespace cimxml {
 
@@ -14,8 +16,10 @@ class TcpStream : public ByteStream {
 public:
     /// Connects to the first of the host's addresses that accepts. `host` is a name or an address literal,
     /// IPv6 with or without brackets. Names are resolved synchronously, so that the deadline does not cover
-    /// the resolver. Throws WireError: UnknownHost, NoSocket, CannotConnect (with the cause), TimedOut.
-    static std::unique_ptr<TcpStream> connect(const std::string& host, std::uint32_t port, Deadline deadline);
+    /// the resolver. Each address has `silence` to accept. Throws WireError: UnknownHost, NoSocket,
+    /// CannotConnect (with the cause), Silent, TimedOut.
+    static std::unique_ptr<TcpStream> connect(const std::string& host, std::uint32_t port, Deadline deadline,
+                                              std::chrono::milliseconds silence = Limits().connectSilence);
 
     ~TcpStream() override;
 

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <climits>
 
+#include "cimxml/wire/Silence.h"
 #include "cimxml/wire/WireError.h"
 
 namespace cimxml {
@@ -48,7 +49,7 @@ void TlsStream::Free::operator()(ssl_st* ssl) const {
 }
 
 TlsStream::TlsStream(std::unique_ptr<ByteStream> below, std::shared_ptr<const TlsContext> context,
-                     const std::string& host, Deadline deadline)
+                     const std::string& host, Deadline deadline, std::chrono::milliseconds silence)
     : below_(std::move(below)), context_(std::move(context)), ssl_(SSL_new(context_->native())) {
     BIO* in = newBuffer();
     BIO* out = newBuffer();
@@ -59,7 +60,7 @@ TlsStream::TlsStream(std::unique_ptr<ByteStream> below, std::shared_ptr<const Tl
     }
     SSL_set_bio(ssl_.get(), in, out);
     announce(host);
-    handshake(deadline);
+    handshake(deadline, silence);
 }
 
 TlsStream::~TlsStream() = default;
@@ -70,30 +71,35 @@ void TlsStream::announce(const std::string& host) {
     }
 }
 
-void TlsStream::handshake(Deadline deadline) {
-    for (;;) {
-        ERR_clear_error();
-        const int result = SSL_connect(ssl_.get());
-        const int reason = SSL_get_error(ssl_.get(), result);
-        const std::string cause = reason == SSL_ERROR_SSL ? takeTlsError() : "connection closed";
-        try {
-            flush(deadline);
-        } catch (const WireError& error) {
-            throw WireError(
-                error.kind() == WireError::Kind::Closed ? WireError::Kind::CannotConnect : error.kind(),
-                "TLS handshake: " + cause);
-        }
-        if (result == 1) {
-            return;
-        }
-        if (reason != SSL_ERROR_WANT_READ || !fill(deadline)) {
-            const long verification = SSL_get_verify_result(ssl_.get());
-            const bool refused = verification != X509_V_OK && reason == SSL_ERROR_SSL;
-            throw WireError(
-                WireError::Kind::CannotConnect,
-                "TLS handshake: " + (refused ? X509_verify_cert_error_string(verification) : cause));
-        }
+void TlsStream::handshake(Deadline deadline, std::chrono::milliseconds silence) {
+    for (bool done = false; !done;) {
+        endureSilence("TLS handshake", silence, deadline,
+                      [&](Deadline until) { done = continueHandshake(until); });
     }
+}
+
+bool TlsStream::continueHandshake(Deadline deadline) {
+    ERR_clear_error();
+    const int result = SSL_connect(ssl_.get());
+    const int reason = SSL_get_error(ssl_.get(), result);
+    const std::string cause = reason == SSL_ERROR_SSL ? takeTlsError() : "connection closed";
+    try {
+        flush(deadline);
+    } catch (const WireError& error) {
+        throw WireError(
+            error.kind() == WireError::Kind::Closed ? WireError::Kind::CannotConnect : error.kind(),
+            "TLS handshake: " + cause);
+    }
+    if (result == 1) {
+        return true;
+    }
+    if (reason != SSL_ERROR_WANT_READ || !fill(deadline)) {
+        const long verification = SSL_get_verify_result(ssl_.get());
+        const bool refused = verification != X509_V_OK && reason == SSL_ERROR_SSL;
+        throw WireError(WireError::Kind::CannotConnect,
+                        "TLS handshake: " + (refused ? X509_verify_cert_error_string(verification) : cause));
+    }
+    return false;
 }
 
 void TlsStream::write(std::string_view bytes, Deadline deadline) {

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <string>
 
 #include "cimxml/wire/ByteStream.h"
+#include "cimxml/wire/Limits.h"
 #include "cimxml/wire/TlsContext.h"
 
 struct ssl_st;
@@ -15,10 +17,11 @@ namespace cimxml {
 class TlsStream : public ByteStream {
 public:
     /// Takes over `below` and completes the handshake. `host` is sent as the server's name (RFC 6066) unless
-    /// it is an address. `context` is kept alive for as long as the stream lives. Throws WireError: TimedOut,
-    /// or CannotConnect with OpenSSL's reason.
+    /// it is an address. `context` is kept alive for as long as the stream lives. The server has `silence`
+    /// for each of its answers. Throws WireError: TimedOut, Silent, or CannotConnect with OpenSSL's reason.
     TlsStream(std::unique_ptr<ByteStream> below, std::shared_ptr<const TlsContext> context,
-              const std::string& host, Deadline deadline);
+              const std::string& host, Deadline deadline,
+              std::chrono::milliseconds silence = Limits().connectSilence);
     ~TlsStream() override;
 
     void write(std::string_view bytes, Deadline deadline) override;
@@ -30,7 +33,9 @@ public:
 
 private:
     void announce(const std::string& host);
-    void handshake(Deadline deadline);
+    void handshake(Deadline deadline, std::chrono::milliseconds silence);
+    /// One answer of the server further; true once the handshake is complete.
+    bool continueHandshake(Deadline deadline);
     /// Decrypts what has been received: bytes, zero at the end, nothing when more must be received first.
     std::optional<std::size_t> decrypt(char* buffer, std::size_t size);
     /// Sends what OpenSSL wants to send.

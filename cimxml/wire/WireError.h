@@ -13,6 +13,7 @@ public:
         UnknownHost,    ///< The host name does not resolve.
         NoSocket,       ///< The system gives no socket.
         CannotConnect,  ///< TCP connection or TLS handshake failed.
+        Silent,         ///< The peer said nothing for too long while a connection was being made.
         TlsSetup,       ///< The TLS settings cannot be used: a bad trust store, certificate or key.
         TimedOut,       ///< The deadline passed.
         Closed,         ///< The server closed the connection while it owed an answer.

@@ -39,6 +39,7 @@ TEST(ErrorTranslation, CoversEveryKind) {
     expectTranslation<CannotCreateSocketException>(Kind::NoSocket, "Cannot create socket");
     expectTranslation<CannotConnectException>(Kind::CannotConnect,
                                               "Cannot connect to host:1. Connection failed.");
+    expectTranslation<CannotConnectException>(Kind::Silent, "Cannot connect to host:1. the cause");
     expectTranslation<SSLException>(Kind::TlsSetup, "SSL Exception: the cause");
     expectTranslation<ConnectionTimeoutException>(Kind::TimedOut, "connection timed out");
     expectTranslation<CIMClientMalformedHTTPException>(Kind::Closed, "the cause");

@@ -98,6 +98,43 @@ TEST(TcpStream, SaysWhyItCannotConnect) {
     }
 }
 
+/// Listens, and has no room for one more connection.
+class FullServer {
+public:
+    FullServer() : acceptor_(context_) {
+        const asio::ip::tcp::endpoint any(asio::ip::make_address("127.0.0.1"), 0);
+        acceptor_.open(any.protocol());
+        acceptor_.bind(any);
+        acceptor_.listen(0);
+        for (int i = 0; i < 4; ++i) {
+            waiting_.emplace_back(context_);
+            waiting_.back().async_connect(acceptor_.local_endpoint(), [](boost::system::error_code) {});
+        }
+        context_.run_for(50ms);
+    }
+
+    std::uint16_t port() const { return acceptor_.local_endpoint().port(); }
+
+private:
+    asio::io_context context_;
+    asio::ip::tcp::acceptor acceptor_;
+    std::vector<Socket> waiting_;
+};
+
+TEST(TcpStream, GivesAnAddressUpThatDoesNotAnswer) {
+    const FullServer server;
+    try {
+        TcpStream::connect("127.0.0.1", server.port(), soon(), 50ms);
+        FAIL() << "connected";
+    } catch (const WireError& error) {
+        EXPECT_EQ(error.kind(), WireError::Kind::Silent);
+        EXPECT_STREQ(error.what(), "TCP connection: no word from the server in 50 ms");
+    }
+    EXPECT_EQ(kindOf([&] { TcpStream::connect("127.0.0.1", server.port(), Deadline::after(50ms)); }),
+              WireError::Kind::TimedOut)
+        << "the caller's time ended first";
+}
+
 TEST(TcpStream, ReadingRunsOutOfTime) {
     std::promise<void> done;
     LoopbackServer server([&](Socket&) { done.get_future().wait(); });

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "cimom/Server.h"
+#include "cimxml/client/CIMClientRep.h"
 #include "cimxml/wire/HttpConnection.h"
 #include "cimxml/wire/TcpStream.h"
 #include "cimxml/wire/WireError.h"
@@ -166,13 +167,37 @@ TEST_F(TlsStreamTest, FilesThatCannotBeUsedAreNamed) {
     }
 }
 
+/// Accepts, and says nothing until the client has gone.
+void listenOnly(LoopbackServer::Socket& socket) {
+    char byte = 0;
+    boost::system::error_code error;
+    while (socket.read_some(boost::asio::buffer(&byte, 1), error) > 0) {
+    }
+}
+
+TEST_F(TlsStreamTest, AHandshakeThatIsNotAnsweredIsGivenUpLongBeforeTheDeadline) {
+    LoopbackServer silent(listenOnly);
+    cimxml::Limits limits;
+    limits.connectSilence = 50ms;
+    Pegasus::CIMClientRep client(limits);
+    client.setTimeout(65535000);  // 18 hours
+    try {
+        client.connect("127.0.0.1", silent.port(), Pegasus::SSLContext("", nullptr, ""), "", "");
+        FAIL() << "connected";
+    } catch (const Pegasus::CannotConnectException& exception) {
+        EXPECT_EQ(std::string(exception.getMessage().getCString()),
+                  "Cannot connect to 127.0.0.1:" + std::to_string(silent.port()) +
+                      ". TLS handshake: no word from the server in 50 ms");
+    }
+    EXPECT_FALSE(client.isConnected());
+}
+
+TEST_F(TlsStreamTest, TheSilenceThatIsEnduredIsAMinute) {
+    EXPECT_EQ(cimxml::Limits().connectSilence, 60s);
+}
+
 TEST_F(TlsStreamTest, AHandshakeThatIsNotAnsweredRunsOutOfTime) {
-    LoopbackServer silent([](LoopbackServer::Socket& socket) {
-        char byte = 0;
-        boost::system::error_code error;
-        while (socket.read_some(boost::asio::buffer(&byte, 1), error) > 0) {
-        }
-    });
+    LoopbackServer silent(listenOnly);
     const auto context = std::make_shared<const TlsContext>(TlsSettings());
     try {
         const Deadline deadline = Deadline::after(50ms);
