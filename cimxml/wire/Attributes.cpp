@@ -1,6 +1,9 @@
 #include "cimxml/wire/Attributes.h"
 
 #include <cstring>
+#include <string>
+
+#include "cimxml/wire/XmlNode.h"
 
 namespace cimxml {
 
@@ -19,7 +22,16 @@ Attributes::Attributes(pugi::xml_node element) : element_(element), further_(ele
         if (*name == '\0') {
             return;  // no further one
         }
+        requireNew(name);
         attributes_[size_++] = {name, further_.value()};
+    }
+}
+
+void Attributes::requireNew(const char* name) const {
+    for (std::size_t i = 0; i < size_; ++i) {
+        if (isEqual(attributes_[i].name, name)) {
+            failAt(element_, std::string("each attribute once, found ") + name + " twice");
+        }
     }
 }
 

@@ -10,6 +10,7 @@ namespace cimxml {
 /// tree walks over all.
 class Attributes {
 public:
+    /// Throws WireError BadXml when there are two of one name, which XML does not allow.
     // NOLINTNEXTLINE(google-explicit-constructor): readers take an element or its attributes
     Attributes(pugi::xml_node element);
 
@@ -19,6 +20,7 @@ public:
     const char* find(const char* name) const;
 
 private:
+    void requireNew(const char* name) const;
     const char* findFurther(const char* name) const;
 
     struct Attribute {

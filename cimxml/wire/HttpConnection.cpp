@@ -81,6 +81,21 @@ std::string reasonIn(std::string_view statusLine) {
                                                         : trim(statusLine.substr(reason)));
 }
 
+/// No other coding than chunks was asked for, and a body in one would only look like broken XML.
+void refuseCodings(const Parser& parser) {
+    const auto& fields = parser.get().base();
+    for (const http::field name : {http::field::transfer_encoding, http::field::content_encoding}) {
+        const auto coding = fields.find(name);
+        const bool isKnown = coding == fields.end() ||
+                             (name == http::field::transfer_encoding && parser.chunked()) ||
+                             equalNoCase(trim(coding->value()), "identity");
+        if (!isKnown) {
+            throw WireError(WireError::Kind::BadHttp, "Malformed HTTP response message: unknown " +
+                                                          std::string(coding->name_string()) + ".");
+        }
+    }
+}
+
 HttpResponse take(Parser& parser, std::string_view statusLine, bool nothingLeft) {
     auto message = parser.release();
     HttpResponse response;
@@ -128,6 +143,7 @@ private:
                 end(parser);
             }
         }
+        refuseCodings(parser);
         return take(parser, statusLine_, buffer_.size() == 0);
     }
 

@@ -10,6 +10,7 @@
 #include "cimxml/wire/Scalars.h"
 #include "cimxml/wire/StatusCode.h"
 #include "cimxml/wire/WireError.h"
+#include "cimxml/wire/XmlError.h"
 #include "cimxml/wire/XmlNode.h"
 
 namespace cimxml {
@@ -53,6 +54,9 @@ XmlDocument ResponseReader::parse(std::string body, const Expected& expected) {
     const XmlScan scan = XmlDocument::admit(body, context_);
     if (!scan.mixed && expected.method == "EnumerateInstances") {
         list_ = InstanceList::takeFrom(body, context_.limits.pieceBytes);
+    }
+    if (!list_ && scan.nodes > context_.limits.treeNodes) {
+        throw XmlError(0, ": the answer exceeds the limit on elements and attributes in one tree");
     }
     return XmlDocument(std::move(body), scan, context_);
 }

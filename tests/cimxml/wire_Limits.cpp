@@ -95,6 +95,16 @@ TEST(Limits, ElementsAndAttributes) {
     EXPECT_NE(text.find("exceeds the limit on elements and attributes"), std::string::npos) << text;
 }
 
+TEST(Limits, ElementsAndAttributesOfOneTree) {
+    cimxml::Limits limits;
+    limits.treeNodes = 12;
+    EXPECT_EQ(outcome(limits, answer(smallest)), good);
+    limits.treeNodes = 11;
+    EXPECT_EQ(outcome(limits, answer(smallest)),
+              "throws CIMClientXmlException: XML at offset 0: the answer exceeds the limit on elements and "
+              "attributes in one tree\n");
+}
+
 TEST(Limits, ElementsOfEmbeddedObjectsCountToo) {
     const std::string content =
         "<INSTANCE CLASSNAME=\"A\"><PROPERTY NAME=\"P\" TYPE=\"string\" EmbeddedObject=\"object\"><VALUE>"

@@ -3,14 +3,17 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <boost/asio/buffer.hpp>
 #include <boost/asio/read.hpp>
 #include <boost/asio/write.hpp>
 #include <chrono>
 #include <future>
 #include <string>
+#include <thread>
 #include <vector>
 
+#include "cimxml/client/CIMClientRep.h"
 #include "cimxml/wire/WireError.h"
 #include "tests/cimxml/wire_LoopbackServer.h"
 
@@ -142,6 +145,25 @@ TEST(TcpStream, ReadingRunsOutOfTime) {
     char byte = 0;
     EXPECT_EQ(kindOf([&] { stream->read(&byte, 1, Deadline::after(20ms)); }), WireError::Kind::TimedOut);
     done.set_value();
+}
+
+TEST(TcpStream, ADeadlineHoldsWhileByteAfterByteComes) {
+    std::atomic<bool> done{false};
+    LoopbackServer slow([&](Socket& socket) {
+        const std::string answer = "HTTP/1.1 200 OK\r\nX: " + std::string(100000, 'x');
+        boost::system::error_code error;
+        for (std::size_t i = 0; i < answer.size() && !done && !error; ++i) {
+            asio::write(socket, asio::buffer(&answer[i], 1), error);
+            std::this_thread::sleep_for(5ms);
+        }
+    });
+    Pegasus::CIMClientRep client;
+    client.connect("127.0.0.1", slow.port(), "", "");
+    client.setTimeout(200);
+    EXPECT_THROW(client.enumerateClassNames("root/cimv2", Pegasus::CIMName(), false),
+                 Pegasus::ConnectionTimeoutException);
+    EXPECT_FALSE(client.isConnected());
+    done = true;
 }
 
 TEST(TcpStream, WritingRunsOutOfTimeWhenNobodyReads) {

@@ -2,11 +2,14 @@
 
 #include <Pegasus/Client/CIMClient.h>
 #include <gtest/gtest.h>
+#include <openssl/ssl.h>
 
 #include <chrono>
+#include <memory>
 #include <string>
 
 #include "cimom/Server.h"
+#include "cimom/http/Certificate.h"
 #include "cimxml/client/CIMClientRep.h"
 #include "cimxml/wire/HttpConnection.h"
 #include "cimxml/wire/TcpStream.h"
@@ -207,6 +210,41 @@ TEST_F(TlsStreamTest, AHandshakeThatIsNotAnsweredRunsOutOfTime) {
     } catch (const WireError& error) {
         EXPECT_EQ(error.kind(), WireError::Kind::TimedOut);
     }
+}
+
+/// Takes a connection over TLS 1.2, renegotiates in the middle of what it says, and closes without the alert
+/// that ought to end it.
+void renegotiate(LoopbackServer::Socket& socket) {
+    const std::unique_ptr<SSL_CTX, decltype(&SSL_CTX_free)> context(SSL_CTX_new(TLS_server_method()),
+                                                                    SSL_CTX_free);
+    SSL_CTX_set_max_proto_version(context.get(), TLS1_2_VERSION);
+    cimom::Certificate::shared(cimom::Certificate::Kind::Modern).useIn(context.get());
+    const std::unique_ptr<SSL, decltype(&SSL_free)> ssl(SSL_new(context.get()), SSL_free);
+    SSL_set_fd(ssl.get(), static_cast<int>(socket.native_handle()));
+    SSL_clear_mode(ssl.get(), SSL_MODE_AUTO_RETRY);  // a read ends when a handshake has
+    char byte = 0;
+    ASSERT_EQ(SSL_accept(ssl.get()), 1);
+    ASSERT_EQ(SSL_write(ssl.get(), "half ", 5), 5);
+    ASSERT_EQ(SSL_renegotiate(ssl.get()), 1);
+    ASSERT_EQ(SSL_do_handshake(ssl.get()), 1);
+    while (SSL_renegotiate_pending(ssl.get()) != 0 && SSL_read(ssl.get(), &byte, 1) <= 0) {
+        ASSERT_EQ(SSL_get_error(ssl.get(), -1), SSL_ERROR_WANT_READ);
+    }
+    ASSERT_EQ(SSL_write(ssl.get(), "and half", 8), 8);
+}
+
+TEST_F(TlsStreamTest, ARenegotiationIsFollowedAndAnEndWithoutItsAlertIsAnEnd) {
+    LoopbackServer renegotiating(renegotiate);
+    const Deadline deadline = Deadline::after(10s);
+    TlsStream stream(TcpStream::connect("127.0.0.1", renegotiating.port(), deadline),
+                     std::make_shared<const TlsContext>(TlsSettings()), "localhost", deadline);
+    std::string all;
+    char buffer[64];
+    while (const std::size_t count = stream.read(buffer, sizeof buffer, deadline)) {
+        all.append(buffer, count);
+    }
+    EXPECT_EQ(all, "half and half");
+    EXPECT_EQ(stream.read(buffer, sizeof buffer, deadline), 0U) << "and stays one";
 }
 
 TEST_F(TlsStreamTest, AHandshakeThatIsCutOffFails) {

@@ -21,17 +21,22 @@ inline std::string GetClassAnswer(unsigned long messageId, const std::string& ci
            std::to_string(body.size()) + "\r\n\r\n" + body;
 }
 
-/// Answers the next GetClass requests with these CLASS elements, one each, whatever they ask for; those that
-/// follow are answered from the repository again.
-///
-/// The client library numbers its messages one by one, so that a request sent here tells the numbers of the
-/// next ones; no other request may come between.
-inline void AnswerGetClassWith(TestMachine& machine, PegClient& client,
-                               std::initializer_list<std::string> classes) {
+/// The number of the message that the client sent last, which it finds out by a request. The client library
+/// numbers its messages one by one.
+inline unsigned long LastMessageId(TestMachine& machine, PegClient& client) {
     client.EnumerateClassNames("root/cimv2", "", false, 5000);
     const std::string body = machine.Server().requests().back().body;
     const std::string mark = "<MESSAGE ID=\"";
-    unsigned long messageId = std::stoul(body.substr(body.find(mark) + mark.size()));
+    return std::stoul(body.substr(body.find(mark) + mark.size()));
+}
+
+/// Answers the next GetClass requests with these CLASS elements, one each, whatever they ask for; those that
+/// follow are answered from the repository again.
+///
+/// No other request may come between.
+inline void AnswerGetClassWith(TestMachine& machine, PegClient& client,
+                               std::initializer_list<std::string> classes) {
+    unsigned long messageId = LastMessageId(machine, client);
     for (const std::string& cimClass : classes) {
         cimom::Fault fault;
         fault.kind = cimom::Fault::Kind::RawAnswer;
