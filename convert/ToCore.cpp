@@ -118,12 +118,6 @@ constexpr Keyword kScopes[] = {{"CLASS", kScopeClass},           {"ASSOCIATION",
                                {"REFERENCE", kScopeReference},   {"METHOD", kScopeMethod},
                                {"PARAMETER", kScopeParameter},   {"ANY", kScopeAny}};
 
-// OVERRIDABLE and RESTRICTED give no bit: kept, hosts rely on this table as it is.
-constexpr Keyword kFlavors[] = {
-    {"OVERRIDABLE", kFlavorNone},          {"ENABLEOVERRIDE", kFlavorEnableOverride},
-    {"TOSUBCLASS", kFlavorToSubclass},     {"RESTRICTED", kFlavorNone},
-    {"TRANSLATABLE", kFlavorTranslatable}, {"DEFAULTS", kFlavorDefaults}};
-
 /// The value of the keyword that is the whole text, or 0: a combination's text is no keyword.
 template <std::size_t N>
 unsigned int ValueOf(const std::string& text, const Keyword (&keywords)[N]) {
@@ -162,7 +156,11 @@ unsigned int ToCoreScope(const Pegasus::CIMScope& scope) {
 }
 
 unsigned int ToCoreFlavor(const Pegasus::CIMFlavor& flavor) {
-    return ValueOf(ToText(flavor.toString()), kFlavors);
+    if (flavor.equal(Pegasus::CIMFlavor::TOSUBCLASS)) {
+        return kFlavorToSubclass;
+    }
+    // OVERRIDABLE gives no bit: kept, hosts rely on it.
+    return flavor.equal(Pegasus::CIMFlavor::TRANSLATABLE) ? kFlavorTranslatable : kFlavorNone;
 }
 
 unsigned int ToCoreQualifierFlavor(const Pegasus::CIMFlavor& flavor) {

@@ -37,7 +37,6 @@ constexpr auto kScopeAny = static_cast<ICIMQualifierDecl::EScope>(127);
 constexpr auto kFlavorNone = static_cast<ICIMQualifierDecl::EFlavor>(0);
 constexpr auto kFlavorEnableOverride = static_cast<ICIMQualifierDecl::EFlavor>(1);
 constexpr auto kFlavorToSubclass = static_cast<ICIMQualifierDecl::EFlavor>(2);
-constexpr auto kFlavorDefaults = static_cast<ICIMQualifierDecl::EFlavor>(3);
 constexpr auto kFlavorTranslatable = static_cast<ICIMQualifierDecl::EFlavor>(4);
 
 // Types of values. The code of a scalar is the remote library's number of its type plus one; the arrays'
