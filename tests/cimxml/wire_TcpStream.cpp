@@ -188,6 +188,36 @@ TEST(TcpStream, ADeadlineThatHasPassedIsNotWaitedFor) {
               WireError::Kind::TimedOut);
 }
 
+// A server that never stops sending must not keep anybody for ever.
+TEST(TcpStream, ADeadlineThatHasPassedCountsWhateverHasCome) {
+    std::promise<void> done;
+    LoopbackServer server([&](Socket& socket) {
+        asio::write(socket, asio::buffer("xyz", 3));
+        done.get_future().wait();
+    });
+    const auto stream = TcpStream::connect("127.0.0.1", server.port(), soon());
+    char byte = 0;
+    EXPECT_EQ(stream->read(&byte, 1, soon()), 1U);
+    EXPECT_EQ(kindOf([&] { stream->read(&byte, 1, Deadline::after(0ms)); }), WireError::Kind::TimedOut);
+    done.set_value();
+}
+
+TEST(TcpStream, WritesMoreThanTheSystemTakesAtATime) {
+    std::string much(16U * 1024 * 1024, 'x');
+    for (std::size_t i = 0; i < much.size(); i += 1000) {
+        much[i] = static_cast<char>('a' + i / 1000 % 26);
+    }
+    std::string received(much.size(), '\0');
+    LoopbackServer server([&](Socket& socket) {
+        asio::read(socket, asio::buffer(received));
+        asio::write(socket, asio::buffer("!", 1));
+    });
+    const auto stream = TcpStream::connect("127.0.0.1", server.port(), soon());
+    stream->write(much, soon());
+    EXPECT_EQ(readAll(*stream), "!");
+    EXPECT_TRUE(received == much);
+}
+
 TEST(TcpStream, TellsWhetherSomethingIsThereWithoutWaiting) {
     std::promise<void> speak;
     std::promise<void> end;
