@@ -331,6 +331,12 @@ TEST(CString, IsNullByDefault) {
     EXPECT_EQ(static_cast<const char*>(CString()), nullptr);
 }
 
+TEST(CString, IsUtf8FromTheFirstCharacterThatIsNoAscii) {
+    EXPECT_STREQ(static_cast<const char*>(String("a\x7F").getCString()), "a\x7F");
+    EXPECT_STREQ(static_cast<const char*>(String("a\xC2\x80z").getCString()), "a\xC2\x80z");
+    EXPECT_STREQ(static_cast<const char*>(String("\xE2\x82\xAC").getCString()), "\xE2\x82\xAC");
+}
+
 TEST(CString, OwnsItsText) {
     CString copy;
     {

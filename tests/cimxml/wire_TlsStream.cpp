@@ -91,6 +91,17 @@ TEST_F(TlsStreamTest, AClientTalksToATls10Server) {
         0U);
 }
 
+TEST_F(TlsStreamTest, GivesWhatCameAtOnceInPiecesAsSmallAsAreAskedFor) {
+    serve();
+    const auto stream = connect();
+    stream->write("GET / HTTP/1.1\r\nHost: x\r\n\r\n", Deadline::after(10s));
+    std::string start;
+    for (char byte = 0; start.size() < 12; start += byte) {
+        ASSERT_EQ(stream->read(&byte, 1, Deadline::after(10s)), 1U);
+    }
+    EXPECT_EQ(start.substr(0, 9), "HTTP/1.1 ");
+}
+
 TEST_F(TlsStreamTest, SessionTicketsAreNoStrayData) {
     serve();
     cimxml::HttpConnection connection(connect(), cimxml::Limits());
