@@ -10,8 +10,8 @@
 
 namespace cimxml {
 
-/// A TCP connection without delay (RFC 896's algorithm off). Every call runs its own asynchronous operation
-/// on the calling thread; no thread is started.
+/// A TCP connection without delay (RFC 896's algorithm off). The socket never waits: a call tries, waits with
+/// the deadline until it is worth to try again, and so on. No thread is started.
 class TcpStream : public ByteStream {
 public:
     /// Connects to the first of the host's addresses that accepts. `host` is a name or an address literal,
