@@ -77,7 +77,8 @@ bool hasNoCharacter(const char* text) {
 /// The sum of all bytes.
 std::size_t sum(Bytes bytes) {
     const Bytes halves = _mm_sad_epu8(bytes, _mm_setzero_si128());
-    return static_cast<std::size_t>(_mm_cvtsi128_si32(halves) + _mm_extract_epi16(halves, 4));
+    return static_cast<std::size_t>(_mm_cvtsi128_si32(halves)) +
+           static_cast<std::size_t>(_mm_extract_epi16(halves, 4));
 }
 
 }  // namespace
