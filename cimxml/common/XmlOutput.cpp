@@ -9,7 +9,7 @@ namespace cimxml {
 namespace {
 
 /// Neither markup nor a control character.
-bool isPlain(char c) {
+bool standsForItself(char c) {
     const auto byte = static_cast<unsigned char>(c);
     return byte >= 0x20 && c != '&' && c != '<' && c != '>' && c != '"' && c != '\'' && byte != 0x7F;
 }
@@ -63,7 +63,7 @@ void XmlOutput::attribute(std::string_view name, const Pegasus::String& value) {
 
 void XmlOutput::escaped(std::string_view text) {
     while (!text.empty()) {
-        const auto special = std::find_if_not(text.begin(), text.end(), isPlain);
+        const auto special = std::find_if_not(text.begin(), text.end(), standsForItself);
         const auto plain = static_cast<std::size_t>(special - text.begin());
         text_.append(text.substr(0, plain));
         text.remove_prefix(plain);
