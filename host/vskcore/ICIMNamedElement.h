@@ -25,12 +25,19 @@ public:
 
     /// Makes a qualifier for this element, not yet added, from a declaration known to the namespace by
     /// `name`; throws status 15 when the namespace has no such declaration. The caller shares ownership.
+    // Microsoft's compiler gives overloads their slots in the reverse order of their declarations.
+#if !defined(_MSC_VER)
     virtual boost::shared_ptr<ICIMQualifier> AllocateQualifier(const std::string& name,
                                                                const TCIMValue& value, TContext context) = 0;
+#endif
 
     /// The same from a declaration.
     virtual boost::shared_ptr<ICIMQualifier> AllocateQualifier(
         boost::shared_ptr<ICIMQualifierDecl> declaration, const TCIMValue& value, TContext context) = 0;
+#if defined(_MSC_VER)
+    virtual boost::shared_ptr<ICIMQualifier> AllocateQualifier(const std::string& name,
+                                                               const TCIMValue& value, TContext context) = 0;
+#endif
 
     /// Looks a qualifier up; `found` tells whether it is there. Empty when it is not. Never throws for an
     /// absent name. Classes do not offer it (status 1).
