@@ -1,18 +1,79 @@
 # The host's SDK behind the target VSK::SDK: a real one under VSK_SDK_ROOT, or
 # the substitutes in host/.
 
-set(VSK_SDK_ROOT "" CACHE PATH "Root of an installed host SDK (include/, lib/); empty: build host/")
+set(VSK_SDK_ROOT "" CACHE PATH "Root of an installed host SDK; empty: build host/")
+set(VSK_SDK_LIBRARIES vskhost CACHE STRING "The host SDK's libraries, by the names that a linker has for them")
+set(VSK_SDK_INCLUDE_DIRS "" CACHE STRING
+    "Folders that the host SDK's headers name each other below; empty: those with headers and the ones above them")
+
+# The host's headers that sources of the plug-in include, as they name them: the way that host/ has them.
+function(vsk_included_headers result)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS
+    include/plugin/*.h provider/*.h provider/*.cpp connection/*.h connection/*.cpp namespace/*.h namespace/*.cpp
+    model/*.h model/*.cpp convert/*.h convert/*.cpp)
+  set(names "")
+  foreach(source IN LISTS sources)
+    file(STRINGS "${source}" lines REGEX "^#include \"(vskcore|inmem|qelc|union|splib)/")
+    list(APPEND names ${lines})
+  endforeach()
+  list(TRANSFORM names REPLACE "^#include \"(.*)\".*" "\\1")
+  list(REMOVE_DUPLICATES names)
+  set(${result} "${names}" PARENT_SCOPE)
+endfunction()
+
+# An SDK has its headers where it likes. By each name that we include stands one here that leads to it.
+function(vsk_lead_to_headers folder sdk_headers)
+  vsk_included_headers(names)
+  foreach(name IN LISTS names)
+    get_filename_component(file "${name}" NAME)
+    string(REPLACE "." "\\." pattern "${file}")
+    set(found ${sdk_headers})
+    list(FILTER found INCLUDE REGEX "/${pattern}$")
+    list(LENGTH found count)
+    if(NOT count EQUAL 1)
+      message(FATAL_ERROR "${count} headers ${file} below ${VSK_SDK_ROOT}, instead of one: ${found}")
+    endif()
+    file(CONFIGURE OUTPUT "${folder}/${name}" CONTENT "#pragma once\n#include \"${found}\"\n" @ONLY)
+  endforeach()
+endfunction()
+
+# The folders of files, and with ABOVE those above them, each once.
+function(vsk_folders_of result above)
+  set(folders "")
+  foreach(file IN LISTS ARGN)
+    get_filename_component(folder "${file}" DIRECTORY)
+    list(APPEND folders "${folder}")
+    if(above)
+      get_filename_component(folder "${folder}" DIRECTORY)
+      list(APPEND folders "${folder}")
+    endif()
+  endforeach()
+  list(REMOVE_DUPLICATES folders)
+  set(${result} "${folders}" PARENT_SCOPE)
+endfunction()
+
+function(vsk_link_libraries target)
+  file(GLOB_RECURSE files "${VSK_SDK_ROOT}/*.so" "${VSK_SDK_ROOT}/*.a" "${VSK_SDK_ROOT}/*.lib")
+  vsk_folders_of(folders NO ${files})
+  foreach(name IN LISTS VSK_SDK_LIBRARIES)
+    find_library(VSK_SDK_${name}_LIBRARY ${name} PATHS ${folders} NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+    target_link_libraries(${target} INTERFACE "${VSK_SDK_${name}_LIBRARY}")
+  endforeach()
+endfunction()
 
 if(VSK_SDK_ROOT)
   find_package(Boost 1.81 REQUIRED)
-  find_path(VSK_SDK_INCLUDE_DIR vskcore/TCIMValue.h PATHS "${VSK_SDK_ROOT}/include" PATH_SUFFIXES cimhttp-host
-            NO_DEFAULT_PATH REQUIRED)
-  find_library(VSK_SDK_LIBRARY vskhost PATHS "${VSK_SDK_ROOT}/lib" NO_DEFAULT_PATH REQUIRED)
-  add_library(VSK::SDK UNKNOWN IMPORTED)
-  set_target_properties(VSK::SDK PROPERTIES
-    IMPORTED_LOCATION "${VSK_SDK_LIBRARY}"
-    INTERFACE_INCLUDE_DIRECTORIES "${VSK_SDK_INCLUDE_DIR}"
-    INTERFACE_LINK_LIBRARIES Boost::headers)
+  file(GLOB_RECURSE headers "${VSK_SDK_ROOT}/*.h")
+  vsk_lead_to_headers("${CMAKE_BINARY_DIR}/host-sdk" "${headers}")
+  set(folders ${VSK_SDK_INCLUDE_DIRS})
+  if(NOT folders)
+    vsk_folders_of(folders YES ${headers})
+  endif()
+  add_library(vsk_sdk INTERFACE)
+  add_library(VSK::SDK ALIAS vsk_sdk)
+  target_include_directories(vsk_sdk SYSTEM INTERFACE "${CMAKE_BINARY_DIR}/host-sdk" ${folders})
+  target_link_libraries(vsk_sdk INTERFACE Boost::headers)
+  vsk_link_libraries(vsk_sdk)
 else()
   add_subdirectory(host)
 endif()

@@ -14,7 +14,7 @@ target_include_directories(cimhttp_core
   PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>" "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include/plugin>")
 target_link_libraries(cimhttp_core PUBLIC VSK::SDK OpenPegasus::Client Boost::headers PRIVATE cimhttp_options)
 set_target_properties(cimhttp_core PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
-target_compile_definitions(cimhttp_core PRIVATE CIMHTTP_BUILDING_PLUGIN)
+target_compile_definitions(cimhttp_core PRIVATE CIMHTTP_BUILDING_PLUGIN INTERFACE CIMHTTP_STATIC)
 
 file(WRITE "${CMAKE_BINARY_DIR}/plugin.cpp.in" "// The shared library takes every object of cimhttp_core.\n")
 configure_file("${CMAKE_BINARY_DIR}/plugin.cpp.in" "${CMAKE_BINARY_DIR}/plugin.cpp" COPYONLY)

@@ -25,10 +25,16 @@ set(CMAKE_INSTALL_RPATH "$ORIGIN:$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
 
 add_library(cimhttp_options INTERFACE)
 target_compile_features(cimhttp_options INTERFACE cxx_std_17)
-target_compile_options(cimhttp_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor
-                       -Woverloaded-virtual -Wconversion -Wsign-conversion)
+if(MSVC)
+  # Not warned of: that an exported class has members or bases that are not exported. They are made by the same compiler.
+  target_compile_options(cimhttp_options INTERFACE /W4 /permissive- /utf-8 /Zc:__cplusplus /bigobj /wd4251 /wd4275)
+  target_compile_definitions(cimhttp_options INTERFACE _CRT_SECURE_NO_WARNINGS BOOST_ALL_NO_LIB)
+else()
+  target_compile_options(cimhttp_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor
+                         -Woverloaded-virtual -Wconversion -Wsign-conversion)
+endif()
 if(CIMHTTP_WARNINGS_AS_ERRORS)
-  target_compile_options(cimhttp_options INTERFACE -Werror)
+  target_compile_options(cimhttp_options INTERFACE "$<IF:$<BOOL:${MSVC}>,/WX,-Werror>")
 endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CIMHTTP_SANITIZE)
   # GCC 12 reports false positives in Boost and the standard library once the
@@ -54,5 +60,7 @@ endif()
 
 # A command line is read once in a program's run; what reads it is templates whose optimisation takes long.
 function(cimhttp_compile_quickly)
-  set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS -O0)
+  if(NOT MSVC)
+    set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS -O0)
+  endif()
 endfunction()

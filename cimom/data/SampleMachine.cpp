@@ -29,7 +29,7 @@ void giveOwnNumbers(pugi::xml_document& document, unsigned nodeIndex) {
 /// A further node, made after a prepared one: its name and serial number, in whose texts stand "node-0" and
 /// "-N0", its number and its readings give way to others.
 std::string madeNode(unsigned nodeIndex) {
-    std::string xml = kNodeXml[nodeIndex % kPreparedNodes];
+    std::string xml = nodeXml(nodeIndex % kPreparedNodes);
     const std::string old = std::to_string(nodeIndex % kPreparedNodes);
     const std::string own = std::to_string(nodeIndex);
     replaceAll(xml, "node-" + old + ".", "node-" + own + ".");
@@ -47,8 +47,8 @@ std::string madeNode(unsigned nodeIndex) {
 std::vector<SampleText> sampleMachineNode(unsigned nodeIndex) {
     const std::string number = std::to_string(nodeIndex);
     return {
-        {"schema.xml", kSchemaXml},
-        {"node" + number + ".xml", nodeIndex < kPreparedNodes ? kNodeXml[nodeIndex] : madeNode(nodeIndex)}};
+        {"schema.xml", schemaXml()},
+        {"node" + number + ".xml", nodeIndex < kPreparedNodes ? nodeXml(nodeIndex) : madeNode(nodeIndex)}};
 }
 
 }  // namespace cimom

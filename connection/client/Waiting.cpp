@@ -3,6 +3,8 @@
 #include <utility>
 
 #ifdef _WIN32
+#include <winsock2.h>
+
 #include <windows.h>
 #else
 #include <cerrno>

@@ -61,7 +61,7 @@ constexpr auto kTypeReference = static_cast<TypeCode>(15);
 constexpr auto kTypeUnknownArray = static_cast<TypeCode>(16);
 constexpr auto kTypeBooleanArray = static_cast<TypeCode>(17);
 
-/// What the plug-in's provider is among the host's kinds of providers. Its number is the host's as well.
-constexpr auto kRemoteProvider = INamespaceProvider::eRemoteProvider;
+/// What the plug-in's provider is among the host's kinds of providers.
+constexpr auto kRemoteProvider = static_cast<INamespaceProvider::EType>(2);
 
 }  // namespace NQELVSK20

@@ -2,12 +2,12 @@
 
 // Marks what the shared library shows to its host; everything else stays hidden. A macro, because compilers
 // spell it differently and nothing else in the language can carry it.
-#if defined(_WIN32)
-#if defined(CIMHTTP_BUILDING_PLUGIN)
-#define CIMHTTP_EXPORT __declspec(dllexport)
-#else
-#define CIMHTTP_EXPORT
-#endif
-#else
+#if !defined(_WIN32)
 #define CIMHTTP_EXPORT __attribute__((visibility("default")))
+#elif defined(CIMHTTP_BUILDING_PLUGIN)
+#define CIMHTTP_EXPORT __declspec(dllexport)
+#elif defined(CIMHTTP_STATIC)
+#define CIMHTTP_EXPORT
+#else
+#define CIMHTTP_EXPORT __declspec(dllimport)
 #endif
