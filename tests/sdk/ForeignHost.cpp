@@ -42,7 +42,7 @@ int main(int, char** arguments) {
     const auto nameSpace = Connected(arguments[1]);
     const auto found = nameSpace->GetClass(arguments[2], TContext());
     if (!found) {
-        return 1;
+        return 3;
     }
     std::cout << found->GetName(TContext()) << '\n';
     const auto print = [](const boost::shared_ptr<ICIMInstance>& instance) {

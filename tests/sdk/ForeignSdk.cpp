@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <string>
+
 #include "tests/support/Process.h"
 #include "tests/support/TestMachine.h"
 
@@ -10,6 +12,13 @@ namespace {
 using NQELVSK20::TestMachine;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+
+// What stands before the line feed.
+#ifdef _WIN32
+const std::string kLineEnd = "\r";
+#else
+const std::string kLineEnd;
+#endif
 
 support::ProcessResult runForeignHost(const std::string& node, const std::string& className) {
     return support::runProcess({FOREIGN_HOST, node, className});
@@ -21,15 +30,16 @@ TEST(ForeignSdk, GivesItsHostTheInstancesOfAClass) {
     EXPECT_EQ(result.status, 0) << result.err;
     EXPECT_THAT(
         support::linesOf(result.out),
-        ElementsAre("CIM_ComputerSystem",
+        ElementsAre("CIM_ComputerSystem" + kLineEnd,
                     "CIM_ComputerSystem.CreationClassName=\"OMC_UnitaryComputerSystem\",Name=\"node-0."
-                    "machine.example\""));
+                    "machine.example\"" +
+                        kLineEnd));
 }
 
 TEST(ForeignSdk, GivesItsHostNoClassThatNoNodeHas) {
     TestMachine machine(1);
     const auto result = runForeignHost(machine.Host(0), "CIM_Nothing");
-    EXPECT_EQ(result.status, 1) << result.err;
+    EXPECT_EQ(result.status, 3) << result.err;
     EXPECT_THAT(support::linesOf(result.out), IsEmpty());
 }
 
