@@ -1,6 +1,6 @@
 # The plug-in: its sources once as a static library, for tests that look inside,
 # and from that the shared library that a host loads, with nothing visible but
-# the exported entry points.
+# the entry points, and that leaves the process when the host unloads it.
 
 file(GLOB_RECURSE CIMHTTP_PLUGIN_SOURCES CONFIGURE_DEPENDS
   "${PROJECT_SOURCE_DIR}/provider/*.cpp" "${PROJECT_SOURCE_DIR}/connection/*.cpp"
@@ -19,8 +19,17 @@ target_compile_definitions(cimhttp_core PRIVATE CIMHTTP_BUILDING_PLUGIN INTERFAC
 file(WRITE "${CMAKE_BINARY_DIR}/plugin.cpp.in" "// The shared library takes every object of cimhttp_core.\n")
 configure_file("${CMAKE_BINARY_DIR}/plugin.cpp.in" "${CMAKE_BINARY_DIR}/plugin.cpp" COPYONLY)
 add_library(cimhttp SHARED "${CMAKE_BINARY_DIR}/plugin.cpp")
+if(MINGW)
+  target_sources(cimhttp PRIVATE "${PROJECT_SOURCE_DIR}/cmake/mingw/OnExit.cpp")
+endif()
 target_link_libraries(cimhttp PRIVATE "$<LINK_LIBRARY:WHOLE_ARCHIVE,cimhttp_core>"
                       PUBLIC VSK::SDK OpenPegasus::Client Boost::headers)
+if(NOT MSVC)
+  # What headers of other libraries show is the plug-in's own here, too: it would keep the library from being unloaded.
+  set(exports "${PROJECT_SOURCE_DIR}/cmake/PluginExports.map")
+  target_link_options(cimhttp PRIVATE "-Wl,--version-script=${exports}")
+  set_property(TARGET cimhttp APPEND PROPERTY LINK_DEPENDS "${exports}")
+endif()
 target_include_directories(cimhttp PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include/plugin>")
 
 cimhttp_describe_library(cimhttp "CIM-XML namespace provider")

@@ -7,8 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "cimhttp/Export.h"
-
 namespace NQELVSK20 {
 
 class ClientObserver;
@@ -25,8 +23,9 @@ constexpr int kHttpsPort = 5989;
 /// `Reconnect`, with the time that the caller gave; one that the server answers with a CIM error is not
 /// repeated.
 ///
-/// Not thread-safe. Starts no thread; a reconnection blocks the caller for 5000 ms.
-class CIMHTTP_EXPORT PegClient {
+/// Not thread-safe. Starts no thread; a reconnection blocks the caller for 5000 ms. A host knows clients
+/// by their pointers only: their operations are the plug-in's own, and are not exported.
+class PegClient {
 public:
     /// `node` is what the observer of its failures knows it by.
     explicit PegClient(std::size_t node = 0);
