@@ -17,6 +17,7 @@ namespace cimom {
 namespace {
 
 using support::Process;
+using support::ProcessOptions;
 using support::ProcessResult;
 using support::runProcess;
 using test::RawConnection;
@@ -86,12 +87,14 @@ TEST(Program, ServesANodePerAddressOverHttpAndHttps) {
 }
 
 TEST(Program, EndsWellOnInterrupt) {
-    Process program({kProgram, "--http-port", "0", "--no-https"});
-    EXPECT_EQ(program.readLine().substr(0, 16), "Node 0 ready at ");
-    program.signal(SIGINT);
+    ProcessOptions options;
+    options.terminal = true;
+    Process program({kProgram, "--http-port", "0", "--no-https"}, options);
+    ASSERT_TRUE(program.readUntil("Node 0 ready at "));
+    program.type("\x03");
     const ProcessResult result = program.wait();
     EXPECT_EQ(result.status, 0);
-    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err, "");
 }
 
 TEST(Program, MultipliesInstancesAndLoadsDeclarations) {

@@ -201,6 +201,15 @@ TEST(Passwords, AreAskedForOnATerminalWithoutEcho) {
     EXPECT_THAT(outcome.out, Not(HasSubstr(kPassword)));
 }
 
+TEST(Passwords, MayHaveAnyLetterOnATerminal) {
+    TestMachine::Options options = guarded(1);
+    options.credentials->password = "Schl\u00fcssel-\u20ac-\u043a\u043b\u044e\u0447";
+    TestMachine machine(options);
+    const Outcome outcome = Program({"--node", "admin@" + machine.Host(0), "classes"})
+                                .runOnTerminal("Password of admin: ", options.credentials->password + "\n");
+    EXPECT_EQ(outcome.status, 0) << outcome.out;
+}
+
 TEST(Passwords, CtrlCAtThePromptEndsTheProgram) {
     TestMachine machine(guarded(1));
     const Outcome outcome = Program({"--node", "admin@" + machine.Host(0), "classes"})

@@ -63,7 +63,7 @@ BOOL WINAPI putInOrder(DWORD /*event*/) {
         writeError("\r\n");
     }
     restoreCodePage();
-    return FALSE;  // the process then ends as it would
+    ExitProcess(STATUS_CONTROL_C_EXIT);  // as the process would end without this handler
 }
 
 /// No echo of what is typed, as long as it lives.

@@ -6,11 +6,9 @@
 namespace support {
 
 OutputReader::OutputReader(std::size_t closeAfter) : closeAfter_(closeAfter) {
-    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-    if (CreatePipe(&reader_, &writer_, &inherited, 0) == 0) {
+    if (CreatePipe(&reader_, &writer_, nullptr, 0) == 0) {
         throw std::runtime_error("CreatePipe: error " + std::to_string(GetLastError()));
     }
-    SetHandleInformation(reader_, HANDLE_FLAG_INHERIT, 0);
 }
 
 OutputReader::~OutputReader() {

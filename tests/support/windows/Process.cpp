@@ -6,16 +6,19 @@
 #include <csignal>
 #include <cwchar>
 #include <map>
+#include <memory>
 #include <stdexcept>
 
 #include "tests/support/windows/OutputReader.h"
+#include "tests/support/windows/PseudoConsole.h"
 
 namespace support {
 
 namespace {
 
-// What a program that was killed ends with.
+// What a program ends with that was killed, and one that Ctrl-C ended.
 constexpr UINT kKilledStatus = 0xDEAD;
+constexpr DWORD kInterruptedStatus = 0xC000013A;
 
 std::wstring wide(const std::string& text) {
     const int length = static_cast<int>(text.size());
@@ -78,36 +81,34 @@ HANDLE nothingToRead() {
                        nullptr);
 }
 
-/// How a process starts: with these three streams, and none of this process's other handles, since a test's
-/// server stays reachable as long as anybody holds its socket.
+/// What a process starts with beside its command and environment: one attribute.
 class Start {
 public:
+    /// With these three streams, and none of this process's other handles, since a test's server stays
+    /// reachable as long as anybody holds its socket.
     explicit Start(std::array<HANDLE, 3> streams) : streams_(streams) {
-        SIZE_T size = 0;
-        InitializeProcThreadAttributeList(nullptr, 1, 0, &size);
-        attributes_.resize(size);
-        InitializeProcThreadAttributeList(list(), 1, 0, &size);
-        UpdateProcThreadAttribute(list(), 0, PROC_THREAD_ATTRIBUTE_HANDLE_LIST, streams_.data(),
-                                  sizeof streams_, nullptr, nullptr);
+        setAttribute(PROC_THREAD_ATTRIBUTE_HANDLE_LIST, streams_.data(), sizeof streams_);
+        info_.StartupInfo.dwFlags = STARTF_USESTDHANDLES;
+        info_.StartupInfo.hStdInput = streams_[0];
+        info_.StartupInfo.hStdOutput = streams_[1];
+        info_.StartupInfo.hStdError = streams_[2];
+        inherits_ = TRUE;
+        // Apart from this process's own console, where there is one.
+        flags_ |= CREATE_NEW_PROCESS_GROUP;
     }
-    ~Start() { DeleteProcThreadAttributeList(list()); }
+
+    explicit Start(const PseudoConsole& console) {
+        setAttribute(PROC_THREAD_ATTRIBUTE_PSEUDOCONSOLE, console.handle(), sizeof(HPCON));
+    }
+    ~Start() { DeleteProcThreadAttributeList(info_.lpAttributeList); }
     Start(const Start&) = delete;
     Start& operator=(const Start&) = delete;
 
     PROCESS_INFORMATION run(const std::vector<std::string>& command, std::wstring environment) {
-        STARTUPINFOEXW info{};
-        info.StartupInfo.cb = sizeof info;
-        info.StartupInfo.dwFlags = STARTF_USESTDHANDLES;
-        info.StartupInfo.hStdInput = streams_[0];
-        info.StartupInfo.hStdOutput = streams_[1];
-        info.StartupInfo.hStdError = streams_[2];
-        info.lpAttributeList = list();
         std::wstring line = commandLineOf(command);
         PROCESS_INFORMATION process{};
-        if (CreateProcessW(
-                nullptr, line.data(), nullptr, nullptr, TRUE,
-                EXTENDED_STARTUPINFO_PRESENT | CREATE_UNICODE_ENVIRONMENT | CREATE_NEW_PROCESS_GROUP,
-                environment.data(), nullptr, &info.StartupInfo, &process) == 0) {
+        if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, inherits_, flags_, environment.data(),
+                           nullptr, &info_.StartupInfo, &process) == 0) {
             throw std::runtime_error("cannot start " + command.front() + ": error " +
                                      std::to_string(GetLastError()));
         }
@@ -115,34 +116,37 @@ public:
     }
 
 private:
-    LPPROC_THREAD_ATTRIBUTE_LIST list() {
-        return reinterpret_cast<LPPROC_THREAD_ATTRIBUTE_LIST>(attributes_.data());
+    void setAttribute(DWORD_PTR which, void* value, std::size_t valueSize) {
+        SIZE_T size = 0;
+        InitializeProcThreadAttributeList(nullptr, 1, 0, &size);
+        attributes_.resize(size);
+        info_.StartupInfo.cb = sizeof info_;
+        info_.lpAttributeList = reinterpret_cast<LPPROC_THREAD_ATTRIBUTE_LIST>(attributes_.data());
+        InitializeProcThreadAttributeList(info_.lpAttributeList, 1, 0, &size);
+        UpdateProcThreadAttribute(info_.lpAttributeList, 0, which, value, valueSize, nullptr, nullptr);
     }
 
-    std::array<HANDLE, 3> streams_;
+    std::array<HANDLE, 3> streams_{};
     std::vector<unsigned char> attributes_;
+    STARTUPINFOEXW info_{};
+    BOOL inherits_ = FALSE;
+    DWORD flags_ = EXTENDED_STARTUPINFO_PRESENT | CREATE_UNICODE_ENVIRONMENT;
 };
 
 }  // namespace
 
 /// The process of a Windows system. There a program asks another to end through a console that both share,
-/// which tests have none of: every signal ends it at once.
+/// which those on pipes have none of: every signal ends them at once.
 class Process::Impl {
 public:
     Impl(const std::vector<std::string>& command, const ProcessOptions& options)
-        : longestRun_(options.longestRun),
+        : isTerminal_(options.terminal),
+          longestRun_(options.longestRun),
           end_(std::chrono::steady_clock::now() + longestRun_),
           out_(options.closeOutputAfter),
           err_(std::numeric_limits<std::size_t>::max()) {
-        if (options.terminal) {
-            throw std::runtime_error("no terminals on Windows");
-        }
-        const HANDLE nothing = nothingToRead();
-        process_ =
-            Start({nothing, out_.writer(), err_.writer()}).run(command, environmentWith(options.variables));
-        CloseHandle(nothing);
-        out_.start();
-        err_.start();
+        const std::wstring environment = environmentWith(options.variables);
+        options.terminal ? startOnConsole(command, environment) : startOnPipes(command, environment);
     }
     ~Impl() {
         TerminateProcess(process_.hProcess, kKilledStatus);
@@ -164,7 +168,7 @@ public:
 
     bool readUntil(const std::string& what) {
         std::string text = out_.text();
-        while (text.find(what) == std::string::npos) {
+        while (shown(text).find(what) == std::string::npos) {
             if (!readMore(text)) {
                 return false;
             }
@@ -172,27 +176,59 @@ public:
         return true;
     }
 
+    void type(const std::string& text) const { console_->type(text); }
+
     void signal() const { TerminateProcess(process_.hProcess, kKilledStatus); }
 
     ProcessResult wait() {
         std::string killed;
-        if (!out_.waitForEnd(end_) || !err_.waitForEnd(end_) ||
-            WaitForSingleObject(process_.hProcess, timeLeft()) != WAIT_OBJECT_0) {
+        if (!waitForEnd()) {
             TerminateProcess(process_.hProcess, kKilledStatus);
             WaitForSingleObject(process_.hProcess, INFINITE);
             killed = "[killed after " + std::to_string(longestRun_.count()) + " ms]\n";
         }
+        if (console_) {
+            console_.reset();
+            out_.waitForEnd(end_);
+        }
         DWORD status = 0;
         GetExitCodeProcess(process_.hProcess, &status);
         ProcessResult result;
-        result.status = status == kKilledStatus ? -1 : static_cast<int>(status);
-        result.signal = status == kKilledStatus ? SIGTERM : 0;
-        result.out = out_.text().substr(consumed_);
+        result.signal = status == kKilledStatus ? SIGTERM : status == kInterruptedStatus ? SIGINT : 0;
+        result.status = result.signal != 0 ? -1 : static_cast<int>(status);
+        result.out = shown(out_.text().substr(consumed_));
         result.err = err_.text() + killed;
         return result;
     }
 
 private:
+    void startOnPipes(const std::vector<std::string>& command, const std::wstring& environment) {
+        const HANDLE nothing = nothingToRead();
+        for (const HANDLE output : {out_.writer(), err_.writer()}) {
+            SetHandleInformation(output, HANDLE_FLAG_INHERIT, HANDLE_FLAG_INHERIT);
+        }
+        process_ = Start({nothing, out_.writer(), err_.writer()}).run(command, environment);
+        CloseHandle(nothing);
+        out_.start();
+        err_.start();
+    }
+
+    void startOnConsole(std::vector<std::string> command, const std::wstring& environment) {
+        console_ = std::make_unique<PseudoConsole>(out_.writer());
+        command.insert(command.begin(), {ON_CONSOLE_PROGRAM, console_->interruptName()});
+        process_ = Start(*console_).run(command, environment);
+        out_.start();
+    }
+
+    /// What was printed, given what came.
+    std::string shown(const std::string& text) const { return isTerminal_ ? textOf(text) : text; }
+
+    /// False when its time is over before it ends. A console's output goes on until the console is closed.
+    bool waitForEnd() {
+        return (console_ || (out_.waitForEnd(end_) && err_.waitForEnd(end_))) &&
+               WaitForSingleObject(process_.hProcess, timeLeft()) == WAIT_OBJECT_0;
+    }
+
     bool readMore(std::string& text) {
         const bool more = out_.waitForMore(text.size(), end_);
         text = out_.text();
@@ -205,12 +241,14 @@ private:
         return left.count() > 0 ? static_cast<DWORD>(left.count()) : 0;
     }
 
+    bool isTerminal_;
     std::chrono::milliseconds longestRun_;
     OutputReader::TimePoint end_;
     std::size_t consumed_ = 0;
     PROCESS_INFORMATION process_{};
     OutputReader out_;
     OutputReader err_;
+    std::unique_ptr<PseudoConsole> console_;  // goes first, since it holds the other end of an output
 };
 
 Process::Process(const std::vector<std::string>& command, const ProcessOptions& options)
@@ -226,7 +264,9 @@ bool Process::readUntil(const std::string& text) {
     return impl_->readUntil(text);
 }
 
-void Process::type(const std::string& /*text*/) const {}
+void Process::type(const std::string& text) const {
+    impl_->type(text);
+}
 
 void Process::signal(int /*number*/) const {
     impl_->signal();
