@@ -81,7 +81,7 @@ TEST(Linkage, ThePluginNeedsTheHostAndWindowsOnly) {
                 UnorderedElementsAre("vskhost.dll", "ADVAPI32.dll", "KERNEL32.dll", "USER32.dll",
                                      "WS2_32.dll", "msvcrt.dll"));
 }
-#elif CIMHTTP_BUNDLED_CLIENT
+#elif defined(CIMHTTP_KNOWN_IMPORTS)
 TEST(Linkage, ThePluginNeedsTheHostTheClientLibraryAndTheSystemOnly) {
     EXPECT_THAT(BinaryFile(CIMHTTP_LIBRARY).imports(),
                 UnorderedElementsAre("libvskhost.so", "libcimxml.so.0", "libstdc++.so.6", "libgcc_s.so.1",
