@@ -11,6 +11,9 @@ struct ResourceUse {
     std::size_t regions = 0;  ///< Mapped regions of its address space, where the system tells; else 0.
 
     static ResourceUse now();
+
+    /// What each load of a library leaves of the compiler's run-time library, which has no part in the test.
+    static ResourceUse ofRuntime();
 };
 
 }  // namespace support
