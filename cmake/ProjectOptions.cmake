@@ -49,6 +49,10 @@ if(WIN32)
   target_compile_definitions(cimhttp_options INTERFACE _WIN32_WINNT=0x0A00 WIN32_LEAN_AND_MEAN NOMINMAX)
 endif()
 
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT WIN32)
+  add_compile_options(-fno-gnu-unique)  # symbols of that kind keep a library in the process for good
+endif()
+
 # What a library that reads from strangers should be built with: a stack that is watched, jumps to where jumps may go,
 # checked copies, and tables that nobody writes to once the program runs. Windows' linker has its own by default.
 if(NOT WIN32 AND NOT CIMHTTP_SANITIZE AND NOT CMAKE_BUILD_TYPE STREQUAL "Debug")

@@ -18,7 +18,7 @@
 namespace NQELVSK20 {
 namespace {
 
-using Lines = std::vector<std::string>;
+using Names = std::vector<std::string>;
 
 constexpr const char* kWarning =
     "T_Sensor: U+FFFD was read for what is no XML character, in 2 places, the first in \"Label\"";
@@ -32,7 +32,7 @@ public:
         heard_.push_back(std::to_string(node) + " " + subject + ": " + text);
     }
 
-    Lines heard_;
+    Names heard_;
 };
 
 class WarningsTest : public PluginTest {
@@ -63,8 +63,8 @@ protected:
             "sensors");
     }
 
-    static Lines Labels(TCimHTTPNamespace& nameSpace) {
-        Lines labels;
+    static Names Labels(TCimHTTPNamespace& nameSpace) {
+        Names labels;
         nameSpace.GetClass("T_Sensor", TContext())
             ->EnumerateInstances(
                 [&](const boost::shared_ptr<ICIMInstance>& instance) {
@@ -90,14 +90,14 @@ TEST_F(WarningsTest, ALabelThatIsNoTextCostsItsBrokenCharactersOnlyAndIsToldOnce
     Listener listener;
     nameSpace->getPegClient()->SetObserver(&listener);
 
-    EXPECT_EQ(Labels(*nameSpace), (Lines{"\xEF\xBF\xBD"
+    EXPECT_EQ(Labels(*nameSpace), (Names{"\xEF\xBF\xBD"
                                          "b\xEF\xBF\xBD"
                                          "ck",
                                          "good", "better"}));
     const auto lines = log_.LinesWith("Warning in PegClient");
     ASSERT_EQ(lines.size(), 1U);
     EXPECT_EQ(lines[0].second, std::string("Warning in PegClient::EnumerateInstances(): ") + kWarning);
-    EXPECT_EQ(listener.heard_, Lines{std::string("0 ") + kWarning});
+    EXPECT_EQ(listener.heard_, Names{std::string("0 ") + kWarning});
     nameSpace->getPegClient()->SetObserver(nullptr);
 }
 
