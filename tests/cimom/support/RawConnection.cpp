@@ -64,7 +64,9 @@ SslContext makeContext(RawConnection::Tls tls) {
 }  // namespace
 
 struct RawConnection::Impl {
-    Socket handle{};
+    explicit Impl(Socket connected) : handle(connected) {}
+
+    const Socket handle;
     SslContext context{nullptr, SSL_CTX_free};
     std::unique_ptr<SSL, decltype(&SSL_free)> ssl{nullptr, SSL_free};
 
@@ -75,11 +77,10 @@ struct RawConnection::Impl {
 };
 
 RawConnection::RawConnection(const std::string& address, std::uint16_t port, Tls tls)
-    : impl_(std::make_unique<Impl>()) {
+    : impl_(std::make_unique<Impl>(connectTo(address, port))) {
 #ifdef SIGPIPE
     std::signal(SIGPIPE, SIG_IGN);
 #endif
-    impl_->handle = connectTo(address, port);
     if (tls == Tls::None) {
         return;
     }
