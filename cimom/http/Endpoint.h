@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -28,6 +29,11 @@ struct Endpoint {
     std::size_t requestsPerConnection = 0;
     /// Largest request body in bytes; a larger one is answered with 413. Default 16 MiB.
     std::size_t maxBodyBytes = std::size_t{16} << 20;
+    /// A connection on which nothing comes for that long is closed: before a request, within one, or within
+    /// the TLS handshake, which has that long as a whole.
+    std::chrono::milliseconds idleLimit{30000};
+    /// Connections open at a time; a further one is closed as soon as it is accepted.
+    std::size_t maxConnections = 512;
 };
 
 }  // namespace cimom

@@ -40,7 +40,7 @@ public:
           context_(std::move(context)) {}
 
     void start() override {
-        stream_->expectWithin(kLongestWait);
+        stream_->expectWithin(context_->endpoint.idleLimit);
         stream_->handshake(then(&Session::readHead));
     }
 
@@ -51,6 +51,7 @@ public:
 
 private:
     using Step = void (Session::*)();
+    using Clock = std::chrono::steady_clock;
 
     /// Keeps the session alive meanwhile, and goes on with `next` unless there was an error.
     ByteStream::Done then(Step next) {
@@ -64,7 +65,7 @@ private:
     void readHead() {
         request_ = HttpRequest();
         searched_ = 0;
-        stream_->expectWithin(kLongestWait);
+        latest_ = Clock::now() + kLongestWait;
         takeHead();
     }
 
@@ -85,8 +86,10 @@ private:
         }
     }
 
-    /// Reads into the buffer, which must not be full.
+    /// Reads into the buffer, which must not be full. Neither silence nor a trickle goes on for ever.
     void readMore(Step next) {
+        stream_->expectWithin(
+            std::min<Clock::duration>(context_->endpoint.idleLimit, latest_ - Clock::now()));
         stream_->readSome(buffer_.prepare(std::min(kReadBytes, kMaxHeadBytes - buffer_.size())),
                           [self = shared_from_this(), next](error_code error, std::size_t size) {
                               if (!error) {
@@ -253,6 +256,7 @@ private:
     net::steady_timer timer_;
     beast::flat_buffer buffer_;
     std::size_t searched_ = 0;
+    Clock::time_point latest_;  // by then, a request must have come
     std::shared_ptr<const SessionContext> context_;
     std::optional<http::request_parser<http::string_body>> parser_;
     HttpRequest request_;

@@ -87,9 +87,13 @@ void Listener::onAccept(error_code error, tcp::socket socket) {
         std::remove_if(sessions_.begin(), sessions_.end(),
                        [](const std::weak_ptr<HttpSession>& session) { return session.expired(); }),
         sessions_.end());
-    const auto session = makeHttpSession(std::move(socket), tls_ ? &*tls_ : nullptr, context_);
-    sessions_.push_back(session);
-    session->start();
+    if (sessions_.size() < endpoint().maxConnections) {
+        const auto session = makeHttpSession(std::move(socket), tls_ ? &*tls_ : nullptr, context_);
+        sessions_.push_back(session);
+        session->start();
+    } else {
+        socket.close(error);
+    }
     startAccepting();
 }
 

@@ -71,6 +71,10 @@ std::optional<int> readOptions(int argc, char** argv, Options& options) {
     app.add_flag(
         "--declared-properties", options.localOnly.declaredPropertiesOnly,
         "Under LocalOnly, send of an instance what its own class declares (default: all that it holds)");
+    app.add_option("--idle-limit", options.idleSeconds,
+                   "Close a connection on which nothing comes for N seconds (default 30)")
+        ->check(CLI::Range(1, 86400))
+        ->type_name("N");
     app.add_flag("--log", options.log, "Print a line for each request");
     try {
         app.parse(argc, argv);

@@ -31,6 +31,7 @@ struct Options {
     std::vector<Multiply> multiply;
     std::vector<Load> load;
     LocalOnlyRules localOnly;
+    std::size_t idleSeconds = 30;
     bool log = false;
 };
 

@@ -157,6 +157,13 @@ TEST(Program, AsksForThePasswordInTheFile) {
               "127.0.0.1:" + std::to_string(port) + " EnumerateInstanceNames OMC_NumericSensor 200");
 }
 
+TEST(Program, ClosesASilentConnectionAfterItsIdleLimit) {
+    Process program({kProgram, "--http-port", "0", "--no-https", "--idle-limit", "1"});
+    RawConnection connection("127.0.0.1", portOf(program.readLine()));
+    connection.send("POST /cimom HTTP/1.1\r\n");
+    EXPECT_EQ(connection.readToEnd(), "");
+}
+
 TEST(Program, SaysInOneLineThatAPortIsInUse) {
     Process first({kProgram, "--http-port", "0", "--no-https"});
     const std::string port = std::to_string(portOf(first.readLine()));
@@ -191,6 +198,8 @@ TEST(Program, RefusesWrongUsageWithStatus2) {
                                                       {"--instances", "C=5x"},
                                                       {"--instances", "C=-1"},
                                                       {"--load", "root/x"},
+                                                      {"--idle-limit", "0"},
+                                                      {"--idle-limit", "-1"},
                                                       {"--user", "u"},
                                                       {"--password-file", "f"},
                                                       {"--no-http", "--no-https"},
@@ -207,9 +216,9 @@ TEST(Program, RefusesWrongUsageWithStatus2) {
 TEST(Program, PrintsHelpAndVersion) {
     const ProcessResult help = runProcess({kProgram, "--help"});
     EXPECT_EQ(help.status, 0);
-    for (const char* option :
-         {"--address", "--http-port", "--https-port", "--no-http", "--no-https", "--user", "--password-file",
-          "--instances", "--load", "--flat-classes", "--declared-properties", "--log", "--version"}) {
+    for (const char* option : {"--address", "--http-port", "--https-port", "--no-http", "--no-https",
+                               "--user", "--password-file", "--instances", "--load", "--flat-classes",
+                               "--declared-properties", "--idle-limit", "--log", "--version"}) {
         EXPECT_NE(help.out.find(option), std::string::npos) << option;
     }
     const ProcessResult version = runProcess({kProgram, "--version"});

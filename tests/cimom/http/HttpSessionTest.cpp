@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstdio>
+#include <stdexcept>
 #include <thread>
 
 #include "tests/cimom/support/ServerFixture.h"
@@ -147,6 +149,70 @@ TEST_P(HttpSessionTest, ClosesUnannouncedAfterItsNumberOfAnswers) {
         EXPECT_EQ(answer.fields.count("connection"), 0U);
     }
     EXPECT_EQ(connection.readToEnd(), "");
+}
+
+TEST_P(HttpSessionTest, ClosesAConnectionOnWhichNothingComes) {
+    Endpoint endpoint;
+    endpoint.idleLimit = std::chrono::milliseconds(200);
+    const std::uint16_t port = listenHere(endpoint);
+    const std::string request = instancesRequest();
+    const std::size_t headEnd = request.find("\r\n\r\n") + 4;
+    for (const std::size_t sent : {std::size_t{0}, std::size_t{10}, headEnd, request.size() - 1}) {
+        RawConnection connection = connectHere(port);
+        connection.send(request.substr(0, sent));
+        EXPECT_EQ(connection.readToEnd(), "") << "after " << sent << " bytes";
+    }
+    RawConnection used = connectHere(port);
+    used.send(request);
+    EXPECT_TRUE(used.readAnswer().complete);
+    EXPECT_EQ(used.readToEnd(), "") << "between requests";
+}
+
+TEST_P(HttpSessionTest, ClosesAConnectionThatSpeaksNoTlsWhereTlsIsSpoken) {
+    Endpoint endpoint;
+    endpoint.idleLimit = std::chrono::milliseconds(200);
+    RawConnection connection = connect(listenHere(endpoint));
+    EXPECT_EQ(connection.readToEnd(), "");
+}
+
+TEST_P(HttpSessionTest, GoesOnReadingARequestThatComesSlowlyButDoesCome) {
+    Endpoint endpoint;
+    endpoint.idleLimit = std::chrono::milliseconds(800);
+    RawConnection connection = connectHere(listenHere(endpoint));
+    const std::string request = instancesRequest();
+    const std::size_t piece = request.size() / 8 + 1;
+    for (std::size_t at = 0; at < request.size(); at += piece) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(120));
+        connection.send(request.substr(at, piece));
+    }
+    EXPECT_TRUE(connection.readAnswer().complete);
+}
+
+TEST_P(HttpSessionTest, ClosesAConnectionTooManyAndTakesTheNextWhenThereIsRoom) {
+    Endpoint endpoint;
+    endpoint.maxConnections = 2;
+    const std::uint16_t port = listenHere(endpoint);
+    RawConnection kept = connectHere(port);
+    kept.send(instancesRequest());
+    EXPECT_TRUE(kept.readAnswer().complete);
+    {
+        RawConnection second = connectHere(port);
+        second.send(instancesRequest());
+        EXPECT_TRUE(second.readAnswer().complete);
+        RawConnection tooMany = connect(port);
+        EXPECT_EQ(tooMany.readToEnd(), "");
+    }
+    // The server hears of the second's end when it does.
+    RawAnswer third;
+    while (!third.complete) {
+        try {
+            third = askHere(port, instancesRequest());
+        } catch (const std::runtime_error&) {
+            std::this_thread::yield();  // no handshake either: still one too many
+        }
+    }
+    kept.send(instancesRequest());
+    EXPECT_TRUE(kept.readAnswer().complete);
 }
 
 TEST_P(HttpSessionTest, AsksForAPasswordAndTakesTheRightOne) {
