@@ -6,6 +6,7 @@
 
 #include "cimxml/client/AnswerCheck.h"
 #include "cimxml/client/ApiText.h"
+#include "cimxml/client/ConnectCheck.h"
 #include "cimxml/client/ErrorTranslation.h"
 #include "cimxml/client/SSLCallback.h"
 #include "cimxml/common/Utf8.h"
@@ -33,6 +34,15 @@ std::string nextMessageId() {
 
 std::string hostOrLocal(const String& host) {
     return host.size() == 0 ? "localhost" : toUtf8(host);
+}
+
+/// Credentials in UTF-8, in one place: memory that a text grows out of would keep them.
+std::string credentialText(const String& text) {
+    constexpr std::size_t longestOfAUnit = 3;
+    std::string out;
+    out.reserve(text.size() * longestOfAUnit);
+    appendUtf8(out, text);
+    return out;
 }
 
 /// A namespace without slashes around it.
@@ -76,6 +86,7 @@ void CIMClientRep::connect(const String& host, Uint32 portNumber, const SSLConte
                            const String& userName, const String& password) {
     requireUnconnected();
     const std::string name = hostOrLocal(host);
+    requireHost(name, portNumber);
     std::shared_ptr<const cimxml::TlsContext> context;
     try {
         context = SSLCallback::makeContext(sslContext);
@@ -95,10 +106,13 @@ void CIMClientRep::connect(HttpSession::Connector connector, const String& host,
                            const String& userName, const String& password) {
     requireUnconnected();
     const std::string name = hostOrLocal(host);
+    requireHost(name, portNumber);
     const String locator((name + ":" + std::to_string(portNumber)).c_str());
+    requireCredentials(locator, userName, password);
     try {
         _session.connect(std::move(connector), name, portNumber,
-                         cimxml::BasicAuthentication(toUtf8(userName), toUtf8(password)), deadline());
+                         cimxml::BasicAuthentication(credentialText(userName), credentialText(password)),
+                         deadline());
     } catch (const WireError& error) {
         throwForUser(error, locator);
     }

@@ -51,13 +51,13 @@ bool offersBasic(const HttpResponse& response) {
     return !anyScheme;
 }
 
-std::string base64(std::string_view text) {
+Secret base64(std::string_view text) {
     std::string encoded(4 * ((text.size() + 2) / 3) + 1, '\0');
     const int length =
         EVP_EncodeBlock(reinterpret_cast<unsigned char*>(encoded.data()),
                         reinterpret_cast<const unsigned char*>(text.data()), static_cast<int>(text.size()));
     encoded.resize(static_cast<std::size_t>(length));
-    return encoded;
+    return Secret(std::move(encoded));
 }
 
 }  // namespace
@@ -74,8 +74,14 @@ bool BasicAuthentication::accepts(const HttpResponse& response) {
     return true;
 }
 
-std::string BasicAuthentication::field() const {
-    return challenged_ ? "Authorization: Basic " + base64(user_ + ":" + password_) + "\r\n" : std::string();
+Secret BasicAuthentication::field() const {
+    Secret field;
+    if (challenged_) {
+        Secret plain;
+        plain.append(user_.view()).append(":").append(password_.view());
+        field.append("Authorization: Basic ").append(base64(plain.view()).view()).append("\r\n");
+    }
+    return field;
 }
 
 }  // namespace cimxml

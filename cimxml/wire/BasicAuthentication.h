@@ -3,11 +3,12 @@
 #include <string>
 
 #include "cimxml/wire/HttpMessage.h"
+#include "cimxml/wire/Secret.h"
 
 namespace cimxml {
 
 /// Basic authentication (RFC 7617) of one client against one server: credentials are shown only to a server
-/// that has asked for them, and from then on with every request.
+/// that has asked for them, and from then on with every request. No copy of them stays in memory.
 class BasicAuthentication {
 public:
     BasicAuthentication() = default;
@@ -18,14 +19,14 @@ public:
     bool accepts(const HttpResponse& response);
 
     /// The Authorization field with its line end, or nothing as long as none was asked for.
-    std::string field() const;
+    Secret field() const;
 
     /// Forgets that the server has asked.
     void startAnew() { challenged_ = false; }
 
 private:
-    std::string user_;
-    std::string password_;
+    Secret user_;
+    Secret password_;
     bool challenged_ = false;
 };
 

@@ -76,7 +76,7 @@ std::unique_ptr<HttpConnection> HttpSession::open(const Connector& connector, De
 HttpResponse HttpSession::exchange(const CimRequest& request, Deadline deadline) {
     ensureConnected(deadline);
     try {
-        HttpResponse response = connection_->exchange(format(request), deadline);
+        HttpResponse response = connection_->exchange(format(request).view(), deadline);
         if (!response.keepAlive) {
             drop();
         }
@@ -90,21 +90,17 @@ HttpResponse HttpSession::exchange(const CimRequest& request, Deadline deadline)
     }
 }
 
-std::string HttpSession::format(const CimRequest& request) const {
-    std::string text;
-    text.reserve(usualHeaderSize + request.body.size());
-    text += "POST /cimom HTTP/1.1\r\nHost: ";
-    text += hostField_;
-    text += "\r\nContent-Type: application/xml; charset=\"utf-8\"\r\nContent-Length: ";
-    text += std::to_string(request.body.size());
-    text += "\r\nTE: trailers\r\nCIMOperation: MethodCall\r\nCIMMethod: ";
-    text += percentEncode(request.method);
-    text += "\r\nCIMObject: ";
-    text += percentEncode(request.object);
-    text += "\r\n";
-    text += authentication_.field();
-    text += "\r\n";
-    text += request.body;
+Secret HttpSession::format(const CimRequest& request) const {
+    const Secret credentials = authentication_.field();
+    Secret text;
+    text.reserve(usualHeaderSize + credentials.view().size() + request.body.size());
+    text.append("POST /cimom HTTP/1.1\r\nHost: ").append(hostField_);
+    text.append("\r\nContent-Type: application/xml; charset=\"utf-8\"\r\nContent-Length: ");
+    text.append(std::to_string(request.body.size()));
+    text.append("\r\nTE: trailers\r\nCIMOperation: MethodCall\r\nCIMMethod: ")
+        .append(percentEncode(request.method));
+    text.append("\r\nCIMObject: ").append(percentEncode(request.object)).append("\r\n");
+    text.append(credentials.view()).append("\r\n").append(request.body);
     return text;
 }
 

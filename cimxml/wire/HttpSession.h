@@ -52,7 +52,7 @@ private:
     void ensureConnected(Deadline deadline);
     std::unique_ptr<HttpConnection> open(const Connector& connector, Deadline deadline) const;
     HttpResponse exchange(const CimRequest& request, Deadline deadline);
-    std::string format(const CimRequest& request) const;
+    Secret format(const CimRequest& request) const;
     void drop();
 
     Limits limits_;

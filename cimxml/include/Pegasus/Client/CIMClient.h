@@ -54,9 +54,11 @@ public:
     void setTimeout(Uint32 timeoutMilliseconds);
 
     /// Connects over HTTP. `host` is a name or an address, IPv6 with or without brackets; empty means
-    /// localhost. User name and password are sent when the server asks for them only. Throws
-    /// AlreadyConnectedException, InvalidLocatorException for a host name that does not resolve,
-    /// CannotCreateSocketException, CannotConnectException.
+    /// localhost. User name and password are sent when the server asks for them only; the client overwrites
+    /// its copies when it needs them no more. Throws AlreadyConnectedException,
+    /// InvalidLocatorException for a host name that does not resolve or cannot be one,
+    /// CannotCreateSocketException, CannotConnectException: also for a user name with a colon, or one or a
+    /// password with a control character, which Basic authentication (RFC 7617) cannot carry.
     void connect(const String& host, const Uint32 portNumber, const String& userName, const String& password);
 
     /// Connects over HTTPS and completes the TLS handshake; without one CannotConnectException. Also throws
