@@ -1,0 +1,91 @@
+// How often a server is connected to when a request fails in a way that another attempt does not change: as
+// often as the policy says, and not once more.
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+#include <vector>
+
+#include "cimhttp/PegClient.h"
+#include "tests/support/PluginTest.h"
+
+namespace NQELVSK20 {
+namespace {
+
+using Kind = cimom::Fault::Kind;
+
+/// A failure that stays, and what the policy makes of one request then.
+struct LastingFailure {
+    const char* name;
+    Kind kind;
+    int code;
+    const char* text;
+    std::size_t requests;
+    std::size_t pauses;
+    std::size_t connections;  // the first one included
+};
+
+void PrintTo(const LastingFailure& failure, std::ostream* out) {
+    *out << failure.name;
+}
+
+// Both attempts of a broken request are followed by a pause and a connection; a CIM error is an answer. After
+// a time-out the second attempt goes on, over a new connection, since the answer may still come over the old
+// one.
+const LastingFailure kLastingFailures[] = {
+    {"Http501", Kind::HttpStatus, 501, "Not Implemented", 2, 2, 3},
+    {"NoCimServer", Kind::RawAnswer, 0,
+     "HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nContent-Length: 4\r\n\r\n<p/>", 2, 2, 3},
+    {"NoHttp", Kind::RawAnswer, 0, "SSH-2.0-OpenSSH_9.2\r\n", 2, 2, 3},
+    {"MalformedXml", Kind::MalformedXml, 0, "", 2, 2, 3},
+    {"ClosedInPlaceOfAnAnswer", Kind::CloseBeforeAnswer, 0, "", 2, 2, 3},
+    {"CimError", Kind::CimError, 7, "not supported", 1, 0, 1},
+    {"NoAnswer", Kind::NoAnswer, 0, "", 2, 0, 2}};
+
+class ConnectionAttempts : public PluginTest, public ::testing::WithParamInterface<LastingFailure> {};
+
+TEST_P(ConnectionAttempts, AreThoseOfThePolicyForARequestThatKeepsFailing) {
+    TestMachine machine;
+    PegClient client;
+    ASSERT_TRUE(client.Connect(machine.Host(0), "", ""));
+    cimom::Fault fault;
+    fault.kind = GetParam().kind;
+    fault.code = GetParam().code;
+    fault.text = GetParam().text;
+    machine.Server().inject(fault);
+    if (GetParam().kind == Kind::NoAnswer) {
+        shortened_ = 1000;
+    }
+    EXPECT_TRUE(client.EnumerateClassNames("root/cimv2", "", false, 5000).empty());
+    EXPECT_EQ(machine.Server().requests().size(), GetParam().requests);
+    EXPECT_EQ(pauses_, std::vector<unsigned int>(GetParam().pauses, 5000));
+    EXPECT_EQ(machine.Server().connectionsAccepted(), GetParam().connections);
+}
+
+INSTANTIATE_TEST_SUITE_P(LastingFailures, ConnectionAttempts, ::testing::ValuesIn(kLastingFailures),
+                         [](const auto& failure) { return std::string(failure.param.name); });
+
+using RefusedConnections = PluginTest;
+
+TEST_F(RefusedConnections, OfAServerWithoutTlsWhereTlsIsExpectedAreOneOfEachProtocol) {
+    cimom::Endpoint plain;
+    plain.address = TestMachine::AddressOf(0);
+    plain.repository = cimom::Repository::sampleNode(0);
+    plain.port = 5989;
+    plain.idleLimit = std::chrono::milliseconds(300);  // it waits for a request, the client for a handshake
+    cimom::Server server;
+    server.listen(plain);
+    server.start();
+    PegClient client;
+    EXPECT_FALSE(client.Connect(plain.address, "", ""));
+    EXPECT_EQ(server.connectionsAccepted(), 1U);
+    EXPECT_EQ(log_.LinesWith("CannotConnectException in PegClient::HTTPSConnect(): ").size(), 1U);
+    EXPECT_EQ(log_.LinesWith("CannotConnectException in PegClient::HTTPConnect(): ").size(), 1U);
+    EXPECT_TRUE(client.EnumerateClassNames("root/cimv2", "", false, 5000).empty());
+    EXPECT_EQ(server.connectionsAccepted(), 1U) << "a client that is not connected connects to nobody";
+    EXPECT_TRUE(pauses_.empty());
+}
+
+}  // namespace
+}  // namespace NQELVSK20
