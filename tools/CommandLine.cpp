@@ -141,12 +141,27 @@ void requireFit(const Options& options) {
     }
 }
 
+// What was not expected, without values: one may be a password.
+std::string namesOf(const std::vector<std::string>& unexpected) {
+    std::string names;
+    for (const std::string& text : unexpected) {
+        if (text.size() > 1 && text.front() == '-') {
+            names += (names.empty() ? ": " : ", ") +
+                     (text[1] == '-' ? text.substr(0, text.find('=')) : text.substr(0, 2));
+        }
+    }
+    return names;
+}
+
 }  // namespace
 
 CommandLine::CommandLine(int argc, const char* const* argv) {
     Grammar grammar(options);
     try {
         grammar.app().parse(argc, argv);
+    } catch (const CLI::ExtrasError&) {
+        throw UsageError("unknown arguments" + namesOf(grammar.app().remaining(true)) +
+                         "; cimhttp --help lists all");
     } catch (const CLI::ParseError& error) {
         status = grammar.app().exit(error) == 0 ? kAnswered : kWrongUsage;
         return;
