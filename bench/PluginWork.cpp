@@ -54,6 +54,33 @@ boost::shared_ptr<TCimHTTPNamespace> ConnectedNamespace(const std::vector<std::s
     return nameSpace;
 }
 
+void CheckDelivery(const std::vector<std::string>& hosts, std::size_t ofEach) {
+    const boost::shared_ptr<TCimHTTPNamespace> nameSpace = ConnectedNamespace(hosts);
+    const auto cimClass = nameSpace->GetClass(kManyClass, TContext());
+    std::vector<std::size_t> counts(hosts.size());
+    std::string last;
+    bool isRight = cimClass != nullptr;
+    const auto check = [&](const boost::shared_ptr<ICIMInstance>& instance) {
+        const std::string path = instance->GetReference(TContext()).GetPath();
+        const std::string mark =
+            instance->GetProperty("NodeID", TContext())->GetValue(TContext()).ToString(10);
+        const std::size_t node = std::stoul(mark) - 1;
+        isRight = last < path && node < counts.size() &&
+                  path.find("\"node-" + std::to_string(node) + ".machine.example\"") != std::string::npos;
+        counts[isRight ? node : 0] += 1;
+        last = path;
+        return isRight;
+    };
+    if (isRight) {
+        cimClass->EnumerateInstances(check, false, TContext());
+    }
+    if (!isRight || counts != std::vector<std::size_t>(hosts.size(), ofEach)) {
+        throw std::runtime_error(
+            "an instance is missing, comes twice or in the wrong place, or is marked wrong: " + last);
+    }
+    nameSpace->disconnect();
+}
+
 Contestant::Work PrepareEnumeration(const std::vector<std::string>& hosts) {
     const boost::shared_ptr<TCimHTTPNamespace> nameSpace = ConnectedNamespace(hosts);
     return [nameSpace] {

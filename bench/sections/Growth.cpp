@@ -43,7 +43,11 @@ Comparison CompareNodes(const Settings& settings) {
         fmt::format("the whole plug-in, {} and other instances on each node", Instances(settings.instances)));
     comparison.MeasureMemoryByFirst();
     comparison.Enter("one node", settings.instances, [&] { return PrepareEnumeration({hosts.front()}); });
-    comparison.Enter("four nodes", nodes * settings.instances, [&] { return PrepareEnumeration(hosts); },
+    comparison.Enter("four nodes", nodes * settings.instances,
+                     [&] {
+                         CheckDelivery(hosts, settings.instances);
+                         return PrepareEnumeration(hosts);
+                     },
                      {4.2});
     comparison.Run(settings.rounds);
     return comparison;

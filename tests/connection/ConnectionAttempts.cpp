@@ -13,12 +13,12 @@
 namespace NQELVSK20 {
 namespace {
 
-using Kind = cimom::Fault::Kind;
+using FaultKind = cimom::Fault::Kind;
 
 /// A failure that stays, and what the policy makes of one request then.
 struct LastingFailure {
     const char* name;
-    Kind kind;
+    FaultKind kind;
     int code;
     const char* text;
     std::size_t requests;
@@ -34,14 +34,14 @@ void PrintTo(const LastingFailure& failure, std::ostream* out) {
 // a time-out the second attempt goes on, over a new connection, since the answer may still come over the old
 // one.
 const LastingFailure kLastingFailures[] = {
-    {"Http501", Kind::HttpStatus, 501, "Not Implemented", 2, 2, 3},
-    {"NoCimServer", Kind::RawAnswer, 0,
+    {"Http501", FaultKind::HttpStatus, 501, "Not Implemented", 2, 2, 3},
+    {"NoCimServer", FaultKind::RawAnswer, 0,
      "HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nContent-Length: 4\r\n\r\n<p/>", 2, 2, 3},
-    {"NoHttp", Kind::RawAnswer, 0, "SSH-2.0-OpenSSH_9.2\r\n", 2, 2, 3},
-    {"MalformedXml", Kind::MalformedXml, 0, "", 2, 2, 3},
-    {"ClosedInPlaceOfAnAnswer", Kind::CloseBeforeAnswer, 0, "", 2, 2, 3},
-    {"CimError", Kind::CimError, 7, "not supported", 1, 0, 1},
-    {"NoAnswer", Kind::NoAnswer, 0, "", 2, 0, 2}};
+    {"NoHttp", FaultKind::RawAnswer, 0, "SSH-2.0-OpenSSH_9.2\r\n", 2, 2, 3},
+    {"MalformedXml", FaultKind::MalformedXml, 0, "", 2, 2, 3},
+    {"ClosedInPlaceOfAnAnswer", FaultKind::CloseBeforeAnswer, 0, "", 2, 2, 3},
+    {"CimError", FaultKind::CimError, 7, "not supported", 1, 0, 1},
+    {"NoAnswer", FaultKind::NoAnswer, 0, "", 2, 0, 2}};
 
 class ConnectionAttempts : public PluginTest, public ::testing::WithParamInterface<LastingFailure> {};
 
@@ -54,7 +54,7 @@ TEST_P(ConnectionAttempts, AreThoseOfThePolicyForARequestThatKeepsFailing) {
     fault.code = GetParam().code;
     fault.text = GetParam().text;
     machine.Server().inject(fault);
-    if (GetParam().kind == Kind::NoAnswer) {
+    if (GetParam().kind == FaultKind::NoAnswer) {
         shortened_ = 1000;
     }
     EXPECT_TRUE(client.EnumerateClassNames("root/cimv2", "", false, 5000).empty());

@@ -14,7 +14,7 @@
 namespace NQELVSK20 {
 namespace {
 
-using Kind = cimom::Fault::Kind;
+using FaultKind = cimom::Fault::Kind;
 
 constexpr const char* kUser = "anna";
 constexpr const char* kPassword = "D1stinctive-W0rt";
@@ -42,7 +42,7 @@ protected:
         return options;
     }
 
-    static cimom::Fault Failing(Kind kind, int code = 0, const char* text = "") {
+    static cimom::Fault Failing(FaultKind kind, int code = 0, const char* text = "") {
         cimom::Fault fault;
         fault.kind = kind;
         fault.code = code;
@@ -89,10 +89,10 @@ TEST_F(SecretsTest, AreNotToldWhenAServerFailsThatHasSeenThem) {
     TestMachine machine(Guarded(kPassword));
     shortened_ = 300;
     for (const cimom::Fault& fault :
-         {Failing(Kind::HttpStatus, 501, "Not Implemented"), Failing(Kind::MalformedXml),
-          Failing(Kind::CimError, 1, "no sensors today"), Failing(Kind::CloseBeforeAnswer),
-          Failing(Kind::RawAnswer, 0, "HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\nhi"),
-          Failing(Kind::RawAnswer, 0, "no HTTP\r\n\r\n"), Failing(Kind::NoAnswer)}) {
+         {Failing(FaultKind::HttpStatus, 501, "Not Implemented"), Failing(FaultKind::MalformedXml),
+          Failing(FaultKind::CimError, 1, "no sensors today"), Failing(FaultKind::CloseBeforeAnswer),
+          Failing(FaultKind::RawAnswer, 0, "HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\nhi"),
+          Failing(FaultKind::RawAnswer, 0, "no HTTP\r\n\r\n"), Failing(FaultKind::NoAnswer)}) {
         machine.Server().inject(fault);
         Use(machine.Host(0));
         ExpectNothingIsTold("fault " + std::to_string(static_cast<int>(fault.kind)));

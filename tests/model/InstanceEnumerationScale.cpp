@@ -37,8 +37,8 @@ protected:
 };
 
 TEST_F(InheritedKeys, GiveRightPathsInOrderWithFewRequests) {
-    constexpr std::size_t kNodes = 2;
-    constexpr std::size_t kInstances = 1000;
+    constexpr std::size_t kNodes = 4;
+    constexpr std::size_t kInstances = 2000;
     TestMachine machine(Nodes(kNodes));
     DeclareChain(machine);
     Names expected;
@@ -49,6 +49,7 @@ TEST_F(InheritedKeys, GiveRightPathsInOrderWithFewRequests) {
         }
     }
     std::sort(expected.begin(), expected.end());
+    ASSERT_EQ(std::adjacent_find(expected.begin(), expected.end()), expected.end()) << "all are different";
     const Class leaf = GetClass(Connected(machine), "X_Leaf");
     ASSERT_TRUE(leaf);
 
@@ -58,7 +59,8 @@ TEST_F(InheritedKeys, GiveRightPathsInOrderWithFewRequests) {
     // The chain is read once, and only because its keys are needed.
     EXPECT_EQ(machine.Requests(), (Names{"0 EnumerateInstances X_Leaf", "0 GetClass X_Leaf",
                                          "0 GetClass X_Fourth", "0 GetClass X_Third", "0 GetClass X_Second",
-                                         "0 GetClass X_Top", "1 EnumerateInstances X_Leaf"}));
+                                         "0 GetClass X_Top", "1 EnumerateInstances X_Leaf",
+                                         "2 EnumerateInstances X_Leaf", "3 EnumerateInstances X_Leaf"}));
     ASSERT_EQ(instances.size(), kNodes * kInstances);
     for (const Instance& instance : instances) {
         const std::string number = TextOf(instance, "DeviceID").substr(4);
@@ -68,7 +70,8 @@ TEST_F(InheritedKeys, GiveRightPathsInOrderWithFewRequests) {
 
     machine.ClearRequests();
     EXPECT_EQ(InstancesOf(leaf).size(), kNodes * kInstances);
-    EXPECT_EQ(machine.Requests(), (Names{"0 EnumerateInstances X_Leaf", "1 EnumerateInstances X_Leaf"}));
+    EXPECT_EQ(machine.Requests(), (Names{"0 EnumerateInstances X_Leaf", "1 EnumerateInstances X_Leaf",
+                                         "2 EnumerateInstances X_Leaf", "3 EnumerateInstances X_Leaf"}));
 }
 
 TEST_F(InheritedKeys, ServeForFindingOneOfManyInstances) {

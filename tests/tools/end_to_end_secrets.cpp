@@ -18,7 +18,7 @@ namespace {
 using NQELVSK20::TestMachine;
 using ::testing::HasSubstr;
 using ::testing::Not;
-using Kind = cimom::Fault::Kind;
+using FaultKind = cimom::Fault::Kind;
 using Arguments = std::vector<std::string>;
 
 constexpr const char* kDistinctive = "D1stinctive-W0rt";
@@ -32,7 +32,7 @@ TestMachine::Options letting(const char* password) {
     return options;
 }
 
-cimom::Fault failing(Kind kind, int code = 0, const char* text = "") {
+cimom::Fault failing(FaultKind kind, int code = 0, const char* text = "") {
     cimom::Fault fault;
     fault.kind = kind;
     fault.code = code;
@@ -70,10 +70,10 @@ TEST(Secrets, AreNotShownWhenAServerRefusesThem) {
 
 TEST(Secrets, AreNotShownWhenAServerGivesNoGoodAnswer) {
     TestMachine machine(letting(kDistinctive));
-    machine.Server().inject(failing(Kind::CimError, 1, "no classes today"));
+    machine.Server().inject(failing(FaultKind::CimError, 1, "no classes today"));
     expectNothingShown(runTelling({"--node", machine.Host(0), "classes"}), 1);
     machine.Server().clearFaults();
-    cimom::Fault once = failing(Kind::RawAnswer, 0, "HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\nhi");
+    cimom::Fault once = failing(FaultKind::RawAnswer, 0, "HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\nhi");
     once.times = 1;
     machine.Server().inject(once);
     expectNothingShown(runTelling({"--node", machine.Host(0), "classes"}), 0);
@@ -82,7 +82,7 @@ TEST(Secrets, AreNotShownWhenAServerGivesNoGoodAnswer) {
 
 TEST(Secrets, AreNotShownWhenAServerDoesNotAnswerInTime) {
     TestMachine machine(letting(kDistinctive));
-    cimom::Fault fault = failing(Kind::Delay);
+    cimom::Fault fault = failing(FaultKind::Delay);
     fault.delay = std::chrono::milliseconds(3300);  // class names have three seconds, then six
     fault.times = 1;
     machine.Server().inject(fault);
