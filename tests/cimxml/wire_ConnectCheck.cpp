@@ -70,8 +70,8 @@ TEST_F(WhatIsGiven, AsCredentialsIsRefusedWhenTheyCannotBeSentAndIsNotShown) {
     const std::string zero(1, '\0');
     for (const bool encrypted : {false, true}) {
         for (const char* user : {"us\rer", "us\ner",
-                                        "us\x7F"
-                                        "er"}) {
+                                 "us\x7F"
+                                 "er"}) {
             EXPECT_EQ(refusal<CannotConnectException>("127.0.0.1", user, "secret", encrypted),
                       cannotCarry("The user's name holds a control character"));
         }
