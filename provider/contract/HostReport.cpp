@@ -28,7 +28,7 @@ void Refuse(EVSKStatusCode status, LogLevel level, const std::string& explanatio
 bool PointerIsSet(bool isSet, const std::string& where) {
     if (!isSet) {
         LogError(where + ": assertion failed: px != 0");
-        assert(!"px != 0");
+        assert(isSet && "px != 0");
     }
     return isSet;
 }
