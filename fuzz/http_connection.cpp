@@ -1,4 +1,5 @@
-// Takes arbitrary bytes for what a server sends, in pieces whose size the first byte tells.
+// Takes arbitrary bytes for what a server sends, in pieces of all sizes up to that which the first byte
+// tells. Where they are an answer, they are the same one when they come all at once.
 
 #include "cimxml/wire/HttpConnection.h"
 
@@ -6,8 +7,11 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <optional>
+#include <random>
 #include <string_view>
 
 #include "cimxml/wire/BasicAuthentication.h"
@@ -19,12 +23,12 @@ namespace {
 
 class Bytes : public cimxml::ByteStream {
 public:
-    Bytes(std::string_view bytes, std::size_t piece) : bytes_(bytes), piece_(piece) {}
+    Bytes(std::string_view bytes, std::size_t largestPiece) : bytes_(bytes), sizes_(1, largestPiece) {}
 
     void write(std::string_view, cimxml::Deadline) override {}
 
     std::size_t read(char* buffer, std::size_t size, cimxml::Deadline) override {
-        const std::size_t count = std::min({size, piece_, bytes_.size()});
+        const std::size_t count = std::min({size, sizes_(random_), bytes_.size()});
         std::memcpy(buffer, bytes_.data(), count);
         bytes_.remove_prefix(count);
         return count;
@@ -36,8 +40,27 @@ public:
 
 private:
     std::string_view bytes_;
-    std::size_t piece_;
+    std::uniform_int_distribution<std::size_t> sizes_;
+    std::minstd_rand random_;  // the same sizes in every run
 };
+
+/// None for bytes that are no answer.
+std::optional<cimxml::HttpResponse> receive(std::string_view bytes, std::size_t largestPiece) {
+    cimxml::Limits limits;
+    limits.headerBytes = 2048;
+    limits.bodyBytes = 65536;
+    cimxml::HttpConnection connection(std::make_unique<Bytes>(bytes, largestPiece), limits);
+    try {
+        return connection.exchange("x", cimxml::Deadline::after(std::chrono::seconds(1)));
+    } catch (const cimxml::WireError&) {
+        return std::nullopt;
+    }
+}
+
+bool isSame(const cimxml::HttpResponse& left, const cimxml::HttpResponse& right) {
+    return left.status == right.status && left.reason == right.reason && left.fields == right.fields &&
+           left.body == right.body;
+}
 
 }  // namespace
 
@@ -46,18 +69,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     }
     const std::string_view bytes(reinterpret_cast<const char*>(data) + 1, size - 1);
-    cimxml::Limits limits;
-    limits.headerBytes = 2048;
-    limits.bodyBytes = 65536;
-    cimxml::HttpConnection connection(std::make_unique<Bytes>(bytes, data[0] + 1U), limits);
-    try {
-        const auto answer = connection.exchange("x", cimxml::Deadline::after(std::chrono::seconds(1)));
-        cimxml::BasicAuthentication("user", "password").accepts(answer);
-        for (const auto& [name, value] : answer.fields) {
-            cimxml::percentDecode(value);
-        }
-    } catch (const cimxml::WireError&) {
-        // Bytes that are no answer.
+    const auto answer = receive(bytes, data[0] + 1U);
+    const auto atOnce = receive(bytes, size);
+    if (!answer) {
+        return 0;
+    }
+    if (atOnce && !isSame(*answer, *atOnce)) {
+        std::abort();
+    }
+    cimxml::BasicAuthentication("user", "password").accepts(*answer);
+    for (const auto& [name, value] : answer->fields) {
+        cimxml::percentDecode(value);
     }
     return 0;
 }
