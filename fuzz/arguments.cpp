@@ -19,6 +19,7 @@
 #include "tools/ObjectPath.h"
 #include "tools/SafeText.h"
 #include "tools/UsageError.h"
+#include "tools/Utf8.h"
 #include "tools/ValueText.h"
 
 namespace {
@@ -26,6 +27,8 @@ namespace {
 using namespace NQELVSK20;
 using namespace tool;
 using Type = TCIMValue::TCIMType;
+
+constexpr std::size_t kCellWidth = 20;
 
 void require(bool holds) {
     if (!holds) {
@@ -66,11 +69,22 @@ void readCommandLine(const std::vector<std::string>& words) {
     }
 }
 
+/// Nothing in it does anything to a terminal but appear, on one line.
+void requireSafe(const std::string& text) {
+    for (std::size_t position = 0; position < text.size();) {
+        const CodePoint point = codePointAt(text, position);
+        require(point.valid && point.value >= 0x20 && (point.value < 0x7F || point.value > 0x9F));
+        position += point.size;
+    }
+}
+
 /// What was read, as it is printed.
 void print(const TCIMValue& value) {
-    valueText(value, nullptr);
-    mofText(value);
-    jsonText(jsonValue(value), -1, true);
+    requireSafe(valueText(value, nullptr));
+    requireSafe(mofText(value));
+    const std::string json = jsonText(jsonValue(value), -1, true);
+    requireSafe(json);
+    require(jsonText(nlohmann::ordered_json::parse(json), -1, true) == json);
 }
 
 /// A schema in memory, and what a person's words are read with.
@@ -127,11 +141,16 @@ void readLine(const Setting& setting, const std::string& line) {
     attempt([&] { readList(line); });
     attempt([&] { readPath(setting, line); });
     attempt([&] { parseNode(line, "user"); });
-    for (int code = Type::eUnknown; code <= Type::eReferenceArray; ++code) {
+    // A value in brackets is an array's, and text besides.
+    const bool isList = !line.empty() && line.front() == '[';
+    for (int code = isList ? Type::eString : Type::eUnknown;
+         code <= (isList ? Type::eReferenceArray : Type::eReference); ++code) {
         attempt([&] { readValue(setting, static_cast<Type::ECIMType>(code), line); });
     }
     isDateTime(line);
-    padTo(cutTo(safeText(line), 20), 20);
+    const std::string cell = padTo(cutTo(safeText(line), kCellWidth), kCellWidth);
+    requireSafe(cell);
+    require(lengthOf(cell) == kCellWidth);
 }
 
 /// Nothing that the program would say is written.
