@@ -14,6 +14,9 @@ target_include_directories(cimhttp_core
   PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>" "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include/plugin>")
 target_link_libraries(cimhttp_core PUBLIC VSK::SDK OpenPegasus::Client Boost::headers PRIVATE cimhttp_options)
 set_target_properties(cimhttp_core PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+if(NOT WIN32)
+  target_compile_options(cimhttp_core PRIVATE -fno-plt)  # most of its calls go to other libraries
+endif()
 target_compile_definitions(cimhttp_core PRIVATE CIMHTTP_BUILDING_PLUGIN INTERFACE CIMHTTP_STATIC)
 
 file(WRITE "${CMAKE_BINARY_DIR}/plugin.cpp.in" "// The shared library takes every object of cimhttp_core.\n")

@@ -3,6 +3,8 @@
 #include <Pegasus/Common/CIMName.h>
 
 #include <algorithm>
+#include <map>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -38,10 +40,15 @@ public:
             throw AlreadyExistsException(String(kind) + " \"" + name.getString() + "\"");
         }
         append(std::move(handle));
+        indexNew();
     }
 
     /// The element's index, or PEG_NOT_FOUND.
     Uint32 find(const CIMName& name) const {
+        if (_index) {
+            const auto entry = _index->find(name.getString());
+            return entry == _index->end() ? PEG_NOT_FOUND : entry->second;
+        }
         const auto hasName = [&name, tag = NamedRep::tagOf(name)](const Handle& handle) {
             const auto& rep = HandleAccess::share(handle);
             return rep->tag() == tag && rep->name().equal(name);
@@ -61,6 +68,7 @@ public:
     void remove(Uint32 index) {
         HandleAccess::rep(at(index)).leaveList();
         _handles.erase(_handles.begin() + static_cast<std::ptrdiff_t>(index));
+        _index.reset();
     }
 
     void clear() {
@@ -81,9 +89,31 @@ public:
     auto end() const noexcept { return _handles.end(); }
 
 private:
+    struct LessNoCase {
+        bool operator()(const String& x, const String& y) const { return String::compareNoCase(x, y) < 0; }
+    };
+
+    using Index = std::map<String, Uint32, LessNoCase>;
+
+    /// A list as servers have them is searched from its beginning; in one that is made to be long, each
+    /// addition would take as long as all before it.
+    void indexNew() {
+        constexpr std::size_t searchedAtMost = 256;
+        if (_handles.size() <= searchedAtMost) {
+            return;
+        }
+        if (!_index) {
+            _index = std::make_unique<Index>();
+        }
+        for (std::size_t i = _index->size(); i < _handles.size(); ++i) {
+            _index->emplace(HandleAccess::share(_handles[i])->name().getString(), static_cast<Uint32>(i));
+        }
+    }
+
     void append(Handle handle) { HandleAccess::rep(_handles.emplace_back(std::move(handle))).enterList(); }
 
     std::vector<Handle> _handles;
+    std::unique_ptr<Index> _index;  // of a long list; empty: there is none
 };
 
 }  // namespace Pegasus

@@ -81,6 +81,39 @@ TEST(CIMInstance, FindsEachOfManyProperties) {
     EXPECT_EQ(i.findProperty(CIMName("Property199")), PEG_NOT_FOUND);
 }
 
+CIMProperty numbered(const char* name, int number) {
+    return CIMProperty(CIMName((name + std::to_string(number)).c_str()), CIMValue(Sint32(number)));
+}
+
+// More than any server has: those are searched otherwise.
+TEST(CIMInstance, FindsEachOfAThousandPropertiesAndRefusesASecondOne) {
+    CIMInstance i{CIMName("A")};
+    for (int n = 0; n < 1000; ++n) {
+        i.addProperty(numbered("Property", n));
+    }
+    for (const int n : {0, 255, 256, 257, 999}) {
+        EXPECT_EQ(i.findProperty(CIMName(("pROPERTY" + std::to_string(n)).c_str())), Uint32(n));
+        EXPECT_THROW(i.addProperty(numbered("propertY", n)), AlreadyExistsException) << n;
+    }
+    EXPECT_EQ(i.findProperty(CIMName("Property1000")), PEG_NOT_FOUND);
+    EXPECT_EQ(i.getPropertyCount(), 1000u);
+
+    i.removeProperty(300);
+    EXPECT_EQ(i.findProperty(CIMName("Property299")), 299u);
+    EXPECT_EQ(i.findProperty(CIMName("Property300")), PEG_NOT_FOUND);
+    EXPECT_EQ(i.findProperty(CIMName("Property999")), 998u);
+    i.addProperty(numbered("Property", 300));
+    EXPECT_EQ(i.findProperty(CIMName("Property300")), 999u);
+    EXPECT_EQ(i.findProperty(CIMName("Property999")), 998u);
+
+    CIMInstance other = i.clone();
+    EXPECT_EQ(other.findProperty(CIMName("Property999")), 998u);
+    EXPECT_THROW(other.addProperty(numbered("Property", 5)), AlreadyExistsException);
+    other.addProperty(numbered("Property", 1000));
+    EXPECT_EQ(other.findProperty(CIMName("property1000")), 1000u);
+    EXPECT_EQ(i.findProperty(CIMName("Property1000")), PEG_NOT_FOUND);
+}
+
 TEST(CIMInstance, RejectsSecondAndNullElements) {
     CIMInstance i = fan();
     EXPECT_EQ(messageThrownBy<AlreadyExistsException>(
