@@ -1,7 +1,5 @@
 #include "tools/ClassSchema.h"
 
-#include <algorithm>
-
 #include "tools/Qualifiers.h"
 
 namespace tool {
@@ -10,18 +8,17 @@ namespace {
 
 using namespace NQELVSK20;
 
-template <typename MEMBER>
-const MEMBER* find(const std::vector<MEMBER>& members, const std::string& name) {
-    const auto found = std::find_if(members.begin(), members.end(),
-                                    [&](const MEMBER& member) { return sameName(member.name, name); });
-    return found == members.end() ? nullptr : &*found;
+template <typename MEMBER, typename PLACES>
+const MEMBER* find(const std::vector<MEMBER>& members, const PLACES& places, const std::string& name) {
+    const auto found = places.find(name);
+    return found == places.end() ? nullptr : &members[found->second];
 }
 
-template <typename MEMBER, typename DECLARATION>
-void add(std::vector<MEMBER>& members, const boost::shared_ptr<DECLARATION>& declaration,
+template <typename MEMBER, typename PLACES, typename DECLARATION>
+void add(std::vector<MEMBER>& members, PLACES& places, const boost::shared_ptr<DECLARATION>& declaration,
          const std::string& origin) {
     const std::string& name = declaration->GetName(TContext());
-    if (find(members, name) == nullptr) {
+    if (places.emplace(name, members.size()).second) {
         members.push_back({declaration, name, origin});
     }
 }
@@ -42,14 +39,14 @@ void ClassSchema::addMembersOf(const ICIMClass& cimClass) {
     const std::string& origin = cimClass.GetName(TContext());
     cimClass.EnumeratePropertyDecls(
         [&](const boost::shared_ptr<ICIMPropertyDecl>& declaration) {
-            add(properties_, declaration, origin);
+            add(properties_, propertyPlaces_, declaration, origin);
             addFacts(*declaration, declaration->GetName(TContext()));
             return true;
         },
         TContext());
     cimClass.EnumerateMethodDecls(
         [&](const boost::shared_ptr<ICIMMethodDecl>& declaration) {
-            add(methods_, declaration, origin);
+            add(methods_, methodPlaces_, declaration, origin);
             return true;
         },
         TContext());
@@ -66,11 +63,11 @@ void ClassSchema::addFacts(const ICIMPropertyDecl& declaration, const std::strin
 }
 
 const ClassSchema::Property* ClassSchema::findProperty(const std::string& name) const {
-    return find(properties_, name);
+    return find(properties_, propertyPlaces_, name);
 }
 
 const ClassSchema::Method* ClassSchema::findMethod(const std::string& name) const {
-    return find(methods_, name);
+    return find(methods_, methodPlaces_, name);
 }
 
 const ValueMap* ClassSchema::valueMapOf(const std::string& property) const {

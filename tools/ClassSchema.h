@@ -1,6 +1,7 @@
 #pragma once
 
 #include <boost/shared_ptr.hpp>
+#include <cstddef>
 #include <map>
 #include <optional>
 #include <set>
@@ -48,12 +49,17 @@ public:
     bool isKey(const std::string& property) const;
 
 private:
+    /// Where in its list a member of a name stands.
+    using Places = std::map<std::string, std::size_t, NameLess>;
+
     void addMembersOf(const NQELVSK20::ICIMClass& cimClass);
     void addFacts(const NQELVSK20::ICIMPropertyDecl& declaration, const std::string& name);
 
     Chain chain_;
     std::vector<Property> properties_;
     std::vector<Method> methods_;
+    Places propertyPlaces_;
+    Places methodPlaces_;
     std::map<std::string, ValueMap, NameLess> valueMaps_;
     std::set<std::string, NameLess> keys_;
 };

@@ -181,6 +181,23 @@ TEST_P(HostileAnswersTest, CostTheRequestAndNothingElse) {
     EXPECT_TRUE(nameSpace->GetClass("T_A", TContext())) << "the namespace has lost nothing";
 }
 
+// When each addition took as long as all before it, this one took minutes.
+TEST_F(HostileMachineTest, AClassOfAHundredThousandPropertiesIsAnAnswer) {
+    constexpr std::size_t count = 100000;
+    const auto nameSpace = Connected(machine_);
+    std::string members;
+    for (std::size_t i = 0; i < count; ++i) {
+        members += PropertyXml("P" + std::to_string(i), "string");
+    }
+    Inject(GetClassAnswer(LastMessageId(machine_, *nameSpace->getPegClient()) + 1,
+                          ClassXml("T_A", "", members)));
+    const auto definition =
+        nameSpace->getPegClient()->GetClass("root/cimv2", "T_A", 60000, true, true, false, {});
+    ASSERT_FALSE(definition.isUninitialized());
+    EXPECT_EQ(definition.getPropertyCount(), count);
+    EXPECT_EQ(definition.findProperty(Pegasus::CIMName("p99999")), 99999U);
+}
+
 /// What stands before the answer's first element, and the default value of a property that the class then
 /// has.
 class OddAnswersTest : public HostileMachineTest,
