@@ -47,8 +47,8 @@ public:
     CIMClient& operator=(const CIMClient&) = delete;
 
     /// Time-out in milliseconds, 20000 by default. It covers one operation as a whole: reconnecting, sending,
-    /// waiting and receiving; and each call of connect. The resolution of host names is not covered. Within it,
-    /// a server that says nothing for 60 s while a connection is being made is given up, with a
+    /// waiting and receiving; and each call of connect. The resolution of host names is not covered. Within
+    /// it, a server that says nothing for 60 s while a connection is being made is given up, with a
     /// CannotConnectException that names the phase.
     Uint32 getTimeout() const;
     void setTimeout(Uint32 timeoutMilliseconds);
