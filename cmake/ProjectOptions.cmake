@@ -49,7 +49,8 @@ if(WIN32)
   target_compile_definitions(cimhttp_options INTERFACE _WIN32_WINNT=0x0A00 WIN32_LEAN_AND_MEAN NOMINMAX)
 endif()
 
-if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT WIN32)
+option(CIMHTTP_FOR_LINT "Use no option that clang-tidy does not know" OFF)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT WIN32 AND NOT CIMHTTP_FOR_LINT)
   add_compile_options(-fno-gnu-unique)  # symbols of that kind keep a library in the process for good
 endif()
 
