@@ -2,7 +2,6 @@
 // The number of rounds is CIMHTTP_ROUNDS, and each test prints what a round left behind.
 
 #include <gtest/gtest.h>
-#include <malloc.h>
 
 #include <algorithm>
 #include <boost/pointer_cast.hpp>
@@ -18,6 +17,7 @@
 
 #include "cimhttp/PegClient.h"
 #include "cimhttp/TCimHTTPNamespace.h"
+#include "tests/memory/AllocatedBytes.h"
 #include "tests/support/FakeNodes.h"
 #include "tests/support/PluginTest.h"
 #include "tests/support/Process.h"
@@ -34,12 +34,6 @@ std::size_t Rounds(std::size_t usual) {
     return asked == nullptr ? usual : std::stoul(asked);
 }
 
-/// Bytes that are allocated, wherever; 0 under a sanitizer, which finds leaks by itself.
-long long AllocatedBytes() {
-    const struct mallinfo2 info = mallinfo2();
-    return static_cast<long long>(info.uordblks + info.hblkhd);
-}
-
 long OpenDescriptors() {
     const std::filesystem::directory_iterator all("/proc/self/fd");
     return static_cast<long>(std::distance(begin(all), end(all)));
@@ -49,8 +43,7 @@ class NothingGrows : public PluginTest {
 protected:
     using Namespace = boost::shared_ptr<TCimHTTPNamespace>;
 
-    /// Runs it often, the first tenth to warm up, and says how many bytes each further round left; the
-    /// allocator keeps some small blocks for the next time, which count as allocated.
+    /// Runs it often, the first tenth to warm up, and says how many bytes each further round left.
     double BytesPerRound(std::size_t rounds, const std::function<void()>& round) {
         const auto once = [&] {
             round();
@@ -60,27 +53,18 @@ protected:
         for (std::size_t i = 0; i < rounds / 10 + 20; ++i) {
             once();
         }
-        // What is allocated varies from round to round: it is the least of some that must not grow.
-        const auto leastAllocated = [&] {
-            long long least = AllocatedBytes();
-            for (int i = 0; i < 20; ++i) {
-                once();
-                least = std::min(least, AllocatedBytes());
-            }
-            return least;
-        };
-        const long long before = leastAllocated();
+        const long long before = support::AllocatedBytes();
         const long descriptors = OpenDescriptors();
         const auto start = std::chrono::steady_clock::now();
         for (std::size_t i = 0; i < rounds; ++i) {
             once();
         }
         const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
-        const auto grown = static_cast<double>(leastAllocated() - before);
+        const auto grown = static_cast<double>(support::AllocatedBytes() - before);
         EXPECT_LE(OpenDescriptors(), descriptors);
         std::printf("%zu rounds in %.1f s: %.0f bytes more, %ld descriptors more\n", rounds, passed.count(),
                     grown, OpenDescriptors() - descriptors);
-        return grown / static_cast<double>(rounds + 20);
+        return grown / static_cast<double>(rounds);
     }
 
     static std::size_t InstancesOf(const Namespace& nameSpace, const std::string& className) {
@@ -142,11 +126,8 @@ protected:
         std::unique_ptr<support::Process> process_;
     };
 
-    /// Bytes of a round that are nothing: less than any block, and what the allocator keeps at one time or
-    /// another.
-    static double Nothing(std::size_t rounds, double kept = 32.0 * 1024) {
-        return 8 + kept / static_cast<double>(rounds);
-    }
+    /// Fewer bytes of a round than the smallest block has.
+    static constexpr double kNothing = 4;
 };
 
 TEST_F(NothingGrows, WithEnumerations) {
@@ -159,7 +140,7 @@ TEST_F(NothingGrows, WithEnumerations) {
                                 ASSERT_EQ(InstancesOf(nameSpace, "N_Fan"), 6U);
                                 nodes.Clear();
                             }),
-              Nothing(Rounds(2000)));
+              kNothing);
 }
 
 TEST_F(NothingGrows, WithEnumerationsThatFail) {
@@ -176,7 +157,7 @@ TEST_F(NothingGrows, WithEnumerationsThatFail) {
                                 ASSERT_FALSE(nameSpace->GetClass("N_Absent", TContext()));
                                 pauses_.clear();
                             }),
-              Nothing(Rounds(2000)));
+              kNothing);
 }
 
 TEST_F(NothingGrows, WithEnumerationsOverSockets) {
@@ -185,7 +166,7 @@ TEST_F(NothingGrows, WithEnumerationsOverSockets) {
     machine.Connect(nameSpace);
     EXPECT_LT(
         BytesPerRound(Rounds(100), [&] { ASSERT_EQ(InstancesOf(nameSpace, "OMC_NumericSensor"), 22U); }),
-        Nothing(Rounds(100)));
+        kNothing);
 }
 
 TEST_F(NothingGrows, WithConnectingAndDisconnecting) {
@@ -196,21 +177,18 @@ TEST_F(NothingGrows, WithConnectingAndDisconnecting) {
                                 machine.Connect(nameSpace);
                                 nameSpace->disconnect();
                             }),
-              Nothing(Rounds(1000)));
+              kNothing);
 }
 
-// OpenSSL keeps some tens of kilobytes at one time or another, and no more: 30,000 rounds leave what 300 do.
 TEST_F(NothingGrows, WithConnectingAndDisconnectingOverTls) {
     const Machine machine(1, true);
     const Namespace nameSpace = MakeNamespace();
-    const std::size_t rounds = Rounds(500);
-    constexpr double kKept = 96 * 1024;
-    EXPECT_LT(BytesPerRound(rounds,
+    EXPECT_LT(BytesPerRound(Rounds(500),
                             [&] {
                                 machine.Connect(nameSpace);
                                 nameSpace->disconnect();
                             }),
-              Nothing(rounds, kKept));
+              kNothing);
 }
 
 TEST_F(NothingGrows, WithConnectionsThatAreRefused) {
@@ -220,7 +198,7 @@ TEST_F(NothingGrows, WithConnectionsThatAreRefused) {
                                 nameSpace->connect(TestMachine::AddressOf(0), "anna", "one");
                                 nameSpace->disconnect();
                             }),
-              Nothing(Rounds(2000)));
+              kNothing);
 }
 
 // The client of a namespace's first node outlives it; everything else goes.
