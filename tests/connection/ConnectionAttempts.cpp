@@ -3,12 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <string>
 #include <vector>
 
 #include "cimhttp/PegClient.h"
 #include "tests/support/PluginTest.h"
+#include "tests/support/ServerWithoutTls.h"
 
 namespace NQELVSK20 {
 namespace {
@@ -69,21 +69,16 @@ INSTANTIATE_TEST_SUITE_P(LastingFailures, ConnectionAttempts, ::testing::ValuesI
 using RefusedConnections = PluginTest;
 
 TEST_F(RefusedConnections, OfAServerWithoutTlsWhereTlsIsExpectedAreOneOfEachProtocol) {
-    cimom::Endpoint plain;
-    plain.address = TestMachine::AddressOf(0);
-    plain.repository = cimom::Repository::sampleNode(0);
-    plain.port = 5989;
-    plain.idleLimit = std::chrono::milliseconds(300);  // it waits for a request, the client for a handshake
-    cimom::Server server;
-    server.listen(plain);
-    server.start();
+    const std::string address = TestMachine::AddressOf(0);
+    ServerWithoutTls plain(address);
     PegClient client;
-    EXPECT_FALSE(client.Connect(plain.address, "", ""));
-    EXPECT_EQ(server.connectionsAccepted(), 1U);
+    EXPECT_FALSE(client.Connect(address, "", ""));
+    EXPECT_EQ(plain.server().connectionsAccepted(), 1U);
     EXPECT_EQ(log_.LinesWith("CannotConnectException in PegClient::HTTPSConnect(): ").size(), 1U);
     EXPECT_EQ(log_.LinesWith("CannotConnectException in PegClient::HTTPConnect(): ").size(), 1U);
     EXPECT_TRUE(client.EnumerateClassNames("root/cimv2", "", false, 5000).empty());
-    EXPECT_EQ(server.connectionsAccepted(), 1U) << "a client that is not connected connects to nobody";
+    EXPECT_EQ(plain.server().connectionsAccepted(), 1U)
+        << "a client that is not connected connects to nobody";
     EXPECT_TRUE(pauses_.empty());
 }
 

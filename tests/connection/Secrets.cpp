@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <string>
 #include <vector>
 
@@ -10,6 +9,7 @@
 #include "cimhttp/PegClient.h"
 #include "cimhttp/TCimHTTPNamespace.h"
 #include "tests/support/PluginTest.h"
+#include "tests/support/ServerWithoutTls.h"
 
 namespace NQELVSK20 {
 namespace {
@@ -106,15 +106,9 @@ TEST_F(SecretsTest, AreNotToldWhenNoConnectionCanBeOpened) {
     ExpectNothingIsTold("nobody listens");
     Use("no.such.host.invalid");
     ExpectNothingIsTold("no such host");
-    cimom::Endpoint plain;
-    plain.address = TestMachine::AddressOf(1);
-    plain.repository = cimom::Repository::sampleNode(0);
-    plain.port = 5989;
-    plain.idleLimit = std::chrono::milliseconds(300);  // it waits for a request, the client for a handshake
-    cimom::Server server;
-    server.listen(plain);
-    server.start();
-    Use(plain.address);
+    const std::string address = TestMachine::AddressOf(1);
+    const ServerWithoutTls plain(address);
+    Use(address);
     ExpectNothingIsTold("no TLS");
 }
 

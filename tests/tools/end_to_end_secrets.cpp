@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/ServerWithoutTls.h"
 #include "tests/support/TestMachine.h"
 #include "tests/tools/support/Program.h"
 #include "tests/tools/support/TemporaryFile.h"
@@ -92,15 +93,9 @@ TEST(Secrets, AreNotShownWhenAServerDoesNotAnswerInTime) {
 TEST(Secrets, AreNotShownWhenNoConnectionCanBeOpened) {
     expectNothingShown(runTelling({"--node", TestMachine::AddressOf(0), "names", "CIM_Fan"}), 1);
     expectNothingShown(runTelling({"--node", "no.such.host.invalid", "names", "CIM_Fan"}), 1);
-    cimom::Endpoint plain;
-    plain.address = TestMachine::AddressOf(1);
-    plain.repository = cimom::Repository::sampleNode(0);
-    plain.port = 5989;
-    plain.idleLimit = std::chrono::milliseconds(300);  // it waits for a request, the client for a handshake
-    cimom::Server server;
-    server.listen(plain);
-    server.start();
-    expectNothingShown(runTelling({"--node", plain.address, "--transport", "https", "names", "CIM_Fan"}), 1);
+    const std::string address = TestMachine::AddressOf(1);
+    const ServerWithoutTls plain(address);
+    expectNothingShown(runTelling({"--node", address, "--transport", "https", "names", "CIM_Fan"}), 1);
 }
 
 TEST(Secrets, AreNotShownWhenTheArgumentsAreWrong) {
