@@ -25,6 +25,9 @@ Attributes::Attributes(pugi::xml_node element) : element_(element), further_(ele
         requireNew(name);
         attributes_[size_++] = {name, further_.value()};
     }
+    for (pugi::xml_attribute attribute = further_; attribute; attribute = attribute.next_attribute()) {
+        requireNew(attribute.name());
+    }
 }
 
 void Attributes::requireNew(const char* name) const {

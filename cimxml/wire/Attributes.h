@@ -10,7 +10,8 @@ namespace cimxml {
 /// tree walks over all.
 class Attributes {
 public:
-    /// Throws WireError BadXml when there are two of one name, which XML does not allow.
+    /// Throws WireError BadXml when there are two of one name, which XML does not allow. Those behind the
+    /// first eight, which nothing asks for, are compared with these only.
     // NOLINTNEXTLINE(google-explicit-constructor): readers take an element or its attributes
     Attributes(pugi::xml_node element);
 
@@ -29,7 +30,7 @@ private:
     };
 
     pugi::xml_node element_;
-    std::array<Attribute, 6> attributes_;
+    std::array<Attribute, 8> attributes_;  // as many as an element of DSP0201 has
     std::size_t size_ = 0;
     pugi::xml_attribute further_;  ///< The first one that had no room; null: there is none.
 };

@@ -83,6 +83,21 @@ TEST(Limits, Body) {
         << "a body that ends with the connection";
 }
 
+TEST(Limits, BodyThatReplacedCharactersMakeLonger) {
+    const auto withValue = [](const std::string& value) {
+        return envelope("GetInstance",
+                        "<INSTANCE CLASSNAME=\"A\"><PROPERTY NAME=\"P\" TYPE=\"string\"><VALUE>" + value +
+                            "</VALUE></PROPERTY></INSTANCE>");
+    };
+    const std::string body = withValue(std::string(20, '\xE4'));
+    cimxml::Limits limits;
+    limits.bodyBytes = body.size() + 40;
+    EXPECT_EQ(outcome(limits, withLength("", body)).rfind(good + "  string P = ", 0), 0U);
+    limits.bodyBytes = body.size() + 39;
+    const std::string text = outcome(limits, withLength("", body));
+    EXPECT_NE(text.find(": the answer has too many bytes that are no character"), std::string::npos) << text;
+}
+
 TEST(Limits, ElementsAndAttributes) {
     const std::string properties = "<PROPERTY NAME=\"P\" TYPE=\"string\"/>";
     const std::string content = "<INSTANCE CLASSNAME=\"A\">" + properties + "</INSTANCE>";

@@ -73,8 +73,9 @@ public:
     /// lost it, until the next one has reconnected.
     Boolean isConnected() const noexcept;
 
-    /// What had to be read past in the answer to the last operation that gave a result, for people; empty
-    /// when there was nothing. OpenPegasus' client has nothing like it: it refuses such an answer.
+    /// What had to be read past in the answer to the last operation, for people; empty when there was
+    /// nothing, and after an operation that failed. OpenPegasus' client has nothing like it: it refuses such
+    /// an answer.
     String getWarning() const;
 
     CIMClass getClass(const CIMNamespaceName& nameSpace, const CIMName& className, Boolean localOnly = true,
