@@ -11,16 +11,16 @@
 #include <vector>
 
 #include "tests/tools/support/Sensors.h"
-#include "tools/ArgumentParser.h"
-#include "tools/CommandLine.h"
-#include "tools/DateTimeForm.h"
-#include "tools/JsonValue.h"
-#include "tools/Node.h"
-#include "tools/ObjectPath.h"
-#include "tools/SafeText.h"
-#include "tools/UsageError.h"
-#include "tools/Utf8.h"
-#include "tools/ValueText.h"
+#include "tools/common/DateTimeForm.h"
+#include "tools/common/SafeText.h"
+#include "tools/common/UsageError.h"
+#include "tools/common/Utf8.h"
+#include "tools/machine/Node.h"
+#include "tools/program/CommandLine.h"
+#include "tools/values/ArgumentParser.h"
+#include "tools/values/JsonValue.h"
+#include "tools/values/ObjectPath.h"
+#include "tools/values/ValueText.h"
 
 namespace {
 

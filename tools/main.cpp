@@ -1,4 +1,4 @@
-#include "tools/Program.h"
+#include "tools/program/Program.h"
 
 int main(int argc, char** argv) {
     return tool::runProgram(argc, argv);

@@ -101,8 +101,9 @@ TEST_F(CheckLayers, KeepsWhatIsBehindTheEmbeddedServersFaceFromItsProgramAndTheT
     EXPECT_EQ(CheckInclude("cimom/program/main.cpp", "#include \"cimom/http/Listener.h\""),
               "cimom/program/main.cpp:1: cimom/program may not include cimom/http (cimom/http/Listener.h)\n");
     Write("cimom/program/main.cpp", "#include \"cimom/Server.h\"");
-    EXPECT_EQ(CheckInclude("tools/EmbeddedMachine.cpp", "#include \"cimom/data/Instance.h\""),
-              "tools/EmbeddedMachine.cpp:1: tools may not include cimom/data (cimom/data/Instance.h)\n");
+    EXPECT_EQ(CheckInclude("tools/machine/EmbeddedMachine.cpp", "#include \"cimom/data/Instance.h\""),
+              "tools/machine/EmbeddedMachine.cpp:1: tools/machine may not include cimom/data "
+              "(cimom/data/Instance.h)\n");
 }
 
 TEST_F(CheckLayers, RefusesTestsInTheProduct) {

@@ -1,10 +1,10 @@
-#include "tools/ArgumentParser.h"
+#include "tools/values/ArgumentParser.h"
 
 #include <gmock/gmock.h>
 
 #include "tests/tools/support/Sensors.h"
-#include "tools/UsageError.h"
-#include "tools/ValueText.h"
+#include "tools/common/UsageError.h"
+#include "tools/values/ValueText.h"
 
 namespace tool {
 

@@ -1,4 +1,4 @@
-#include "tools/ClassPrinter.h"
+#include "tools/print/ClassPrinter.h"
 
 #include <gmock/gmock.h>
 
@@ -6,7 +6,7 @@
 
 #include "tests/tools/support/OutputText.h"
 #include "tests/tools/support/Sensors.h"
-#include "tools/ClassJson.h"
+#include "tools/print/ClassJson.h"
 
 namespace tool {
 

@@ -1,4 +1,4 @@
-#include "tools/ClassSchema.h"
+#include "tools/values/ClassSchema.h"
 
 #include <gtest/gtest.h>
 

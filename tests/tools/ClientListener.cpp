@@ -1,4 +1,4 @@
-#include "tools/ClientListener.h"
+#include "tools/machine/ClientListener.h"
 
 #include <gmock/gmock.h>
 

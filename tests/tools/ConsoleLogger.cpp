@@ -1,4 +1,4 @@
-#include "tools/ConsoleLogger.h"
+#include "tools/console/ConsoleLogger.h"
 
 #include <gtest/gtest.h>
 

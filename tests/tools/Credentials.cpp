@@ -1,9 +1,9 @@
-#include "tools/Credentials.h"
+#include "tools/machine/Credentials.h"
 
 #include <gtest/gtest.h>
 
 #include "tests/tools/support/TemporaryFile.h"
-#include "tools/UsageError.h"
+#include "tools/common/UsageError.h"
 
 namespace tool {
 

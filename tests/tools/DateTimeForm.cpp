@@ -1,4 +1,4 @@
-#include "tools/DateTimeForm.h"
+#include "tools/common/DateTimeForm.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "tools/InstanceMarks.h"
+#include "tools/machine/InstanceMarks.h"
 
 #include <gmock/gmock.h>
 

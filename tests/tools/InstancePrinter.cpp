@@ -1,4 +1,4 @@
-#include "tools/InstancePrinter.h"
+#include "tools/print/InstancePrinter.h"
 
 #include <gtest/gtest.h>
 
@@ -6,9 +6,9 @@
 
 #include "tests/tools/support/OutputText.h"
 #include "tests/tools/support/Sensors.h"
-#include "tools/CsvPrinter.h"
-#include "tools/JsonPrinter.h"
-#include "tools/TablePrinter.h"
+#include "tools/print/CsvPrinter.h"
+#include "tools/print/JsonPrinter.h"
+#include "tools/print/TablePrinter.h"
 
 namespace tool {
 

@@ -1,4 +1,4 @@
-#include "tools/JsonValue.h"
+#include "tools/values/JsonValue.h"
 
 #include <gtest/gtest.h>
 

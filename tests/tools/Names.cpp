@@ -1,8 +1,8 @@
-#include "tools/Names.h"
+#include "tools/common/Names.h"
 
 #include <gtest/gtest.h>
 
-#include "tools/UsageError.h"
+#include "tools/common/UsageError.h"
 
 namespace tool {
 

@@ -1,8 +1,8 @@
-#include "tools/Node.h"
+#include "tools/machine/Node.h"
 
 #include <gtest/gtest.h>
 
-#include "tools/UsageError.h"
+#include "tools/common/UsageError.h"
 
 namespace tool {
 

@@ -1,9 +1,9 @@
-#include "tools/ObjectPath.h"
+#include "tools/values/ObjectPath.h"
 
 #include <gtest/gtest.h>
 
 #include "tests/tools/support/Sensors.h"
-#include "tools/UsageError.h"
+#include "tools/common/UsageError.h"
 
 namespace tool {
 

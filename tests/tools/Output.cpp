@@ -1,11 +1,11 @@
-#include "tools/Output.h"
+#include "tools/console/Output.h"
 
 #include <gtest/gtest.h>
 
 #include <cerrno>
 #include <sstream>
 
-#include "tools/Failure.h"
+#include "tools/common/Failure.h"
 
 namespace tool {
 

@@ -1,4 +1,4 @@
-#include "tools/SafeText.h"
+#include "tools/common/SafeText.h"
 
 #include <gtest/gtest.h>
 

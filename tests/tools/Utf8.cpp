@@ -1,4 +1,4 @@
-#include "tools/Utf8.h"
+#include "tools/common/Utf8.h"
 
 #include <gtest/gtest.h>
 

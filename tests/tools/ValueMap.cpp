@@ -1,4 +1,4 @@
-#include "tools/ValueMap.h"
+#include "tools/values/ValueMap.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "tools/ValueText.h"
+#include "tools/values/ValueText.h"
 
 #include <gtest/gtest.h>
 

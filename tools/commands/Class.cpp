@@ -2,11 +2,11 @@
 
 #include <nlohmann/json.hpp>
 
-#include "tools/ClassJson.h"
-#include "tools/ClassPrinter.h"
-#include "tools/JsonValue.h"
-#include "tools/SchemaCache.h"
 #include "tools/commands/Commands.h"
+#include "tools/machine/SchemaCache.h"
+#include "tools/print/ClassJson.h"
+#include "tools/print/ClassPrinter.h"
+#include "tools/values/JsonValue.h"
 
 namespace tool {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <functional>
 
-#include "tools/Names.h"
 #include "tools/commands/Commands.h"
+#include "tools/common/Names.h"
 
 namespace tool {
 

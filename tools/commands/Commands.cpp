@@ -2,8 +2,8 @@
 
 #include <nlohmann/json.hpp>
 
-#include "tools/JsonArray.h"
-#include "tools/SafeText.h"
+#include "tools/common/SafeText.h"
+#include "tools/print/JsonArray.h"
 
 namespace tool {
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "tools/Notices.h"
-#include "tools/Options.h"
-#include "tools/Output.h"
-#include "tools/Progress.h"
-#include "tools/Session.h"
+#include "tools/common/Options.h"
+#include "tools/console/Notices.h"
+#include "tools/console/Output.h"
+#include "tools/console/Progress.h"
+#include "tools/machine/Session.h"
 
 namespace tool {
 

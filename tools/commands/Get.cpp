@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "tools/BlockPrinter.h"
-#include "tools/InstanceMarks.h"
-#include "tools/JsonPrinter.h"
-#include "tools/JsonValue.h"
-#include "tools/ObjectPath.h"
 #include "tools/commands/Commands.h"
+#include "tools/machine/InstanceMarks.h"
+#include "tools/print/BlockPrinter.h"
+#include "tools/print/JsonPrinter.h"
+#include "tools/values/JsonValue.h"
+#include "tools/values/ObjectPath.h"
 
 namespace tool {
 

@@ -2,11 +2,11 @@
 
 #include <fmt/format.h>
 
-#include "tools/Failure.h"
-#include "tools/InstancePrinter.h"
-#include "tools/Terminal.h"
-#include "tools/UsageError.h"
 #include "tools/commands/Commands.h"
+#include "tools/common/Failure.h"
+#include "tools/common/UsageError.h"
+#include "tools/console/Terminal.h"
+#include "tools/print/InstancePrinter.h"
 
 namespace tool {
 

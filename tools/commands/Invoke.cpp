@@ -3,16 +3,16 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "tools/ArgumentParser.h"
-#include "tools/Failure.h"
-#include "tools/InstanceMarks.h"
-#include "tools/JsonValue.h"
-#include "tools/ObjectPath.h"
-#include "tools/SafeText.h"
-#include "tools/SchemaCache.h"
-#include "tools/UsageError.h"
-#include "tools/ValueText.h"
 #include "tools/commands/Commands.h"
+#include "tools/common/Failure.h"
+#include "tools/common/SafeText.h"
+#include "tools/common/UsageError.h"
+#include "tools/machine/InstanceMarks.h"
+#include "tools/machine/SchemaCache.h"
+#include "tools/values/ArgumentParser.h"
+#include "tools/values/JsonValue.h"
+#include "tools/values/ObjectPath.h"
+#include "tools/values/ValueText.h"
 
 namespace tool {
 

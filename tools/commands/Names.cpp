@@ -1,6 +1,6 @@
 // names CLASS: the paths of a class's instances.
 
-#include "tools/Names.h"
+#include "tools/common/Names.h"
 
 #include "tools/commands/Commands.h"
 

@@ -1,17 +1,17 @@
 // qualifiers [CLASS...]: the qualifier declarations that the namespace knows after fetching some classes.
 
-#include "tools/Qualifiers.h"
+#include "tools/values/Qualifiers.h"
 
 #include <fmt/format.h>
 
 #include <nlohmann/json.hpp>
 
-#include "tools/CimTypeName.h"
-#include "tools/JsonArray.h"
-#include "tools/JsonValue.h"
-#include "tools/SafeText.h"
-#include "tools/ValueText.h"
 #include "tools/commands/Commands.h"
+#include "tools/common/SafeText.h"
+#include "tools/print/JsonArray.h"
+#include "tools/values/CimTypeName.h"
+#include "tools/values/JsonValue.h"
+#include "tools/values/ValueText.h"
 
 namespace tool {
 

@@ -2,11 +2,11 @@
 
 #include <nlohmann/json.hpp>
 
-#include "tools/Failure.h"
-#include "tools/JsonValue.h"
-#include "tools/Names.h"
-#include "tools/SafeText.h"
 #include "tools/commands/Commands.h"
+#include "tools/common/Failure.h"
+#include "tools/common/Names.h"
+#include "tools/common/SafeText.h"
+#include "tools/values/JsonValue.h"
 
 namespace tool {
 

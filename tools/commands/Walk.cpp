@@ -5,10 +5,10 @@
 #include <map>
 #include <nlohmann/json.hpp>
 
-#include "tools/InstanceView.h"
-#include "tools/JsonValue.h"
-#include "tools/SafeText.h"
 #include "tools/commands/Commands.h"
+#include "tools/common/SafeText.h"
+#include "tools/print/InstanceView.h"
+#include "tools/values/JsonValue.h"
 
 namespace tool {
 

@@ -3,8 +3,8 @@
 #include <sstream>
 #include <string>
 
-#include "tools/Output.h"
-#include "tools/Progress.h"
+#include "tools/console/Output.h"
+#include "tools/console/Progress.h"
 
 namespace tool {
 

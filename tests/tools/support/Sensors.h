@@ -3,7 +3,7 @@
 #include <boost/shared_ptr.hpp>
 
 #include "tests/host/Schema.h"
-#include "tools/ClassSchema.h"
+#include "tools/values/ClassSchema.h"
 
 namespace tool {
 

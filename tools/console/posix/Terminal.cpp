@@ -1,0 +1,111 @@
+#include "tools/console/Terminal.h"
+
+#include <sys/ioctl.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <iostream>
+
+#include "tools/common/Failure.h"
+
+namespace tool::terminal {
+
+namespace {
+
+// What the signal handler looks at. It reads `shown` only while `echoIsOff` is set, which is set last and
+// cleared first.
+volatile std::sig_atomic_t progressShown = 0;
+volatile std::sig_atomic_t echoIsOff = 0;
+termios shown;
+
+void putInOrder() {
+    if (progressShown != 0) {
+        constexpr char wipe[] = "\r\033[K";
+        [[maybe_unused]] const auto written = write(STDERR_FILENO, wipe, sizeof wipe - 1);
+    }
+    if (echoIsOff != 0) {
+        tcsetattr(STDIN_FILENO, TCSANOW, &shown);
+        [[maybe_unused]] const auto written = write(STDERR_FILENO, "\n", 1);
+    }
+}
+
+extern "C" void endAfterCleaning(int signal) {
+    putInOrder();
+    std::signal(signal, SIG_DFL);
+    std::raise(signal);
+}
+
+/// No echo of what is typed, as long as it lives.
+class HiddenInput {
+public:
+    HiddenInput() {
+        if (tcgetattr(STDIN_FILENO, &shown) != 0) {
+            return;
+        }
+        termios hidden = shown;
+        hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+        echoIsOff = 1;
+        tcsetattr(STDIN_FILENO, TCSAFLUSH, &hidden);
+    }
+    ~HiddenInput() {
+        if (echoIsOff != 0) {
+            tcsetattr(STDIN_FILENO, TCSANOW, &shown);
+            echoIsOff = 0;
+            std::cerr << std::endl;  // the one that the person typed was not shown
+        }
+    }
+    HiddenInput(const HiddenInput&) = delete;
+    HiddenInput& operator=(const HiddenInput&) = delete;
+};
+
+}  // namespace
+
+bool isInput() {
+    return isatty(STDIN_FILENO) == 1;
+}
+
+bool isOutput() {
+    return isatty(STDOUT_FILENO) == 1;
+}
+
+bool isError() {
+    return isatty(STDERR_FILENO) == 1;
+}
+
+std::size_t width(bool error) {
+    winsize size{};
+    if (ioctl(error ? STDERR_FILENO : STDOUT_FILENO, TIOCGWINSZ, &size) != 0) {
+        return 0;
+    }
+    return size.ws_col;
+}
+
+bool lostReader(int error) {
+    return error == EPIPE;
+}
+
+std::string readSecret(const std::string& prompt) {
+    // Before the prompt: switching the echo off throws away what was typed until then.
+    const HiddenInput hidden;
+    std::cerr << prompt << std::flush;
+    std::string line;
+    if (!std::getline(std::cin, line)) {
+        throw Failure("no password was given");
+    }
+    return line;
+}
+
+void prepare() {
+    std::signal(SIGINT, endAfterCleaning);
+    std::signal(SIGTERM, endAfterCleaning);
+    std::signal(SIGPIPE, SIG_IGN);
+}
+
+void setProgressShown(bool isShown) {
+    progressShown = isShown ? 1 : 0;
+}
+
+}  // namespace tool::terminal

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <set>
+#include <string>
+
+#include "cimhttp/ClientObserver.h"
+#include "tools/console/Notices.h"
+#include "tools/console/Progress.h"
+#include "tools/machine/Machine.h"
+
+namespace tool {
+
+/// Hears what becomes of the nodes' connections and requests, keeps the machine's links up to date and tells
+/// a person what went wrong: which node, what it was asked, and why. A failure that did no harm, since the
+/// second attempt was answered or since nobody needs the answer, is told too but does not count.
+///
+/// Credentials that were refused are not shown to the server again: controllers lock accounts.
+class ClientListener : public NQELVSK20::ClientObserver {
+public:
+    /// What the program asks the plug-in for.
+    enum class Wanted { kDefinition, kContent };
+
+    /// All must outlive the listener.
+    ClientListener(Machine& machine, Notices& notices, Progress& progress)
+        : machine_(machine), notices_(notices), progress_(progress) {}
+
+    /// The nodes are being connected until endConnect, which tells how it went: a namespace counts as
+    /// connected even when no node answered.
+    void beginConnect();
+    void endConnect();
+
+    /// The plug-in is asked about `subject` from now on, a class or a method.
+    void beginQuestion(Wanted wanted, const std::string& subject);
+
+    /// Whether a node has refused user or password.
+    bool isRefusedBy(std::size_t node) const { return refusing_.count(node) != 0; }
+
+    // ClientObserver
+    bool AttemptFailed(const NQELVSK20::ClientFailure& failure) override;
+    void Recovered(const NQELVSK20::ClientFailure& failure) override;
+    void Warned(std::size_t node, const std::string& subject, const std::string& text) override;
+    void Connected(std::size_t node, bool isEncrypted) override;
+
+private:
+    void loseLink(const NQELVSK20::ClientFailure& failure);
+    void refuse(std::size_t node);
+    void failRequest(const NQELVSK20::ClientFailure& failure);
+    void sayFailed(const std::string& text, const NQELVSK20::ClientFailure& failure);
+    void showConnecting(std::size_t node);
+    bool isDetection(const NQELVSK20::ClientFailure& failure) const;
+    bool isOfReference(const NQELVSK20::ClientFailure& failure) const;
+    std::string describe(const NQELVSK20::ClientFailure& failure) const;
+
+    Machine& machine_;
+    Notices& notices_;
+    Progress& progress_;
+    bool connecting_ = false;
+    Wanted wanted_ = Wanted::kDefinition;
+    std::string subject_;
+    std::optional<std::string>
+        first_;                       // of a request whose second attempt is under way: how the first failed
+    std::set<std::size_t> refusing_;  // nodes
+};
+
+}  // namespace tool

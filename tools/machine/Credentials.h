@@ -1,0 +1,25 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tools/machine/Node.h"
+
+namespace tool {
+
+/// Where passwords come from, the first that is there: a file, a variable's value, the person. They are never
+/// taken from the command line, which every user of the machine can read.
+struct PasswordSources {
+    std::string file;                                           ///< Empty: none.
+    std::optional<std::string> variable;                        ///< Holds for every node.
+    std::function<std::string(const std::string& prompt)> ask;  ///< Empty: there is nobody to ask.
+};
+
+/// Gives every node that has a user its password. The file holds one line for all nodes or one line a node,
+/// in node order; the person is asked once for each user. Throws UsageError when the file cannot be read or
+/// has another number of lines, and when there is a file but no user.
+void addPasswords(std::vector<Node>& nodes, const PasswordSources& sources);
+
+}  // namespace tool

@@ -1,0 +1,19 @@
+#include "tools/machine/Machine.h"
+
+#include "cimhttp/PegClient.h"
+
+namespace tool {
+
+std::string Machine::Link::failures() const {
+    return httpsFailure + (httpsFailure.empty() || httpFailure.empty() ? "" : " ") + httpFailure;
+}
+
+std::string Machine::where(std::size_t node) const {
+    const std::string& host = nodes_.at(node).host;
+    const Link& link = links_[node];
+    const int port = link.overHttps ? NQELVSK20::kHttpsPort : NQELVSK20::kHttpPort;
+    const std::string text = link.reached ? hostAndPort(host, port) : host;
+    return nodes_.size() == 1 ? text : "node " + std::to_string(node + 1) + " (" + text + ")";
+}
+
+}  // namespace tool

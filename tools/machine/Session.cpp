@@ -1,0 +1,308 @@
+#include "tools/machine/Session.h"
+
+#include <Pegasus/Common/CIMName.h>
+#include <Pegasus/Common/Exception.h>
+
+#include <boost/make_shared.hpp>
+#include <boost/pointer_cast.hpp>
+#include <cstdlib>
+
+#include "cimhttp/PegClient.h"
+#include "cimhttp/TCimHTTPNamespace.h"
+#include "cimhttp/TCimHTTPNamespaceProvider.h"
+#include "qelc/TQELCNamespace.h"
+#include "tools/common/Failure.h"
+#include "tools/common/Names.h"
+#include "tools/common/UsageError.h"
+#include "tools/console/Terminal.h"
+#include "tools/machine/Credentials.h"
+#include "union/TUnionNamespace.h"
+#include "vskcore/INamespaceProviderManager.h"
+#include "vskcore/THostSetup.h"
+#include "vskcore/TRootObject.h"
+#include "vskcore/TVSKException.h"
+
+namespace tool {
+
+namespace {
+
+using namespace NQELVSK20;
+using Wanted = ClientListener::Wanted;
+
+constexpr std::size_t kEmbeddedNodes = 3;
+constexpr const char* kProviderName = "cimhttp";
+
+PasswordSources passwordSources(const Options& options) {
+    PasswordSources sources;
+    sources.file = options.passwordFile;
+    if (const char* variable = std::getenv("CIMHTTP_PASSWORD")) {
+        sources.variable = variable;
+    }
+    if (terminal::isInput()) {
+        sources.ask = terminal::readSecret;
+    }
+    return sources;
+}
+
+std::string nameOf(Transport transport) {
+    return transport == Transport::kHttp ? "http" : "https";
+}
+
+std::string textOf(const Pegasus::Exception& error) {
+    return static_cast<const char*>(error.getMessage().getCString());
+}
+
+// What the plug-in or the client library has against the call; none when it came back.
+template <typename CALL>
+std::optional<std::string> complaintAbout(const CALL& call) {
+    try {
+        call();
+    } catch (const TVSKException& error) {
+        return error.what();
+    } catch (const Pegasus::Exception& error) {
+        return textOf(error);
+    }
+    return std::nullopt;
+}
+
+}  // namespace
+
+Session::Session(const Options& options, Notices& notices, Progress& progress)
+    : options_(options),
+      notices_(notices),
+      machine_(nodesToAsk()),
+      logger_(notices, options.verbose),
+      listener_(machine_, notices, progress) {
+    setUpHost();
+}
+
+Session::~Session() {
+    nameSpace_.reset();
+    THostSetup::SetCoreLogger(nullptr);
+}
+
+std::vector<Node> Session::nodesToAsk() {
+    if (options_.nodes.empty()) {
+        return nodesOfEmbeddedMachine();
+    }
+    if (options_.transport != Transport::kAuto && options_.nodes.size() > 1) {
+        throw UsageError("--transport " + nameOf(options_.transport) +
+                         " connects a single node; several nodes are connected with --transport auto");
+    }
+    std::vector<Node> nodes;
+    for (const std::string& text : options_.nodes) {
+        nodes.push_back(parseNode(text, options_.user));
+    }
+    addPasswords(nodes, passwordSources(options_));
+    return nodes;
+}
+
+std::vector<Node> Session::nodesOfEmbeddedMachine() {
+    const bool single = options_.transport != Transport::kAuto;
+    if (single) {
+        notices_.say("--transport " + nameOf(options_.transport) +
+                     " connects a single node: the embedded machine has one");
+    }
+    embedded_ = std::make_unique<EmbeddedMachine>(single ? 1 : kEmbeddedNodes);
+    std::vector<Node> nodes;
+    for (const std::string& host : embedded_->hosts()) {
+        nodes.push_back({host, {}, {}});
+    }
+    return nodes;
+}
+
+void Session::setUpHost() {
+    THostSetup::SetCoreLogger(&logger_);
+    THostSetup::SetNodeCount(machine_.nodes().size());
+    THostSetup::SetBMCMapping([](int index) { return index; });
+    TCimHTTPNamespaceProvider::Initialize();
+}
+
+boost::shared_ptr<TCimHTTPNamespace> Session::allocateNamespace() {
+    const auto provider = TRootObject::GetNamespaceProviderManager()->FindProvider(kProviderName);
+    if (!provider) {
+        throw Failure("the plug-in registered no provider \"cimhttp\"");
+    }
+    const TContext context{{"pluginNameQualDeclValue", TCIMValue(kProviderName)}};
+    const auto nameSpace = boost::dynamic_pointer_cast<TCimHTTPNamespace>(
+        provider->AllocateNamespace(context, false, options_.nameSpace));
+    const auto common = boost::make_shared<TQELCNamespace>();
+    common->SetUpcallNamespace(boost::make_shared<TUnionNamespace>(), TContext());
+    nameSpace->SetUpcallNamespace(common, TContext());
+    return nameSpace;
+}
+
+void Session::connect() {
+    nameSpace_ = allocateNamespace();
+    nameSpace_->ObserveClients(&listener_);
+    listener_.beginConnect();
+    const auto complaint = complaintAbout([&] {
+        // The plug-in tells in its trace alone what is wrong with a name.
+        const Pegasus::CIMNamespaceName name(options_.nameSpace.c_str());
+        nameSpace_->Init();
+        connectNodes();
+    });
+    if (complaint) {
+        throw Failure(*complaint);
+    }
+    requireFirstNode();
+    listener_.endConnect();
+    if (!machine_.link(0).reached) {
+        throw Failure(machine_.nodes().size() == 1
+                          ? ""
+                          : "definitions, names and methods come from the first node: "
+                            "without it nothing can be asked");
+    }
+    if (options_.timeoutMs) {
+        nameSpace_->setTimeout(*options_.timeoutMs);
+    }
+}
+
+void Session::connectNodes() {
+    const std::vector<Node>& nodes = machine_.nodes();
+    const Node& first = nodes.front();
+    if (options_.transport == Transport::kHttp) {
+        nameSpace_->ConnectViaHttp(first.host, first.user, first.password, kHttpPort);
+    } else if (options_.transport == Transport::kHttps) {
+        nameSpace_->ConnectViaHttps(first.host, first.user, first.password, kHttpsPort);
+    } else if (nodes.size() == 1) {
+        nameSpace_->connect(first.host, first.user, first.password);
+    } else {
+        std::vector<std::string> hosts;
+        std::vector<std::string> users;
+        std::vector<std::string> passwords;
+        for (const Node& node : nodes) {
+            hosts.push_back(node.host);
+            users.push_back(node.user);
+            passwords.push_back(node.password);
+        }
+        nameSpace_->connect(hosts, users, passwords);
+    }
+}
+
+template <typename CALL>
+void Session::ask(Wanted wanted, const std::string& subject, const CALL& call) {
+    listener_.beginQuestion(wanted, subject);
+    if (const auto complaint = complaintAbout(call)) {
+        throw Failure(subject + ": " + *complaint);
+    }
+}
+
+template <typename CALL>
+void Session::askFirstNode(Wanted wanted, const std::string& subject, const CALL& call) {
+    ask(wanted, subject, call);
+    requireFirstNode();
+}
+
+void Session::requireFirstNode() const {
+    if (listener_.isRefusedBy(0)) {
+        throw Failure();  // said by the listener
+    }
+}
+
+std::vector<std::string> Session::classNames(const std::string& className) {
+    std::vector<std::string> names;
+    askFirstNode(Wanted::kContent, className,
+                 [&] { nameSpace_->EnumerateClassNames(options_.nameSpace, className, names, false); });
+    return names;
+}
+
+std::vector<std::string> Session::instanceNames(const std::string& className) {
+    std::vector<std::string> names;
+    askFirstNode(Wanted::kContent, className,
+                 [&] { nameSpace_->EnumerateInstanceNames(options_.nameSpace, className, names); });
+    return names;
+}
+
+// A class that a server does not know ends in a failure that was said; what is left are the plug-in's rules.
+std::string Session::whyNotOffered(const std::string& className) const {
+    const std::string text = "the plug-in offers no class " + className;
+    return text + (machine_.nodes().size() == 1 ? " on a machine of one node"
+                                                : ": it refuses definitions that the nodes disagree on");
+}
+
+boost::shared_ptr<ICIMClass> Session::getClass(const std::string& className) {
+    requireClassName(className);
+    boost::shared_ptr<ICIMClass> found;
+    const std::size_t failuresBefore = failures();
+    askFirstNode(Wanted::kDefinition, className, [&] { found = nameSpace_->GetClass(className, context()); });
+    if (!found) {
+        throw Failure(failures() != failuresBefore ? std::string() : whyNotOffered(className));
+    }
+    return found;
+}
+
+boost::shared_ptr<ICIMClass> Session::superclassOf(const ICIMClass& cimClass) {
+    boost::shared_ptr<ICIMClass> superclass;
+    askFirstNode(Wanted::kDefinition, cimClass.GetName(TContext()),
+                 [&] { superclass = cimClass.GetSuperClass(TContext()); });
+    const bool isTop = !superclass || superclass->GetName(TContext()) == "<root>";
+    return isTop ? nullptr : superclass;
+}
+
+void Session::sayFailure(const std::exception& failure) {
+    if (*failure.what() != '\0') {
+        notices_.say(failure.what());
+    }
+}
+
+void Session::walk(const std::string& className) {
+    askFirstNode(Wanted::kContent, className, [&] {
+        nameSpace_->EnumerateInstances(*nameSpace_->getPegNSP(), Pegasus::CIMName(className.c_str()));
+    });
+}
+
+void Session::enumerateInstances(ICIMClass& cimClass, bool deep,
+                                 const ICIMInstance::InstanceCallback& callback) {
+    ask(Wanted::kContent, cimClass.GetName(TContext()),
+        [&] { cimClass.EnumerateInstances(callback, deep, TContext()); });
+}
+
+TCIMReference Session::reference(const std::string& path) const {
+    TCIMReference reference(nameSpace_, TContext());
+    reference.SetPath(path);
+    return reference;
+}
+
+boost::shared_ptr<ICIMInstance> Session::getInstance(const std::string& path) {
+    boost::shared_ptr<ICIMInstance> instance;
+    const TCIMReference wanted = reference(path);
+    askFirstNode(Wanted::kContent, wanted.GetClassName(),
+                 [&] { instance = nameSpace_->GetInstance(wanted, context()); });
+    return instance;
+}
+
+Session::MethodResult Session::invoke(ICIMClass& cimClass, const std::string& path, const std::string& method,
+                                      const TContext& inputs) {
+    MethodResult result;
+    const std::size_t failuresBefore = failures();
+    askFirstNode(Wanted::kContent, method, [&] {
+        cimClass.InvokeMethod(result.value, reference(path), method, inputs, result.outputs, context());
+    });
+    if (failures() != failuresBefore) {
+        throw Failure();
+    }
+    return result;
+}
+
+std::vector<boost::shared_ptr<ICIMQualifierDecl>> Session::qualifierDecls() {
+    std::vector<boost::shared_ptr<ICIMQualifierDecl>> declarations;
+    nameSpace_->EnumerateQualifierDecls(
+        [&](const boost::shared_ptr<ICIMQualifierDecl>& declaration) {
+            declarations.push_back(declaration);
+            return true;
+        },
+        TContext());
+    return declarations;
+}
+
+TContext Session::context() const {
+    TContext context;
+    if (options_.timeoutMs) {
+        context["GCTimeout"] = TCIMValue(*options_.timeoutMs);
+        context["EITimeout"] = TCIMValue(*options_.timeoutMs);
+    }
+    return context;
+}
+
+}  // namespace tool

@@ -1,0 +1,121 @@
+#pragma once
+
+#include <boost/shared_ptr.hpp>
+#include <cstddef>
+#include <exception>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tools/common/Options.h"
+#include "tools/console/ConsoleLogger.h"
+#include "tools/console/Notices.h"
+#include "tools/console/Progress.h"
+#include "tools/machine/ClientListener.h"
+#include "tools/machine/EmbeddedMachine.h"
+#include "tools/machine/Machine.h"
+#include "vskcore/ICIMClass.h"
+#include "vskcore/ICIMInstance.h"
+#include "vskcore/ICIMQualifierDecl.h"
+#include "vskcore/TCIMReference.h"
+#include "vskcore/TCIMValue.h"
+#include "vskcore/TContext.h"
+
+namespace NQELVSK20 {
+class TCimHTTPNamespace;
+}  // namespace NQELVSK20
+
+namespace tool {
+
+/// The host around the plug-in: loads its provider, has a namespace allocated and connected to the machine's
+/// nodes, and passes questions on. Failures on the way are said on standard error.
+///
+/// One session a process: the plug-in and the host's services are process-wide. Every operation but
+/// enumerateInstances throws Failure when the first node refuses user or password; what another one refuses
+/// costs its own part of the answer.
+class Session {
+public:
+    /// What `options` says: the nodes with their passwords, or the embedded machine. Throws UsageError when
+    /// they do not go together. Connects nothing. `notices` and `progress` must outlive the session.
+    Session(const Options& options, Notices& notices, Progress& progress);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    /// Connects every node and says which could not be reached. Throws Failure when the first one could not:
+    /// definitions, names and methods come from it alone.
+    void connect();
+
+    /// Direct subclasses of a class, of none: the top-level classes. In the server's order.
+    std::vector<std::string> classNames(const std::string& className);
+
+    /// Paths of a class's instances on the first node, in the server's order.
+    std::vector<std::string> instanceNames(const std::string& className);
+
+    /// The class of a name. Throws UsageError for what is no name and Failure when there is no such class;
+    /// the plug-in's namespace shares ownership.
+    boost::shared_ptr<NQELVSK20::ICIMClass> getClass(const std::string& className);
+
+    /// The superclass; empty at the top.
+    boost::shared_ptr<NQELVSK20::ICIMClass> superclassOf(const NQELVSK20::ICIMClass& cimClass);
+
+    /// Reads every instance and property of a class on the first node, subclasses included.
+    void walk(const std::string& className);
+
+    /// Every node's instances, until the callback returns false.
+    void enumerateInstances(NQELVSK20::ICIMClass& cimClass, bool deep,
+                            const NQELVSK20::ICIMInstance::InstanceCallback& callback);
+
+    /// The instance of a path whose class is known; empty when there is none.
+    boost::shared_ptr<NQELVSK20::ICIMInstance> getInstance(const std::string& path);
+
+    struct MethodResult {
+        NQELVSK20::TCIMValue value;
+        NQELVSK20::TContext outputs;
+    };
+
+    /// Runs a method on the first node. Throws Failure when the call failed.
+    MethodResult invoke(NQELVSK20::ICIMClass& cimClass, const std::string& path, const std::string& method,
+                        const NQELVSK20::TContext& inputs);
+
+    /// The qualifier declarations that the namespace has come to know, in the order of their names.
+    std::vector<boost::shared_ptr<NQELVSK20::ICIMQualifierDecl>> qualifierDecls();
+
+    /// A path as a value that can be sent.
+    NQELVSK20::TCIMReference reference(const std::string& path) const;
+
+    /// Says a failure that does not end the command, unless it was said already.
+    void sayFailure(const std::exception& failure);
+
+    const std::string& nameSpaceName() const { return options_.nameSpace; }
+    const Machine& machine() const { return machine_; }
+    bool hasFailed() const { return failures() != 0; }
+
+    /// Errors and remote failures that were said so far.
+    std::size_t failures() const { return notices_.failures(); }
+
+private:
+    std::vector<Node> nodesToAsk();
+    std::vector<Node> nodesOfEmbeddedMachine();
+    void setUpHost();
+    boost::shared_ptr<NQELVSK20::TCimHTTPNamespace> allocateNamespace();
+    void connectNodes();
+    void requireFirstNode() const;
+    std::string whyNotOffered(const std::string& className) const;
+    NQELVSK20::TContext context() const;
+
+    template <typename CALL>
+    void ask(ClientListener::Wanted wanted, const std::string& subject, const CALL& call);
+    template <typename CALL>
+    void askFirstNode(ClientListener::Wanted wanted, const std::string& subject, const CALL& call);
+
+    const Options options_;
+    Notices& notices_;
+    std::unique_ptr<EmbeddedMachine> embedded_;  // null when nodes were named
+    Machine machine_;
+    ConsoleLogger logger_;
+    ClientListener listener_;
+    boost::shared_ptr<NQELVSK20::TCimHTTPNamespace> nameSpace_;  // goes before logger, listener and machine
+};
+
+}  // namespace tool

@@ -1,0 +1,57 @@
+#include "tools/values/Qualifiers.h"
+
+#include <algorithm>
+
+#include "tools/common/Names.h"
+#include "tools/values/ValueText.h"
+
+namespace tool {
+
+namespace {
+
+using namespace NQELVSK20;
+
+std::vector<std::string> textsOf(const QualifierList& qualifiers, const std::string& name) {
+    std::vector<std::string> texts;
+    if (const ICIMQualifier* qualifier = findQualifier(qualifiers, name)) {
+        for (const TCIMValue& element : elementsOf(qualifier->GetValue(TContext()))) {
+            texts.push_back(plainText(element));
+        }
+    }
+    return texts;
+}
+
+}  // namespace
+
+QualifierList qualifiersOf(const ICIMNamedElement& element) {
+    QualifierList qualifiers;
+    element.EnumerateQualifiers(
+        [&](const boost::shared_ptr<ICIMQualifier>& qualifier) {
+            qualifiers.push_back(qualifier);
+            return true;
+        },
+        TContext());
+    return qualifiers;
+}
+
+QualifierList qualifiersOf(const ICIMClass& cimClass) {
+    const auto* element = dynamic_cast<const ICIMNamedElement*>(&cimClass);
+    return element == nullptr ? QualifierList() : qualifiersOf(*element);
+}
+
+const ICIMQualifier* findQualifier(const QualifierList& qualifiers, const std::string& name) {
+    const auto found = std::find_if(qualifiers.begin(), qualifiers.end(), [&](const auto& qualifier) {
+        return sameName(qualifier->GetName(TContext()), name);
+    });
+    return found == qualifiers.end() ? nullptr : found->get();
+}
+
+std::optional<ValueMap> valueMapIn(const QualifierList& qualifiers) {
+    const std::vector<std::string> texts = textsOf(qualifiers, "Values");
+    if (texts.empty()) {
+        return std::nullopt;
+    }
+    return ValueMap(textsOf(qualifiers, "ValueMap"), texts);
+}
+
+}  // namespace tool
