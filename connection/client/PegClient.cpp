@@ -56,12 +56,20 @@ public:
     void Disconnect();
     bool Reconnect();
 
+    /// False when there was no answer.
     template <class TSend>
-    void Request(const char* operation, const std::string& subject, unsigned int timeout, const TSend& send);
+    bool Request(const char* operation, const std::string& subject, unsigned int timeout, const TSend& send);
+    void PassOn(const char* operation, const std::string& subject,
+                const Pegasus::Array<Pegasus::CIMInstance>& instances);
 
 private:
     enum class Outcome { kDone, kTimedOut, kRefused, kBroken };
 
+    template <class TStep>
+    bool Tell(const ClientRequest& request, const TStep& step);
+    bool TryToOpen(const ServerAddress& address, ClientFailure& failure);
+    template <class TSend>
+    bool TryTwice(unsigned int timeout, const TSend& send, ClientFailure& failure);
     template <class TSend>
     Outcome Attempt(const TSend& send, ClientFailure& failure);
     bool MayTryAgain(const ClientFailure& failure);
@@ -96,9 +104,32 @@ void PegClient::Impl::GiveUp(const ClientFailure& failure) {
     }
 }
 
+// Takes the step between its beginning and its end, of which the observer hears.
+template <class TStep>
+bool PegClient::Impl::Tell(const ClientRequest& request, const TStep& step) {
+    if (observer_ == nullptr) {
+        return step();
+    }
+    observer_->Begun(request);
+    const bool answered = step();
+    observer_->Ended(request, answered);
+    return answered;
+}
+
+void PegClient::Impl::PassOn(const char* operation, const std::string& subject,
+                             const Pegasus::Array<Pegasus::CIMInstance>& instances) {
+    if (observer_ != nullptr) {
+        observer_->Received({node_, operation, subject}, instances);
+    }
+}
+
 bool PegClient::Impl::Open(const char* operation, const ServerAddress& address) {
-    address_ = address;
     ClientFailure failure = FailureOf(operation, {});
+    return Tell(failure, [&] { return TryToOpen(address, failure); });
+}
+
+bool PegClient::Impl::TryToOpen(const ServerAddress& address, ClientFailure& failure) {
+    address_ = address;
     failure.kind = Kind::kCannotConnect;
     const auto fail = [&](const char* exception, const Pegasus::Exception& error) {
         failure.text = ToText(error);
@@ -142,8 +173,10 @@ void PegClient::Impl::Disconnect() {
 
 bool PegClient::Impl::Reconnect() {
     Disconnect();
-    ReconnectPause(kReconnectPauseMs);
-    return OpenEither(address_.host, address_.user, address_.password);
+    return Tell({node_, "Reconnect", {}}, [&] {
+        ReconnectPause(kReconnectPauseMs);
+        return OpenEither(address_.host, address_.user, address_.password);
+    });
 }
 
 void PegClient::Impl::PassWarningOn(const ClientFailure& request) {
@@ -183,14 +216,19 @@ PegClient::Impl::Outcome PegClient::Impl::Attempt(const TSend& send, ClientFailu
 }
 
 template <class TSend>
-void PegClient::Impl::Request(const char* operation, const std::string& subject, unsigned int timeout,
+bool PegClient::Impl::Request(const char* operation, const std::string& subject, unsigned int timeout,
                               const TSend& send) {
     timedOut_ = false;
     if (!isConnected_) {
-        return;
+        return false;
     }
-    link_->SetTimeout(timeout);
     ClientFailure failure = FailureOf(operation, subject);
+    return Tell(failure, [&] { return TryTwice(timeout, send, failure); });
+}
+
+template <class TSend>
+bool PegClient::Impl::TryTwice(unsigned int timeout, const TSend& send, ClientFailure& failure) {
+    link_->SetTimeout(timeout);
     for (int attempt = 0; attempt < kAttempts; ++attempt) {
         const Outcome outcome = Attempt(send, failure);
         timedOut_ = outcome == Outcome::kTimedOut;
@@ -198,14 +236,14 @@ void PegClient::Impl::Request(const char* operation, const std::string& subject,
             if (attempt > 0 && observer_ != nullptr) {
                 observer_->Recovered(failure);
             }
-            return;
+            return true;
         }
         if (!MayTryAgain(failure)) {
             GiveUp(failure);
-            return;
+            return false;
         }
         if (outcome == Outcome::kRefused) {
-            return;
+            return false;
         }
         if (outcome == Outcome::kTimedOut) {
             link_->SetTimeout(Doubled(timeout));
@@ -214,6 +252,7 @@ void PegClient::Impl::Request(const char* operation, const std::string& subject,
             link_->SetTimeout(timeout);  // connecting set its own
         }
     }
+    return false;
 }
 
 PegClient::PegClient(std::size_t node) : impl_(std::make_unique<Impl>(node)) {}
@@ -267,10 +306,13 @@ Pegasus::Array<Pegasus::CIMInstance> PegClient::EnumerateInstances(
     std::string nameSpace, std::string className, unsigned int timeout, bool deepInheritance, bool localOnly,
     bool includeQualifiers, bool includeClassOrigin, const Pegasus::CIMPropertyList& propertyList) {
     Pegasus::Array<Pegasus::CIMInstance> result;
-    impl_->Request("EnumerateInstances", className, timeout, [&](ServerLink& link) {
+    const bool answered = impl_->Request("EnumerateInstances", className, timeout, [&](ServerLink& link) {
         result = link.EnumerateInstances(FromNamespace(nameSpace), FromName(className), deepInheritance,
                                          localOnly, includeQualifiers, includeClassOrigin, propertyList);
     });
+    if (answered) {
+        impl_->PassOn("EnumerateInstances", className, result);
+    }
     return result;
 }
 

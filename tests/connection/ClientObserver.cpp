@@ -39,7 +39,23 @@ public:
         events_.push_back("connected " + std::to_string(node) + (isEncrypted ? " encrypted" : " plain"));
     }
 
-    int allowed_ = 1000;  // after how many failures a further attempt may be made
+    void Begun(const ClientRequest& request) override { Follow("begun", request); }
+    void Ended(const ClientRequest& request, bool answered) override {
+        Follow(answered ? "answered" : "ended", request);
+    }
+    void Received(const ClientRequest& request,
+                  const Pegasus::Array<Pegasus::CIMInstance>& instances) override {
+        Follow(std::to_string(instances.size()) + " from", request);
+    }
+    void Follow(const std::string& what, const ClientRequest& request) {
+        if (follows_) {
+            events_.push_back(what + ' ' + request.operation + ' ' + request.subject + " on " +
+                              std::to_string(request.node));
+        }
+    }
+
+    bool follows_ = false;  // what begins and ends
+    int allowed_ = 1000;    // after how many failures a further attempt may be made
     std::vector<ClientFailure> failures_;
     std::vector<ClientFailure> recovered_;
     Events events_;
@@ -127,6 +143,57 @@ protected:
     RecordingObserver observer_;
     PegClient client_{kNode};
 };
+
+TEST_F(ClientObserverTest, HearsWhatEachRequestIsAndThatItWasAnswered) {
+    TestMachine machine;
+    ASSERT_TRUE(ConnectPlainly(machine));
+    observer_.follows_ = true;
+    for (const ObservedRequest& request : ObservedRequests()) {
+        observer_.events_.clear();
+        request.send(client_);
+        const std::string what = std::string(request.operation) + ' ' + request.subject + " on 2";
+        Events expected{"begun " + what, "answered " + what};
+        if (request.operation == std::string("EnumerateInstances")) {
+            expected.push_back("13 from " + what);
+        }
+        EXPECT_EQ(observer_.events_, expected);
+    }
+}
+
+TEST_F(ClientObserverTest, HearsOfAReconnectionWithinARequestAndOfItsEnd) {
+    TestMachine machine;
+    ASSERT_TRUE(ConnectPlainly(machine));
+    machine.Server().inject(Failing(cimom::Fault::Kind::CloseBeforeAnswer, 1));
+    observer_.follows_ = true;
+    ObservedRequests()[1].send(client_);
+    EXPECT_EQ(observer_.events_,
+              (Events{"begun EnumerateInstances OMC_NumericSensor on 2", "failed EnumerateInstances",
+                      "begun Reconnect  on 2", "begun HTTPSConnect  on 2", "connected 2 encrypted",
+                      "answered HTTPSConnect  on 2", "answered Reconnect  on 2",
+                      "recovered EnumerateInstances", "answered EnumerateInstances OMC_NumericSensor on 2",
+                      "13 from EnumerateInstances OMC_NumericSensor on 2"}));
+}
+
+TEST_F(ClientObserverTest, HearsThatWhatHadNoAnswerEndedAllTheSame) {
+    observer_.follows_ = true;
+    EXPECT_FALSE(client_.HTTPConnect("127.0.0.99", "", "", 5988));
+    EXPECT_EQ(observer_.events_,
+              (Events{"begun HTTPConnect  on 2", "failed HTTPConnect", "ended HTTPConnect  on 2"}));
+    TestMachine machine;
+    ASSERT_TRUE(ConnectPlainly(machine));
+    machine.Server().inject(Failing(cimom::Fault::Kind::CimError));
+    ObservedRequests()[1].send(client_);
+    EXPECT_EQ(observer_.events_,
+              (Events{"begun EnumerateInstances OMC_NumericSensor on 2", "failed EnumerateInstances",
+                      "ended EnumerateInstances OMC_NumericSensor on 2"}))
+        << "and nothing is received of an answer that is none";
+}
+
+TEST_F(ClientObserverTest, HearsOfNoRequestOfAClientThatIsNotConnected) {
+    observer_.follows_ = true;
+    ObservedRequests()[1].send(client_);
+    EXPECT_EQ(observer_.events_, Events());
+}
 
 TEST_F(ClientObserverTest, HearsOfACimErrorWithItsCodeAndWhatWasAsked) {
     TestMachine machine;

@@ -1,12 +1,22 @@
 #pragma once
 
+#include <Pegasus/Common/Array.h>
+#include <Pegasus/Common/CIMInstance.h>
+
 #include <cstddef>
 #include <string>
 
 namespace NQELVSK20 {
 
+/// What a node's client is asked to do, with all its attempts.
+struct ClientRequest {
+    std::size_t node = 0;   ///< Zero-based, in the order in which the nodes were connected.
+    std::string operation;  ///< As in the log, e.g. "EnumerateInstances", "HTTPSConnect".
+    std::string subject;    ///< The class, or the method, that was asked for; empty when connecting.
+};
+
 /// One attempt of a node's client that failed.
-struct ClientFailure {
+struct ClientFailure : ClientRequest {
     enum class Kind {
         kCannotConnect,       ///< No connection could be opened.
         kRefusedCredentials,  ///< The server does not take user and password, or asks for some.
@@ -15,9 +25,6 @@ struct ClientFailure {
         kBroken               ///< Anything else: the connection was lost, or the answer is none.
     };
 
-    std::size_t node = 0;   ///< Zero-based, in the order in which the nodes were connected.
-    std::string operation;  ///< As in the log, e.g. "EnumerateInstances", "HTTPSConnect".
-    std::string subject;    ///< The class, or the method, that was asked for; empty when connecting.
     Kind kind = Kind::kBroken;
     int code = 0;      ///< The CIM status code of a CIM error; 0 for the other kinds.
     std::string text;  ///< The remote library's message.
@@ -38,6 +45,17 @@ public:
 
     /// The answer about `subject`, a class or a method, had something that was read past, as `text` tells.
     virtual void Warned(std::size_t /*node*/, const std::string& /*subject*/, const std::string& /*text*/) {}
+
+    /// A client begins what it was asked for, also to connect or, as "Reconnect", to do so anew: a request
+    /// within a request.
+    virtual void Begun(const ClientRequest& /*request*/) {}
+
+    /// What was begun last is over; `answered` when it went well.
+    virtual void Ended(const ClientRequest& /*request*/, bool /*answered*/) {}
+
+    /// The instances of an answer as the server gave them, nulls included, before any is taken over.
+    virtual void Received(const ClientRequest& /*request*/,
+                          const Pegasus::Array<Pegasus::CIMInstance>& /*instances*/) {}
 
     /// A connection to a node was opened, also a new one after a request's connection broke.
     virtual void Connected(std::size_t node, bool isEncrypted) = 0;
