@@ -49,7 +49,8 @@ protected:
     Progress progress_{error_, false, 0};
     Notices notices_{error_, progress_};
     Machine machine_{{{"10.0.0.1", "", ""}, {"10.0.0.2", "admin", ""}}};
-    ClientListener listener_{machine_, notices_, progress_};
+    ReceivedInstances received_;
+    ClientListener listener_{machine_, notices_, progress_, received_};
 };
 
 }  // namespace
@@ -263,7 +264,7 @@ TEST_F(ClientListenerTest, ANodeThatIsLostIsAFailureWhateverItWasAsked) {
 
 TEST_F(ClientListenerTest, TellsHowConnectingEndedForEveryNode) {
     Machine machine({{"10.0.0.1", "", ""}, {"10.0.0.2", "", ""}, {"10.0.0.3", "", ""}});
-    ClientListener listener(machine, notices_, progress_);
+    ClientListener listener(machine, notices_, progress_, received_);
     const auto fail = [&](std::size_t node, const std::string& operation, const std::string& text) {
         EXPECT_TRUE(listener.AttemptFailed({node, operation, "", Kind::kCannotConnect, 0, text}));
     };
@@ -288,13 +289,13 @@ TEST_F(ClientListenerTest, TellsHowConnectingEndedForEveryNode) {
 
 TEST_F(ClientListenerTest, OneProtocolHasNoOtherToFallBackOn) {
     Machine machine({{"10.0.0.1", "", ""}});
-    ClientListener listener(machine, notices_, progress_);
+    ClientListener listener(machine, notices_, progress_, received_);
     listener.beginConnect();
     listener.Connected(0, false);
     listener.endConnect();
     EXPECT_EQ(said(), "") << "HTTP alone was asked for";
     Machine other({{"10.0.0.1", "", ""}});
-    ClientListener ofOther(other, notices_, progress_);
+    ClientListener ofOther(other, notices_, progress_, received_);
     ofOther.beginConnect();
     ofOther.AttemptFailed({0, "HTTPSConnect", "", Kind::kCannotConnect, 0, "no TLS"});
     ofOther.endConnect();
@@ -303,7 +304,7 @@ TEST_F(ClientListenerTest, OneProtocolHasNoOtherToFallBackOn) {
 
 TEST_F(ClientListenerTest, AConnectionThatIsLostWhileConnectingCountsAsItComesBack) {
     Machine machine({{"10.0.0.1", "", ""}});
-    ClientListener listener(machine, notices_, progress_);
+    ClientListener listener(machine, notices_, progress_, received_);
     const auto fail = [&](Kind kind, const std::string& operation, const std::string& subject) {
         listener.AttemptFailed({0, operation, subject, kind, 0, "gone"});
     };
@@ -323,36 +324,11 @@ TEST_F(ClientListenerTest, AConnectionThatIsLostWhileConnectingCountsAsItComesBa
     EXPECT_EQ(notices_.failures(), 0U);
 }
 
-TEST(ConnectingProgress, NamesTheNodeThatIsConnectedNext) {
-    std::ostringstream error;
-    Progress progress(error, true, 0);
-    Notices notices(error, progress);
-    Machine machine({{"10.0.0.1", "", ""}, {"10.0.0.2", "", ""}, {"10.0.0.3", "", ""}});
-    ClientListener listener(machine, notices, progress);
-    const auto shown = [&] {
-        const std::string text = error.str();
-        error.str("");
-        return text;
-    };
-    listener.beginConnect();
-    EXPECT_THAT(shown(), HasSubstr("connecting node 1 (10.0.0.1)"));
-    listener.Connected(0, true);
-    EXPECT_THAT(shown(), HasSubstr("connecting node 2 (10.0.0.2)"));
-    listener.AttemptFailed({1, "HTTPSConnect", "", Kind::kCannotConnect, 0, "x"});
-    EXPECT_THAT(shown(), HasSubstr("connecting node 2 (10.0.0.2)"));
-    listener.AttemptFailed({1, "HTTPConnect", "", Kind::kCannotConnect, 0, "x"});
-    EXPECT_THAT(shown(), HasSubstr("connecting node 3 (10.0.0.3)"));
-}
-
-TEST(RetryProgress, SaysThatTheRequestIsTriedAgain) {
-    std::ostringstream error;
-    Progress progress(error, true, 0);
-    Notices notices(error, progress);
-    Machine machine({{"10.0.0.1", "", ""}});
-    ClientListener listener(machine, notices, progress);
-    listener.AttemptFailed({0, "GetClass", "CIM_Fan", Kind::kTimeout, 0, "x"});
-    EXPECT_THAT(error.str(),
-                HasSubstr("10.0.0.1: definition of class CIM_Fan: no answer in time; trying again"));
+TEST_F(ClientListenerTest, KeepsWhatTheNodesGave) {
+    ReceivedInstances::Instances instances;
+    instances.append(Pegasus::CIMInstance(Pegasus::CIMName("OMC_Fan")));
+    listener_.Received({1, "EnumerateInstances", "CIM_Fan"}, instances);
+    EXPECT_EQ(received_.classesOf("CIM_Fan"), (ReceivedInstances::Counts{{"OMC_Fan", 1}}));
 }
 
 }  // namespace tool

@@ -291,4 +291,25 @@ TEST(Interrupt, ANodeThatDoesNotAnswerCanBeLeft) {
     EXPECT_EQ(outcome.signal, 2);
 }
 
+TEST(Terminal, NamesTheRequestThatTakesLongAndWipesItBeforeTheAnswer) {
+    TestMachine machine(2);
+    cimom::Fault slow;
+    slow.address = machine.Host(1);
+    slow.operation = "EnumerateInstances";
+    slow.className = "OMC_UnitaryComputerSystem";
+    slow.delay = std::chrono::milliseconds(1300);
+    machine.Server().inject(slow);
+    const Outcome outcome =
+        Program(nodesOf(machine, {"instances", "OMC_UnitaryComputerSystem"})).runOnTerminal();
+    const std::string line =
+        "\rnode 2 (" + machine.Host(1) + ":5989): instances of OMC_UnitaryComputerSystem";
+    const std::size_t first = outcome.out.find(line + "\033[K");
+    ASSERT_NE(first, std::string::npos) << outcome.out;
+    const std::size_t second = outcome.out.find(line + ", 1 s\033[K", first);
+    ASSERT_NE(second, std::string::npos) << outcome.out;
+    const std::size_t wiped = outcome.out.find("\r\033[K", second);
+    EXPECT_LT(wiped, outcome.out.find("OMC_UnitaryComputerSystem.", second));
+    EXPECT_EQ(outcome.out.find("node 1", 0), std::string::npos) << "quick requests are not named";
+}
+
 }  // namespace tool

@@ -17,7 +17,7 @@ void collect(const CommandContext& context, const std::string& className,
     for (const std::string& name : context.session.classNames(className)) {
         if (seen.insert(name).second) {
             names.push_back(name);
-            context.progress.show(std::to_string(names.size()) + " classes: " + name);
+            context.progress.note(std::to_string(names.size()) + " classes: " + name);
             collect(context, name, seen, names);
         }
     }

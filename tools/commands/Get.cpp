@@ -66,7 +66,8 @@ bool runGet(const CommandContext& context) {
     if (!instance) {
         return nothingFound(context, "there is no instance " + instancePath(wanted, schema));
     }
-    const InstanceView view(*instance);
+    const NullCells nullCells(context.session, schemas);
+    const InstanceView view(*instance, &nullCells);
     if (context.isJson()) {
         context.output.line(jsonText(jsonInstance(view, {}), 2, context.output.isTerminal()));
     } else {

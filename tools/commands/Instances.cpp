@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "tools/commands/Commands.h"
+#include "tools/commands/RowCount.h"
 #include "tools/common/Failure.h"
 #include "tools/common/UsageError.h"
 #include "tools/console/Terminal.h"
@@ -35,7 +36,7 @@ void fetchSubclasses(const CommandContext& context, const std::string& className
         if (!seen.insert(name).second) {
             continue;
         }
-        context.progress.show("fetching class " + name);
+        context.progress.note("fetching class " + name);
         try {
             context.session.getClass(name);
         } catch (const Failure& failure) {
@@ -45,21 +46,27 @@ void fetchSubclasses(const CommandContext& context, const std::string& className
     }
 }
 
-std::size_t print(const CommandContext& context, NQELVSK20::ICIMClass& cimClass, InstancePrinter& printer) {
+std::size_t print(const CommandContext& context, NQELVSK20::ICIMClass& cimClass, SchemaCache& schemas,
+                  InstancePrinter& printer) {
+    const NullCells nullCells(context.session, schemas);
+    RowCount rows;
     std::size_t count = 0;
-    context.progress.showNow("asking for instances of " + context.options.className);
     const auto isEnough = [&] { return context.options.limit && count >= *context.options.limit; };
     context.session.enumerateInstances(
         cimClass, context.options.deep, [&](const boost::shared_ptr<ICIMInstance>& instance) {
             if (isEnough()) {
                 return false;  // a subclass's turn, which an earlier false did not stop
             }
-            const InstanceView view(*instance);
+            const InstanceView view(*instance, &nullCells);
+            rows.add(view.className);
             printer.print(view);
-            context.progress.show(fmt::format("node {}: {} instances so far", view.node, ++count));
+            context.progress.note(fmt::format("node {}: {} instances so far", view.node, ++count));
             return !isEnough();
         });
     printer.end();
+    if (!isEnough()) {
+        rows.tell(context, schemas, context.options.deep);
+    }
     return count;
 }
 
@@ -77,7 +84,7 @@ bool runInstances(const CommandContext& context) {
     }
     const auto printer = makeInstancePrinter(context.options.format,
                                              {context.output, schemas, schema, columns, terminal::width()});
-    const std::size_t count = print(context, *cimClass, *printer);
+    const std::size_t count = print(context, *cimClass, schemas, *printer);
     return count != 0 || nothingFound(context, "there are no instances of " + className);
 }
 

@@ -52,7 +52,7 @@ private:
     }
 
     Branch fetch(const std::string& name) {
-        context_.progress.show(std::to_string(seen_.size()) + " classes: " + name);
+        context_.progress.note(std::to_string(seen_.size()) + " classes: " + name);
         try {
             return branchOf(name, *context_.session.getClass(name));
         } catch (const Failure& failure) {

@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include "tools/commands/Commands.h"
+#include "tools/commands/RowCount.h"
 #include "tools/common/SafeText.h"
 #include "tools/print/InstanceView.h"
 #include "tools/values/JsonValue.h"
@@ -31,14 +32,17 @@ using Counts = std::map<std::string, Count>;  // by node
 
 Counts countInstances(const CommandContext& context, NQELVSK20::ICIMClass& cimClass) {
     Counts counts;
+    RowCount rows;
     std::size_t read = 0;
-    context.progress.showNow("asking for instances of " + context.options.className);
     context.session.enumerateInstances(cimClass, false, [&](const boost::shared_ptr<ICIMInstance>& instance) {
         const InstanceView view(*instance);
         counts[view.node].add({1, view.properties.size()});
-        context.progress.show(fmt::format("node {}: {} instances read", view.node, ++read));
+        rows.add(view.className);
+        context.progress.note(fmt::format("node {}: {} instances read", view.node, ++read));
         return true;
     });
+    SchemaCache schemas(context.session);
+    rows.tell(context, schemas, false);
     return counts;
 }
 

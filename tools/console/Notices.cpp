@@ -32,7 +32,7 @@ void Notices::trace(const std::string& text) {
 }
 
 void Notices::write(const std::string& text) {
-    progress_.clear();
+    const Progress::Pause pause(progress_);
     error_ << safeText(withoutFinalNewline(text)) << std::endl;
 }
 

@@ -13,9 +13,7 @@ Output::Output(std::ostream& stream, Progress& progress, bool isTerminal)
     : stream_(stream), progress_(progress), isTerminal_(isTerminal) {}
 
 void Output::write(std::string_view text) {
-    if (isTerminal_) {
-        progress_.clear();
-    }
+    const Progress::Pause pause(progress_);
     errno = 0;
     stream_ << text;
     if (isTerminal_) {

@@ -1,14 +1,18 @@
 #pragma once
 
-#include <chrono>
+#include <condition_variable>
+#include <mutex>
 #include <ostream>
 #include <string>
+#include <thread>
+
+#include "tools/console/ProgressText.h"
 
 namespace tool {
 
-/// The line on standard error that tells how far a long answer has come. It is redrawn in place, ten times a
-/// second at most, and wiped before anything else is written to the terminal. When `enabled` is false nothing
-/// is ever shown.
+/// The line on standard error that tells what a person waits for (ProgressText). A thread of its own draws
+/// it, since the program's waits for servers. When `enabled` is false nothing is ever shown, and there is no
+/// such thread.
 class Progress {
 public:
     /// `error` must outlive this object. `width` is the terminal's, in columns.
@@ -17,25 +21,35 @@ public:
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
-    bool isEnabled() const { return enabled_; }
+    bool isEnabled() const { return thread_.joinable(); }
 
-    /// Shows a text, cut to the width; text from a server is made safe.
-    void show(const std::string& text);
+    void begin(const std::string& request);
+    void end();
 
-    /// The same at once: for what may take long before anything else is shown.
-    void showNow(const std::string& text);
+    /// Text from a server is made safe.
+    void note(const std::string& text);
 
-    /// Wipes the line, if there is one.
-    void clear();
+    /// Keeps the line off the terminal as long as it lives, for whoever writes to it, on whichever stream.
+    class Pause {
+    public:
+        explicit Pause(Progress& progress);
+
+    private:
+        std::unique_lock<std::mutex> lock_;  // the drawing thread waits
+    };
 
 private:
-    using Clock = std::chrono::steady_clock;
+    void run();
+    void draw(const std::string& text);
 
     std::ostream& error_;
-    bool enabled_;
-    std::size_t width_;
-    bool shown_ = false;
-    Clock::time_point drawn_;
+    const std::size_t width_;
+    std::mutex mutex_;  // of all below and of `error_`
+    std::condition_variable ended_;
+    bool isEnded_ = false;
+    ProgressText text_{std::chrono::steady_clock::now()};
+    std::string shown_;  // empty: there is no line
+    std::thread thread_;
 };
 
 }  // namespace tool

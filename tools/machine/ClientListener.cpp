@@ -11,6 +11,7 @@ namespace tool {
 namespace {
 
 using NQELVSK20::ClientFailure;
+using NQELVSK20::ClientRequest;
 using Kind = ClientFailure::Kind;
 
 // Asked for by the plug-in itself, once a process.
@@ -18,11 +19,15 @@ constexpr const char* kHypervisorClass = "VMware_HypervisorSoftwareIdentity";
 
 // What a person says for an operation of the client.
 std::string wordsFor(const std::string& operation) {
-    static const std::map<std::string, std::string> words = {{"GetClass", "definition of class"},
-                                                             {"EnumerateInstances", "instances of"},
-                                                             {"EnumerateInstanceNames", "instance names of"},
-                                                             {"EnumerateClassNames", "class names below"},
-                                                             {"InvokeMethod", "calling"}};
+    static const std::map<std::string, std::string> words = {
+        {"GetClass", "definition of class"},
+        {"EnumerateInstances", "instances of"},
+        {"EnumerateInstanceNames", "instance names of"},
+        {"EnumerateClassNames", "class names below"},
+        {"InvokeMethod", "calling"},
+        {"HTTPSConnect", "connecting over HTTPS"},
+        {"HTTPConnect", "connecting over HTTP"},
+        {"Reconnect", "waiting before it is connected anew"}};
     const auto found = words.find(operation);
     return found == words.end() ? operation : found->second;
 }
@@ -38,7 +43,6 @@ std::string reasonOf(const ClientFailure& failure) {
 
 void ClientListener::beginConnect() {
     connecting_ = true;
-    showConnecting(0);
 }
 
 void ClientListener::endConnect() {
@@ -80,7 +84,8 @@ bool ClientListener::AttemptFailed(const ClientFailure& failure) {
 
 void ClientListener::Recovered(const ClientFailure& failure) {
     const bool isMethod = failure.operation == "InvokeMethod";
-    notices_.say(first_.value_or(describe(failure)) + "; the second attempt was answered" +
+    notices_.say(first_.value_or(describe(failure) + ": " + reasonOf(failure)) +
+                 "; the second attempt was answered" +
                  (isMethod ? ", and the method may have run twice" : ""));
     first_.reset();
 }
@@ -94,9 +99,7 @@ void ClientListener::Connected(std::size_t node, bool isEncrypted) {
     const bool wasOverHttps = link.reached && link.overHttps;
     link.reached = true;
     link.overHttps = isEncrypted;
-    if (connecting_) {
-        showConnecting(node + 1);
-    } else if (wasOverHttps && !isEncrypted) {
+    if (!connecting_ && wasOverHttps && !isEncrypted) {
         notices_.say(machine_.where(node) +
                      ": reconnected over HTTP, now without encryption: " + link.httpsFailure);
     }
@@ -109,7 +112,6 @@ void ClientListener::loseLink(const ClientFailure& failure) {
     (isLastWay ? link.httpFailure : link.httpsFailure) = failure.text;
     if (connecting_) {
         link.reached = false;
-        showConnecting(failure.node + (isLastWay ? 1 : 0));
     } else if (isLastWay) {
         notices_.fail(machine_.where(failure.node) + ": cannot reconnect: " + link.failures());
     }
@@ -127,10 +129,9 @@ void ClientListener::refuse(std::size_t node) {
 // A CIM error is an answer: no second attempt follows it. Between the first and the second attempt at a
 // request, the client makes none at any other.
 void ClientListener::failRequest(const ClientFailure& failure) {
-    const std::string text = describe(failure);
+    const std::string text = describe(failure) + ": " + reasonOf(failure);
     if (!first_ && failure.kind != Kind::kCimError) {
         first_ = text;
-        progress_.showNow(text + "; trying again");
         return;
     }
     if (first_) {
@@ -150,29 +151,41 @@ void ClientListener::sayFailed(const std::string& text, const ClientFailure& fai
     }
 }
 
-void ClientListener::showConnecting(std::size_t node) {
-    if (node < machine_.nodes().size()) {
-        progress_.showNow("connecting " + machine_.where(node));
-    }
-}
-
-bool ClientListener::isDetection(const ClientFailure& failure) const {
-    return failure.operation == "EnumerateInstances" && failure.subject == kHypervisorClass &&
+bool ClientListener::isDetection(const ClientRequest& request) const {
+    return request.operation == "EnumerateInstances" && request.subject == kHypervisorClass &&
            (connecting_ || wanted_ == Wanted::kDefinition);
 }
 
 // Content is asked for when its class is known, with all that it derives from.
-bool ClientListener::isOfReference(const ClientFailure& failure) const {
-    return failure.operation == "GetClass" && wanted_ == Wanted::kContent &&
-           !sameName(failure.subject, subject_);
+bool ClientListener::isOfReference(const ClientRequest& request) const {
+    return request.operation == "GetClass" && wanted_ == Wanted::kContent &&
+           !sameName(request.subject, subject_);
 }
 
-std::string ClientListener::describe(const ClientFailure& failure) const {
+std::string ClientListener::describe(const ClientRequest& request) const {
     const std::string question =
-        isDetection(failure)
+        isDetection(request)
             ? "looking for a hypervisor"
-            : wordsFor(failure.operation) + (failure.subject.empty() ? "" : " " + failure.subject);
-    return fmt::format("{}: {}: {}", machine_.where(failure.node), question, reasonOf(failure));
+            : wordsFor(request.operation) + (request.subject.empty() ? "" : " " + request.subject);
+    return machine_.where(request.node) + ": " + question;
+}
+
+void ClientListener::Begun(const ClientRequest& request) {
+    if (request.operation == "EnumerateInstances") {
+        progress_.note({});  // what an earlier answer held
+    }
+    progress_.begin(describe(request));
+}
+
+void ClientListener::Ended(const ClientRequest& /*request*/, bool /*answered*/) {
+    progress_.end();
+}
+
+void ClientListener::Received(const ClientRequest& request,
+                              const Pegasus::Array<Pegasus::CIMInstance>& instances) {
+    progress_.note(fmt::format("{}: {} instances of {} received", machine_.where(request.node),
+                               instances.size(), request.subject));
+    received_.add(request.node, request.subject, instances);
 }
 
 }  // namespace tool

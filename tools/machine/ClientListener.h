@@ -9,6 +9,7 @@
 #include "tools/console/Notices.h"
 #include "tools/console/Progress.h"
 #include "tools/machine/Machine.h"
+#include "tools/machine/ReceivedInstances.h"
 
 namespace tool {
 
@@ -23,8 +24,8 @@ public:
     enum class Wanted { kDefinition, kContent };
 
     /// All must outlive the listener.
-    ClientListener(Machine& machine, Notices& notices, Progress& progress)
-        : machine_(machine), notices_(notices), progress_(progress) {}
+    ClientListener(Machine& machine, Notices& notices, Progress& progress, ReceivedInstances& received)
+        : machine_(machine), notices_(notices), progress_(progress), received_(received) {}
 
     /// The nodes are being connected until endConnect, which tells how it went: a namespace counts as
     /// connected even when no node answered.
@@ -42,20 +43,24 @@ public:
     void Recovered(const NQELVSK20::ClientFailure& failure) override;
     void Warned(std::size_t node, const std::string& subject, const std::string& text) override;
     void Connected(std::size_t node, bool isEncrypted) override;
+    void Begun(const NQELVSK20::ClientRequest& request) override;
+    void Ended(const NQELVSK20::ClientRequest& request, bool answered) override;
+    void Received(const NQELVSK20::ClientRequest& request,
+                  const Pegasus::Array<Pegasus::CIMInstance>& instances) override;
 
 private:
     void loseLink(const NQELVSK20::ClientFailure& failure);
     void refuse(std::size_t node);
     void failRequest(const NQELVSK20::ClientFailure& failure);
     void sayFailed(const std::string& text, const NQELVSK20::ClientFailure& failure);
-    void showConnecting(std::size_t node);
-    bool isDetection(const NQELVSK20::ClientFailure& failure) const;
-    bool isOfReference(const NQELVSK20::ClientFailure& failure) const;
-    std::string describe(const NQELVSK20::ClientFailure& failure) const;
+    bool isDetection(const NQELVSK20::ClientRequest& request) const;
+    bool isOfReference(const NQELVSK20::ClientRequest& request) const;
+    std::string describe(const NQELVSK20::ClientRequest& request) const;
 
     Machine& machine_;
     Notices& notices_;
     Progress& progress_;
+    ReceivedInstances& received_;
     bool connecting_ = false;
     Wanted wanted_ = Wanted::kDefinition;
     std::string subject_;

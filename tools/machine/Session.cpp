@@ -72,7 +72,7 @@ Session::Session(const Options& options, Notices& notices, Progress& progress)
       notices_(notices),
       machine_(nodesToAsk()),
       logger_(notices, options.verbose),
-      listener_(machine_, notices, progress) {
+      listener_(machine_, notices, progress, received_) {
     setUpHost();
 }
 
@@ -247,6 +247,7 @@ void Session::sayFailure(const std::exception& failure) {
 }
 
 void Session::walk(const std::string& className) {
+    received_.clear();
     askFirstNode(Wanted::kContent, className, [&] {
         nameSpace_->EnumerateInstances(*nameSpace_->getPegNSP(), Pegasus::CIMName(className.c_str()));
     });
@@ -254,6 +255,7 @@ void Session::walk(const std::string& className) {
 
 void Session::enumerateInstances(ICIMClass& cimClass, bool deep,
                                  const ICIMInstance::InstanceCallback& callback) {
+    received_.clear();
     ask(Wanted::kContent, cimClass.GetName(TContext()),
         [&] { cimClass.EnumerateInstances(callback, deep, TContext()); });
 }
@@ -265,6 +267,7 @@ TCIMReference Session::reference(const std::string& path) const {
 }
 
 boost::shared_ptr<ICIMInstance> Session::getInstance(const std::string& path) {
+    received_.clear();
     boost::shared_ptr<ICIMInstance> instance;
     const TCIMReference wanted = reference(path);
     askFirstNode(Wanted::kContent, wanted.GetClassName(),

@@ -14,6 +14,7 @@
 #include "tools/machine/ClientListener.h"
 #include "tools/machine/EmbeddedMachine.h"
 #include "tools/machine/Machine.h"
+#include "tools/machine/ReceivedInstances.h"
 #include "vskcore/ICIMClass.h"
 #include "vskcore/ICIMInstance.h"
 #include "vskcore/ICIMQualifierDecl.h"
@@ -87,6 +88,9 @@ public:
     /// Says a failure that does not end the command, unless it was said already.
     void sayFailure(const std::exception& failure);
 
+    /// What the servers gave for the question for instances that was asked last.
+    const ReceivedInstances& received() const { return received_; }
+
     const std::string& nameSpaceName() const { return options_.nameSpace; }
     const Machine& machine() const { return machine_; }
     bool hasFailed() const { return failures() != 0; }
@@ -114,6 +118,7 @@ private:
     std::unique_ptr<EmbeddedMachine> embedded_;  // null when nodes were named
     Machine machine_;
     ConsoleLogger logger_;
+    ReceivedInstances received_;
     ClientListener listener_;
     boost::shared_ptr<NQELVSK20::TCimHTTPNamespace> nameSpace_;  // goes before logger, listener and machine
 };

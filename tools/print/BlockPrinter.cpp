@@ -24,7 +24,7 @@ void BlockPrinter::print(const InstanceView& instance) {
     for (const auto& property : instance.properties) {
         const std::string& name = property->GetName(TContext());
         block += fmt::format("    {:<{}}  {}\n", name, width,
-                             valueText(property->GetValue(TContext()), schema.valueMapOf(name)));
+                             valueText(instance.valueOf(*property), schema.valueMapOf(name)));
     }
     output_.write(block);
 }

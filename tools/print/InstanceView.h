@@ -1,9 +1,12 @@
 #pragma once
 
 #include <boost/shared_ptr.hpp>
+#include <set>
 #include <string>
 #include <vector>
 
+#include "tools/common/Names.h"
+#include "tools/print/NullCells.h"
 #include "vskcore/ICIMInstance.h"
 #include "vskcore/ICIMProperty.h"
 
@@ -11,9 +14,13 @@ namespace tool {
 
 /// An instance as it is shown: its node apart from its properties. Shares the instance's properties.
 struct InstanceView {
-    explicit InstanceView(NQELVSK20::ICIMInstance& instance);
+    /// `nullCells` may be null: then values are shown as the plug-in delivered them.
+    explicit InstanceView(NQELVSK20::ICIMInstance& instance, const NullCells* nullCells = nullptr);
 
-    /// A property's value; null when the instance has none of that name.
+    /// The value of one of its properties: a null one where the server had null.
+    const NQELVSK20::TCIMValue& valueOf(const NQELVSK20::ICIMProperty& property) const;
+
+    /// The same of the property of a name; null when the instance has none.
     const NQELVSK20::TCIMValue* value(const std::string& property) const;
 
     boost::shared_ptr<NQELVSK20::ICIMClass> cimClass;
@@ -21,6 +28,7 @@ struct InstanceView {
     std::string className;
     std::string node;  ///< The controller node that it came from: the property "NodeID"; empty when unknown.
     std::vector<boost::shared_ptr<NQELVSK20::ICIMProperty>> properties;  ///< All but "NodeID", by name.
+    std::set<std::string, NameLess> nulls;                               ///< Those that the server had null.
 };
 
 }  // namespace tool

@@ -14,7 +14,7 @@ namespace {
 ordered_json allProperties(const InstanceView& instance) {
     ordered_json properties = ordered_json::object();
     for (const auto& property : instance.properties) {
-        properties[property->GetName(TContext())] = jsonValue(property->GetValue(TContext()));
+        properties[property->GetName(TContext())] = jsonValue(instance.valueOf(*property));
     }
     return properties;
 }
