@@ -59,8 +59,8 @@ public:
     /// False when there was no answer.
     template <class TSend>
     bool Request(const char* operation, const std::string& subject, unsigned int timeout, const TSend& send);
-    void PassOn(const char* operation, const std::string& subject,
-                const Pegasus::Array<Pegasus::CIMInstance>& instances);
+    void PassOn(const std::string& className, const Pegasus::Array<Pegasus::CIMInstance>& instances);
+    void PassOn(const std::string& className, const Pegasus::CIMClass& definition);
 
 private:
     enum class Outcome { kDone, kTimedOut, kRefused, kBroken };
@@ -116,10 +116,16 @@ bool PegClient::Impl::Tell(const ClientRequest& request, const TStep& step) {
     return answered;
 }
 
-void PegClient::Impl::PassOn(const char* operation, const std::string& subject,
+void PegClient::Impl::PassOn(const std::string& className,
                              const Pegasus::Array<Pegasus::CIMInstance>& instances) {
     if (observer_ != nullptr) {
-        observer_->Received({node_, operation, subject}, instances);
+        observer_->Received({node_, "EnumerateInstances", className}, instances);
+    }
+}
+
+void PegClient::Impl::PassOn(const std::string& className, const Pegasus::CIMClass& definition) {
+    if (observer_ != nullptr) {
+        observer_->Defined({node_, "GetClass", className}, definition);
     }
 }
 
@@ -295,10 +301,13 @@ Pegasus::CIMClass PegClient::GetClass(std::string nameSpace, std::string classNa
                                       bool localOnly, bool includeQualifiers, bool includeClassOrigin,
                                       const Pegasus::CIMPropertyList& propertyList) {
     Pegasus::CIMClass result;
-    impl_->Request("GetClass", className, timeout, [&](ServerLink& link) {
+    const bool answered = impl_->Request("GetClass", className, timeout, [&](ServerLink& link) {
         result = link.GetClass(FromNamespace(nameSpace), FromName(className), localOnly, includeQualifiers,
                                includeClassOrigin, propertyList);
     });
+    if (answered) {
+        impl_->PassOn(className, result);
+    }
     return result;
 }
 
@@ -311,7 +320,7 @@ Pegasus::Array<Pegasus::CIMInstance> PegClient::EnumerateInstances(
                                          localOnly, includeQualifiers, includeClassOrigin, propertyList);
     });
     if (answered) {
-        impl_->PassOn("EnumerateInstances", className, result);
+        impl_->PassOn(className, result);
     }
     return result;
 }

@@ -47,6 +47,9 @@ public:
                   const Pegasus::Array<Pegasus::CIMInstance>& instances) override {
         Follow(std::to_string(instances.size()) + " from", request);
     }
+    void Defined(const ClientRequest& request, const Pegasus::CIMClass& definition) override {
+        Follow(std::to_string(definition.getPropertyCount()) + " properties from", request);
+    }
     void Follow(const std::string& what, const ClientRequest& request) {
         if (follows_) {
             events_.push_back(what + ' ' + request.operation + ' ' + request.subject + " on " +
@@ -155,6 +158,9 @@ TEST_F(ClientObserverTest, HearsWhatEachRequestIsAndThatItWasAnswered) {
         Events expected{"begun " + what, "answered " + what};
         if (request.operation == std::string("EnumerateInstances")) {
             expected.push_back("13 from " + what);
+        }
+        if (request.operation == std::string("GetClass")) {
+            expected.push_back("7 properties from " + what);
         }
         EXPECT_EQ(observer_.events_, expected);
     }

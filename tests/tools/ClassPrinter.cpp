@@ -17,7 +17,7 @@ using ::testing::Not;
 
 std::string printed(const Sensors& sensors, bool all) {
     OutputText text;
-    ClassPrinter(text.output(), all).print(sensors.schema());
+    ClassPrinter(text.output(), RemoteDefinitions(), all).print(sensors.schema());
     return text.text();
 }
 
@@ -74,7 +74,7 @@ TEST(ClassPrinter, WrapsLongTextsBetweenWords) {
 
 TEST(ClassJson, HasTheAgreedShape) {
     const Sensors sensors;
-    const nlohmann::json json = jsonClass(sensors.schema(), false);
+    const nlohmann::json json = jsonClass(sensors.schema(), RemoteDefinitions(), false);
     EXPECT_EQ(json["name"], "TST_Sensor");
     EXPECT_EQ(json["superclass"], "TST_Element");
     EXPECT_EQ(json["qualifiers"], (nlohmann::json{{"DESCRIPTION", "Says \"how warm\" it is."}}));
@@ -86,18 +86,21 @@ TEST(ClassJson, HasTheAgreedShape) {
     EXPECT_EQ(json["methods"][0]["name"], "Calibrate");
     EXPECT_EQ(json["methods"][0]["type"], "uint32");
     EXPECT_EQ(json["methods"][0]["parameters"][0],
-              (nlohmann::json{{"name", "Flag"}, {"type", "boolean"}, {"array", false}}));
+              (nlohmann::json{{"name", "Flag"},
+                              {"type", "boolean"},
+                              {"array", false},
+                              {"qualifiers", nlohmann::json::object()}}));
 }
 
 TEST(ClassJson, OfATopLevelClassHasNoSuperclass) {
     const Sensors sensors;
     const ClassSchema top({sensors.schema().chain()[1]});
-    EXPECT_TRUE(jsonClass(top, false)["superclass"].is_null());
+    EXPECT_TRUE(jsonClass(top, RemoteDefinitions(), false)["superclass"].is_null());
 }
 
 TEST(ClassJson, MarksOriginsWhenInheritedMembersAreThere) {
     const Sensors sensors;
-    const nlohmann::json json = jsonClass(sensors.schema(), true);
+    const nlohmann::json json = jsonClass(sensors.schema(), RemoteDefinitions(), true);
     EXPECT_EQ(json["properties"].size(), 7U);
     EXPECT_EQ(json["properties"][6]["origin"], "TST_Element");
     EXPECT_EQ(json["methods"][0]["origin"], "TST_Sensor");

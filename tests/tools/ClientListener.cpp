@@ -50,7 +50,8 @@ protected:
     Notices notices_{error_, progress_};
     Machine machine_{{{"10.0.0.1", "", ""}, {"10.0.0.2", "admin", ""}}};
     ReceivedInstances received_;
-    ClientListener listener_{machine_, notices_, progress_, received_};
+    RemoteDefinitions definitions_;
+    ClientListener listener_{machine_, notices_, progress_, received_, definitions_};
 };
 
 }  // namespace
@@ -264,7 +265,7 @@ TEST_F(ClientListenerTest, ANodeThatIsLostIsAFailureWhateverItWasAsked) {
 
 TEST_F(ClientListenerTest, TellsHowConnectingEndedForEveryNode) {
     Machine machine({{"10.0.0.1", "", ""}, {"10.0.0.2", "", ""}, {"10.0.0.3", "", ""}});
-    ClientListener listener(machine, notices_, progress_, received_);
+    ClientListener listener(machine, notices_, progress_, received_, definitions_);
     const auto fail = [&](std::size_t node, const std::string& operation, const std::string& text) {
         EXPECT_TRUE(listener.AttemptFailed({node, operation, "", Kind::kCannotConnect, 0, text}));
     };
@@ -289,13 +290,13 @@ TEST_F(ClientListenerTest, TellsHowConnectingEndedForEveryNode) {
 
 TEST_F(ClientListenerTest, OneProtocolHasNoOtherToFallBackOn) {
     Machine machine({{"10.0.0.1", "", ""}});
-    ClientListener listener(machine, notices_, progress_, received_);
+    ClientListener listener(machine, notices_, progress_, received_, definitions_);
     listener.beginConnect();
     listener.Connected(0, false);
     listener.endConnect();
     EXPECT_EQ(said(), "") << "HTTP alone was asked for";
     Machine other({{"10.0.0.1", "", ""}});
-    ClientListener ofOther(other, notices_, progress_, received_);
+    ClientListener ofOther(other, notices_, progress_, received_, definitions_);
     ofOther.beginConnect();
     ofOther.AttemptFailed({0, "HTTPSConnect", "", Kind::kCannotConnect, 0, "no TLS"});
     ofOther.endConnect();
@@ -304,7 +305,7 @@ TEST_F(ClientListenerTest, OneProtocolHasNoOtherToFallBackOn) {
 
 TEST_F(ClientListenerTest, AConnectionThatIsLostWhileConnectingCountsAsItComesBack) {
     Machine machine({{"10.0.0.1", "", ""}});
-    ClientListener listener(machine, notices_, progress_, received_);
+    ClientListener listener(machine, notices_, progress_, received_, definitions_);
     const auto fail = [&](Kind kind, const std::string& operation, const std::string& subject) {
         listener.AttemptFailed({0, operation, subject, kind, 0, "gone"});
     };
@@ -328,6 +329,12 @@ TEST_F(ClientListenerTest, KeepsWhatTheNodesGave) {
     ReceivedInstances::Instances instances;
     instances.append(Pegasus::CIMInstance(Pegasus::CIMName("OMC_Fan")));
     listener_.Received({1, "EnumerateInstances", "CIM_Fan"}, instances);
+    listener_.Defined({1, "GetClass", "CIM_Fan"},
+                      Pegasus::CIMClass(Pegasus::CIMName("CIM_Fan"), Pegasus::CIMName("CIM_A")));
+    listener_.Defined({0, "GetClass", "CIM_Fan"},
+                      Pegasus::CIMClass(Pegasus::CIMName("CIM_Fan"), Pegasus::CIMName("CIM_B")));
+    EXPECT_EQ(definitions_.differencesOf("CIM_Fan"),
+              std::vector<std::string>{"node 2: superclass is CIM_A, not CIM_B"});
     EXPECT_EQ(received_.classesOf("CIM_Fan"), (ReceivedInstances::Counts{{"OMC_Fan", 1}}));
 }
 

@@ -83,12 +83,29 @@ TEST_F(InstancePrinterTest, JsonIsAnArrayOfInstances) {
     ASSERT_EQ(json.size(), 2U);
     EXPECT_EQ(json[0]["path"], R"(TST_Sensor.ID="T1",Number=3)");
     EXPECT_EQ(json[0]["class"], "TST_Sensor");
-    EXPECT_EQ(json[0]["node"], "1");
+    EXPECT_EQ(json[0]["node"], 1);
     EXPECT_EQ(json[0]["properties"]["Number"], 3);
     EXPECT_EQ(json[0]["properties"]["Samples"], (std::vector<int>{7, 8}));
     EXPECT_TRUE(json[0]["properties"]["Caption"].is_null());
     EXPECT_EQ(json[1]["properties"]["ID"], "T\"2\n");
     EXPECT_EQ(json[1]["properties"].count("NodeID"), 0U);
+}
+
+TEST_F(InstancePrinterTest, JsonHasNoNodeWhereNoneIsKnown) {
+    JsonPrinter printer(text_.output(), {});
+    printer.print(view("T", ""));
+    printer.end();
+    EXPECT_TRUE(nlohmann::json::parse(text_.text())[0]["node"].is_null());
+}
+
+TEST_F(InstancePrinterTest, JsonAndCsvHideNothing) {
+    const std::string id = "T\xe2\x80\xae\x7f";
+    JsonPrinter(text_.output(), {}).print(view(id));
+    EXPECT_NE(text_.text().find(R"("ID": "T\u202e\u007f")"), std::string::npos) << text_.text();
+    EXPECT_EQ(nlohmann::json::parse(text_.text() + ']')[0]["properties"]["ID"], id);
+    OutputText csv;
+    CsvPrinter(csv.output(), schema_, {"ID"}).print(view(id + std::string(1, '\0') + '\n'));
+    EXPECT_NE(csv.text().find(",\"T\\u202e\\u007f\\u0000\n\"\r\n"), std::string::npos) << csv.text();
 }
 
 TEST_F(InstancePrinterTest, JsonOfNothingIsAnEmptyArray) {

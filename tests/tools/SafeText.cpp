@@ -27,6 +27,22 @@ TEST(SafeText, EscapesBytesThatAreNoUtf8) {
     EXPECT_EQ(safeText("\xc3"), "\\xc3");
 }
 
+TEST(WithoutHidden, EscapesWhatNobodyWouldSee) {
+    EXPECT_EQ(withoutHidden(std::string("a\0b", 3)), "a\\u0000b");
+    EXPECT_EQ(withoutHidden("\x7f"), "\\u007f");
+    EXPECT_EQ(withoutHidden("\xc2\x80\xc2\x9f"), "\\u0080\\u009f");
+    EXPECT_EQ(withoutHidden("\xd8\x9c\xe2\x80\x8e"), "\\u061c\\u200e");
+    EXPECT_EQ(withoutHidden("\xe2\x80\xae.\xe2\x81\xa6"), "\\u202e.\\u2066");
+    EXPECT_EQ(withoutHidden("\xe2\x80\xa8"), "\\u2028");
+}
+
+TEST(WithoutHidden, LeavesTheRestAlone) {
+    for (const char* text :
+         {"", "a\nb\tc\rd\x1b", "40 °C – \"x\" – ت – 日本 😀", "\xe2\x80\xffx\xc2", "\xc2\xa0"}) {
+        EXPECT_EQ(withoutHidden(text), text);
+    }
+}
+
 TEST(SafeText, CutsByCharactersAndMarksTheCut) {
     EXPECT_EQ(cutTo("abcdef", 4), "abc…");
     EXPECT_EQ(cutTo("äöüß", 3), "äö…");

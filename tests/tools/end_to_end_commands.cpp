@@ -226,7 +226,7 @@ TEST(InstancesCommand, WritesJsonWithTypedValues) {
     ASSERT_EQ(instances.size(), 3U);
     const json& second = instances[1];
     EXPECT_EQ(second["class"], "OMC_UnitaryComputerSystem");
-    EXPECT_EQ(second["node"], "2");
+    EXPECT_EQ(second["node"], 2);
     EXPECT_EQ(second["properties"]["HealthState"], 5);
     EXPECT_EQ(second["properties"]["OperationalStatus"], json{2});
     EXPECT_EQ(second["properties"]["Name"], "node-1.machine.example");
@@ -276,7 +276,7 @@ TEST(GetCommand, FindsAnInstanceOfAnyNodeEvenWithoutQuotes) {
     const Outcome outcome = run({"--format", "json", "get", kSystem + "node-2.machine.example"});
     EXPECT_EQ(outcome.status, 0);
     const json instance = jsonOf(outcome);
-    EXPECT_EQ(instance["node"], "3");
+    EXPECT_EQ(instance["node"], 3);
     EXPECT_EQ(instance["properties"]["Name"], "node-2.machine.example");
     EXPECT_THAT(run({"get", instance["path"].get<std::string>()}).out, HasSubstr("node-2.machine.example"));
 }
@@ -388,6 +388,18 @@ TEST(Output, TraceLinesAreShownOnRequestOnly) {
     EXPECT_EQ(verbose.status, 0);
     EXPECT_THAT(linesOf(verbose.err), Contains("Entering TCimHTTPNamespace::EnumerateClassNames"));
     EXPECT_EQ(verbose.out, run({"classes"}).out);
+}
+
+TEST(ClassCommand, TellsWhatTheParametersOfAMethodAreFor) {
+    const Outcome outcome = run({"class", "OMC_UnitaryComputerSystem", "--all"});
+    EXPECT_THAT(outcome.out, HasSubstr("[In] datetime TimeoutPeriod);  // from CIM_EnabledLogicalElement\n"));
+    const json definition = jsonOf(run({"--format", "json", "class", "CIM_EnabledLogicalElement"}));
+    const json& method = definition["methods"][0];
+    EXPECT_EQ(method["name"], "RequestStateChange");
+    EXPECT_EQ(method["qualifiers"]["ValueMap"][0], "0");
+    EXPECT_EQ(method["parameters"][0]["name"], "Job");
+    EXPECT_EQ(method["parameters"][0]["qualifiers"]["In"], false);
+    EXPECT_EQ(method["parameters"][0]["qualifiers"]["Out"], true);
 }
 
 // The plug-in delivers zero, an empty text or false for these.

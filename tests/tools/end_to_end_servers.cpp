@@ -65,8 +65,8 @@ TEST(Nodes, InstancesOfEveryNodeCarryItsNumber) {
     EXPECT_EQ(outcome.status, 0) << outcome.err;
     const auto instances = nlohmann::json::parse(outcome.out);
     ASSERT_EQ(instances.size(), 2U);
-    EXPECT_EQ(instances[0]["node"], "1");
-    EXPECT_EQ(instances[1]["node"], "2");
+    EXPECT_EQ(instances[0]["node"], 1);
+    EXPECT_EQ(instances[1]["node"], 2);
 }
 
 TEST(Nodes, ASingleNodeOffersNoRemoteNodes) {
@@ -245,8 +245,8 @@ TEST(Passwords, ANodeThatRefusesThemIsNamedAndCostsItsOwnRowsOnly) {
     EXPECT_EQ(outcome.status, 1);
     const auto instances = nlohmann::json::parse(outcome.out);
     ASSERT_EQ(instances.size(), 2U);
-    EXPECT_EQ(instances[0]["node"], "1");
-    EXPECT_EQ(instances[1]["node"], "3");
+    EXPECT_EQ(instances[0]["node"], 1);
+    EXPECT_EQ(instances[1]["node"], 3);
     EXPECT_EQ(outcome.err, "cimhttp: node 2 (" + machine.Host(1) +
                                ":5989): refuses user 'admin' with the password given\n");
     EXPECT_EQ(loginsSeen(machine, 1), 1U);
@@ -289,6 +289,25 @@ TEST(Interrupt, ANodeThatDoesNotAnswerCanBeLeft) {
     const Outcome outcome = Program(nodesOf(machine, {"-v", "classes"}))
                                 .runOnTerminal("Entering TCimHTTPNamespace::EnumerateClassNames", "\x03");
     EXPECT_EQ(outcome.signal, 2);
+}
+
+TEST(Definitions, ThatDifferBetweenNodesAreToldWithTheirNodes) {
+    TestMachine machine(2);
+    cimom::Fault other;
+    other.kind = cimom::Fault::Kind::RawText;
+    other.address = machine.Host(1);
+    other.operation = "GetClass";
+    other.className = "CIM_NumericSensor";
+    other.text = "NAME=\"CurrentReading\"";
+    other.instead = "NAME=\"CurrentValue\"";
+    machine.Server().inject(other);
+    const std::string told =
+        "cimhttp: the nodes define CIM_NumericSensor differently: node 2: has no property CurrentReading; "
+        "node 2: has "
+        "property CurrentValue besides\n";
+    EXPECT_EQ(run(nodesOf(machine, {"class", "OMC_NumericSensor"})).err, told) << "a superclass";
+    EXPECT_EQ(run(nodesOf(machine, {"tree", "CIM_Sensor"})).err, told);
+    EXPECT_EQ(run(nodesOf(machine, {"names", "OMC_NumericSensor"})).err, "");
 }
 
 TEST(Terminal, NamesTheRequestThatTakesLongAndWipesItBeforeTheAnswer) {

@@ -13,10 +13,15 @@ namespace tool {
 bool runClass(const CommandContext& context) {
     SchemaCache schemas(context.session);
     const ClassSchema& schema = schemas.of(context.options.className);
+    const RemoteDefinitions& definitions = context.session.definitions();
     if (context.isJson()) {
-        context.output.line(jsonText(jsonClass(schema, context.options.all), 2, context.output.isTerminal()));
+        context.output.line(
+            jsonText(jsonClass(schema, definitions, context.options.all), 2, context.output.isTerminal()));
     } else {
-        ClassPrinter(context.output, context.options.all).print(schema);
+        ClassPrinter(context.output, definitions, context.options.all).print(schema);
+    }
+    for (const auto& cimClass : schema.chain()) {
+        sayDifferences(context, cimClass->GetName(NQELVSK20::TContext()));
     }
     return true;
 }

@@ -38,6 +38,21 @@ bool nothingFound(const CommandContext& context, const std::string& what) {
     return false;
 }
 
+void sayDifferences(const CommandContext& context, const std::string& className) {
+    constexpr std::size_t kSaidAtMost = 3;
+    const std::vector<std::string> differences = context.session.definitions().differencesOf(className);
+    std::string text;
+    for (std::size_t i = 0; i < differences.size() && i < kSaidAtMost; ++i) {
+        text += (i == 0 ? "" : "; ") + differences[i];
+    }
+    if (differences.size() > kSaidAtMost) {
+        text += "; and " + std::to_string(differences.size() - kSaidAtMost) + " more";
+    }
+    if (!text.empty()) {
+        context.notices.say("the nodes define " + className + " differently: " + text);
+    }
+}
+
 void writeNames(const CommandContext& context, const std::vector<std::string>& names) {
     if (!context.isJson()) {
         for (const std::string& name : names) {

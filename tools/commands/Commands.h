@@ -38,6 +38,9 @@ bool runCommand(const CommandContext& context);
 /// Says that there is nothing, unless a failure was said that tells why; returns false.
 bool nothingFound(const CommandContext& context, const std::string& what);
 
+/// Says in what the nodes' definitions of a class differ, if they do.
+void sayDifferences(const CommandContext& context, const std::string& className);
+
 /// Names as text, one a line, or as a JSON array.
 void writeNames(const CommandContext& context, const std::vector<std::string>& names);
 

@@ -44,7 +44,9 @@ private:
     // The class that was asked for must be there; those below it are shown even when they cannot be read.
     Branch fetchTop(const std::string& name) {
         seen_.insert(name);
-        return branchOf(name, *context_.session.getClass(name));
+        const Branch branch = branchOf(name, *context_.session.getClass(name));
+        sayDifferences(context_, name);
+        return branch;
     }
 
     static Branch branchOf(const std::string& name, const NQELVSK20::ICIMClass& cimClass) {
@@ -54,7 +56,9 @@ private:
     Branch fetch(const std::string& name) {
         context_.progress.note(std::to_string(seen_.size()) + " classes: " + name);
         try {
-            return branchOf(name, *context_.session.getClass(name));
+            const Branch branch = branchOf(name, *context_.session.getClass(name));
+            sayDifferences(context_, name);
+            return branch;
         } catch (const Failure& failure) {
             context_.session.sayFailure(failure);
             return {name, false, false, false};

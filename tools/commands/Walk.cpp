@@ -60,7 +60,7 @@ void writeJson(const CommandContext& context, const Counts& counts, const Count&
     json["nodes"] = ordered_json::array();
     for (const auto& [node, count] : counts) {
         ordered_json entry;
-        entry["node"] = node;
+        entry["node"] = jsonNode(node);
         entry.update(jsonCount(count));
         json["nodes"].push_back(entry);
     }

@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "tools/common/Utf8.h"
 
 namespace tool {
@@ -13,10 +15,18 @@ bool turnsDirection(char32_t value) {
            (value >= 0x2066 && value <= 0x2069);
 }
 
+bool isHidden(char32_t value) {
+    return value == 0 || (value >= 0x7F && value < 0xA0) || value == 0x2028 || value == 0x2029 ||
+           turnsDirection(value);
+}
+
 bool isUnsafe(const CodePoint& point) {
-    const char32_t value = point.value;
-    return !point.valid || value < 0x20 || (value >= 0x7F && value < 0xA0) || value == 0x2028 ||
-           value == 0x2029 || turnsDirection(value);
+    return !point.valid || point.value < 0x20 || isHidden(point.value);
+}
+
+// Whether what is hidden may begin with this byte, in UTF-8.
+bool mayBeginHidden(char byte) {
+    return byte == '\0' || byte == '\x7F' || byte == '\xC2' || byte == '\xD8' || byte == '\xE2';
 }
 
 std::string escaped(char32_t value) {
@@ -49,6 +59,23 @@ std::string safeText(std::string_view text) {
         at += point.size;
     }
     return safe;
+}
+
+std::string withoutHidden(std::string text) {
+    if (std::none_of(text.begin(), text.end(), mayBeginHidden)) {
+        return text;
+    }
+    std::string shown;
+    for (std::size_t at = 0; at < text.size();) {
+        const CodePoint point = codePointAt(text, at);
+        if (point.valid && isHidden(point.value)) {
+            shown += fmt::format("\\u{:04x}", static_cast<unsigned>(point.value));
+        } else {
+            shown.append(text, at, point.size);
+        }
+        at += point.size;
+    }
+    return shown;
 }
 
 std::string cutTo(const std::string& text, std::size_t width) {

@@ -11,6 +11,11 @@ namespace tool {
 /// as escapes, `\n`, `\t`, `\x1b` or `\u202e`. A backslash stays as it is: the text is for reading.
 std::string safeText(std::string_view text);
 
+/// Text for a program, whose form has room for line ends and tabs: what a person who looks at it would not
+/// see, or would see elsewhere, is written as `\u007f`: NUL, DEL, C1, line and paragraph separators,
+/// characters that turn the writing direction. The rest stays as it is.
+std::string withoutHidden(std::string text);
+
 /// The text cut to `width` code points, the last of them "…" when something was cut; 0: no limit.
 std::string cutTo(const std::string& text, std::size_t width);
 

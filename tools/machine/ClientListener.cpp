@@ -188,4 +188,8 @@ void ClientListener::Received(const ClientRequest& request,
     received_.add(request.node, request.subject, instances);
 }
 
+void ClientListener::Defined(const ClientRequest& request, const Pegasus::CIMClass& definition) {
+    definitions_.add(request.node, definition);
+}
+
 }  // namespace tool

@@ -10,6 +10,7 @@
 #include "tools/console/Progress.h"
 #include "tools/machine/Machine.h"
 #include "tools/machine/ReceivedInstances.h"
+#include "tools/machine/RemoteDefinitions.h"
 
 namespace tool {
 
@@ -24,8 +25,13 @@ public:
     enum class Wanted { kDefinition, kContent };
 
     /// All must outlive the listener.
-    ClientListener(Machine& machine, Notices& notices, Progress& progress, ReceivedInstances& received)
-        : machine_(machine), notices_(notices), progress_(progress), received_(received) {}
+    ClientListener(Machine& machine, Notices& notices, Progress& progress, ReceivedInstances& received,
+                   RemoteDefinitions& definitions)
+        : machine_(machine),
+          notices_(notices),
+          progress_(progress),
+          received_(received),
+          definitions_(definitions) {}
 
     /// The nodes are being connected until endConnect, which tells how it went: a namespace counts as
     /// connected even when no node answered.
@@ -48,6 +54,8 @@ public:
     void Received(const NQELVSK20::ClientRequest& request,
                   const Pegasus::Array<Pegasus::CIMInstance>& instances) override;
 
+    void Defined(const NQELVSK20::ClientRequest& request, const Pegasus::CIMClass& definition) override;
+
 private:
     void loseLink(const NQELVSK20::ClientFailure& failure);
     void refuse(std::size_t node);
@@ -61,6 +69,7 @@ private:
     Notices& notices_;
     Progress& progress_;
     ReceivedInstances& received_;
+    RemoteDefinitions& definitions_;
     bool connecting_ = false;
     Wanted wanted_ = Wanted::kDefinition;
     std::string subject_;

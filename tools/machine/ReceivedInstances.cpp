@@ -6,13 +6,11 @@
 #include <algorithm>
 #include <iterator>
 
+#include "tools/machine/RemoteText.h"
+
 namespace tool {
 
 namespace {
-
-std::string textOf(const Pegasus::String& text) {
-    return static_cast<const char*>(text.getCString());
-}
 
 // Names and values of keys, whatever their order.
 class KeyText {

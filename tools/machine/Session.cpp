@@ -72,7 +72,7 @@ Session::Session(const Options& options, Notices& notices, Progress& progress)
       notices_(notices),
       machine_(nodesToAsk()),
       logger_(notices, options.verbose),
-      listener_(machine_, notices, progress, received_) {
+      listener_(machine_, notices, progress, received_, definitions_) {
     setUpHost();
 }
 

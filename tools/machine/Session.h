@@ -15,6 +15,7 @@
 #include "tools/machine/EmbeddedMachine.h"
 #include "tools/machine/Machine.h"
 #include "tools/machine/ReceivedInstances.h"
+#include "tools/machine/RemoteDefinitions.h"
 #include "vskcore/ICIMClass.h"
 #include "vskcore/ICIMInstance.h"
 #include "vskcore/ICIMQualifierDecl.h"
@@ -91,6 +92,9 @@ public:
     /// What the servers gave for the question for instances that was asked last.
     const ReceivedInstances& received() const { return received_; }
 
+    /// The definitions of the classes fetched so far, as the nodes gave them.
+    const RemoteDefinitions& definitions() const { return definitions_; }
+
     const std::string& nameSpaceName() const { return options_.nameSpace; }
     const Machine& machine() const { return machine_; }
     bool hasFailed() const { return failures() != 0; }
@@ -119,6 +123,7 @@ private:
     Machine machine_;
     ConsoleLogger logger_;
     ReceivedInstances received_;
+    RemoteDefinitions definitions_;
     ClientListener listener_;
     boost::shared_ptr<NQELVSK20::TCimHTTPNamespace> nameSpace_;  // goes before logger, listener and machine
 };

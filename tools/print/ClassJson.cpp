@@ -14,10 +14,10 @@ namespace {
 using nlohmann::ordered_json;
 using namespace NQELVSK20;
 
-ordered_json jsonQualifiers(const QualifierList& qualifiers) {
+ordered_json jsonQualifiers(const QualifierValues& qualifiers) {
     ordered_json json = ordered_json::object();
-    for (const auto& qualifier : qualifiers) {
-        json[qualifier->GetName(TContext())] = jsonValue(qualifier->GetValue(TContext()));
+    for (const QualifierValue& qualifier : qualifiers) {
+        json[qualifier.name] = jsonValue(qualifier.value);
     }
     return json;
 }
@@ -32,20 +32,25 @@ ordered_json jsonTyped(const DECLARATION& declaration) {
     return json;
 }
 
-ordered_json jsonProperty(const ICIMPropertyDecl& declaration) {
-    ordered_json json = jsonTyped(declaration);
-    json["qualifiers"] = jsonQualifiers(qualifiersOf(declaration));
+ordered_json jsonProperty(const ClassSchema::Property& property) {
+    ordered_json json = jsonTyped(*property.declaration);
+    json["qualifiers"] = jsonQualifiers(valuesOf(qualifiersOf(*property.declaration)));
     return json;
 }
 
-ordered_json jsonMethod(const ICIMMethodDecl& declaration) {
+ordered_json jsonMethod(const ClassSchema::Method& method, const RemoteDefinitions& definitions) {
+    const ICIMMethodDecl& declaration = *method.declaration;
     ordered_json json;
     json["name"] = declaration.GetName(TContext());
     json["type"] = cimTypeName(declaration.GetType(TContext()));
+    json["qualifiers"] = jsonQualifiers(definitions.ofMethod(method.origin, method.name));
     json["parameters"] = ordered_json::array();
     declaration.EnumerateParameterDecls(
         [&](const boost::shared_ptr<ICIMParameterDecl>& parameter) {
-            json["parameters"].push_back(jsonTyped(*parameter));
+            ordered_json typed = jsonTyped(*parameter);
+            typed["qualifiers"] = jsonQualifiers(
+                definitions.ofParameter(method.origin, method.name, parameter->GetName(TContext())));
+            json["parameters"].push_back(std::move(typed));
             return true;
         },
         TContext());
@@ -60,7 +65,7 @@ ordered_json jsonMembers(const std::vector<MEMBER>& members, const std::string& 
         if (!all && !sameName(member.origin, className)) {
             continue;
         }
-        ordered_json json = form(*member.declaration);
+        ordered_json json = form(member);
         if (all) {
             json["origin"] = member.origin;
         }
@@ -71,7 +76,7 @@ ordered_json jsonMembers(const std::vector<MEMBER>& members, const std::string& 
 
 }  // namespace
 
-ordered_json jsonClass(const ClassSchema& schema, bool all) {
+ordered_json jsonClass(const ClassSchema& schema, const RemoteDefinitions& definitions, bool all) {
     const std::string& name = schema.cimClass().GetName(TContext());
     ordered_json json;
     json["name"] = name;
@@ -79,9 +84,11 @@ ordered_json jsonClass(const ClassSchema& schema, bool all) {
     if (schema.chain().size() > 1) {
         json["superclass"] = schema.chain()[1]->GetName(TContext());
     }
-    json["qualifiers"] = jsonQualifiers(qualifiersOf(schema.cimClass()));
+    json["qualifiers"] = jsonQualifiers(valuesOf(qualifiersOf(schema.cimClass())));
     json["properties"] = jsonMembers(schema.properties(), name, all, jsonProperty);
-    json["methods"] = jsonMembers(schema.methods(), name, all, jsonMethod);
+    json["methods"] = jsonMembers(schema.methods(), name, all, [&](const ClassSchema::Method& method) {
+        return jsonMethod(method, definitions);
+    });
     return json;
 }
 

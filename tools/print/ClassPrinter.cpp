@@ -37,9 +37,9 @@ std::string wrappedLiteral(const std::string& text, std::size_t column) {
     return literals.empty() ? "\"\"" : literals;
 }
 
-std::string qualifierText(const ICIMQualifier& qualifier, std::size_t column) {
-    const std::string name = safeText(qualifier.GetName(TContext()));
-    const TCIMValue& value = qualifier.GetValue(TContext());
+std::string qualifierText(const QualifierValue& qualifier, std::size_t column) {
+    const std::string name = safeText(qualifier.name);
+    const TCIMValue& value = qualifier.value;
     const TType::ECIMType type = value.GetType();
     if (value.IsNull() || (type == TType::eBoolean && !value.IsArray() && value.operator bool())) {
         return name;
@@ -50,14 +50,6 @@ std::string qualifierText(const ICIMQualifier& qualifier, std::size_t column) {
     const bool isText = type == TType::eString;
     return name + '(' +
            (isText ? wrappedLiteral(plainText(value), column + name.size() + 1) : mofText(value)) + ')';
-}
-
-std::string joined(const std::vector<std::string>& parts, const std::string& separator) {
-    std::string text;
-    for (const std::string& part : parts) {
-        text += (&part == &parts.front() ? "" : separator) + part;
-    }
-    return text;
 }
 
 // The declaration's "TYPE NAME[]", in which a reference names the class that it points at, if it is known.
@@ -74,9 +66,25 @@ std::string referencedClassOf(const ICIMPropertyDecl& declaration) {
     return referenced ? referenced->GetName(TContext()) : std::string();
 }
 
-std::string parameterText(const ICIMParameterDecl& parameter) {
+std::string joined(const std::vector<std::string>& parts, const std::string& separator) {
+    std::string text;
+    for (const std::string& part : parts) {
+        text += (&part == &parts.front() ? "" : separator) + part;
+    }
+    return text;
+}
+
+// With what it is for; a description would hide that.
+std::string parameterText(const ICIMParameterDecl& parameter, const QualifierValues& qualifiers) {
     const TType type = parameter.GetType(TContext());
-    return declarationText(type, isArrayType(type) || parameter.IsArray(TContext()),
+    std::vector<std::string> texts;
+    for (const QualifierValue& qualifier : qualifiers) {
+        if (!sameName(qualifier.name, "Description")) {
+            texts.push_back(qualifierText(qualifier, 0));
+        }
+    }
+    return (texts.empty() ? "" : '[' + joined(texts, ", ") + "] ") +
+           declarationText(type, isArrayType(type) || parameter.IsArray(TContext()),
                            parameter.GetName(TContext()), {});
 }
 
@@ -84,12 +92,18 @@ std::string originMark(const std::string& origin, const std::string& className) 
     return sameName(origin, className) ? "" : "  // from " + origin;
 }
 
+// The plug-in's classes have none of their own; those that it took over from its host may have some.
+QualifierValues methodQualifiers(const ClassSchema::Method& method, const RemoteDefinitions& definitions) {
+    QualifierValues remote = definitions.ofMethod(method.origin, method.name);
+    return remote.empty() ? valuesOf(qualifiersOf(*method.declaration)) : remote;
+}
+
 }  // namespace
 
 void ClassPrinter::print(const ClassSchema& schema) {
     const std::string& name = schema.cimClass().GetName(TContext());
     printChain(schema);
-    printQualifiers(qualifiersOf(schema.cimClass()), false, "");
+    printQualifiers(valuesOf(qualifiersOf(schema.cimClass())), false, "");
     const bool isTop = schema.chain().size() == 1;
     output_.line("class " + name + (isTop ? "" : " : " + schema.chain()[1]->GetName(TContext())));
     output_.line("{");
@@ -111,13 +125,13 @@ void ClassPrinter::printChain(const ClassSchema& schema) {
     output_.line("// " + joined(names, " > "));
 }
 
-void ClassPrinter::printQualifiers(QualifierList qualifiers, bool withoutValueMap,
+void ClassPrinter::printQualifiers(const QualifierValues& qualifiers, bool withoutValueMap,
                                    const std::string& indent) {
     std::vector<std::string> texts;
-    for (const auto& qualifier : qualifiers) {
-        const std::string& name = qualifier->GetName(TContext());
+    for (const QualifierValue& qualifier : qualifiers) {
+        const std::string& name = qualifier.name;
         if (!withoutValueMap || (!sameName(name, "ValueMap") && !sameName(name, "Values"))) {
-            texts.push_back(qualifierText(*qualifier, indent.size() + 1));
+            texts.push_back(qualifierText(qualifier, indent.size() + 1));
         }
     }
     if (texts.empty()) {
@@ -137,7 +151,7 @@ void ClassPrinter::printProperty(const ClassSchema::Property& property, const st
     const auto meanings = valueMapIn(qualifiers);
     const TType type = declaration.GetType(TContext());
     const TCIMValue& initial = declaration.GetValue(TContext());
-    printQualifiers(qualifiers, meanings.has_value(), kMemberIndent);
+    printQualifiers(valuesOf(qualifiers), meanings.has_value(), kMemberIndent);
     output_.line(kMemberIndent +
                  declarationText(type, isArrayType(type) || declaration.IsArray(TContext()), property.name,
                                  referencedClassOf(declaration)) +
@@ -158,11 +172,13 @@ void ClassPrinter::printMethod(const ClassSchema::Method& method, const std::str
     std::vector<std::string> parameters;
     method.declaration->EnumerateParameterDecls(
         [&](const boost::shared_ptr<ICIMParameterDecl>& parameter) {
-            parameters.push_back(parameterText(*parameter));
+            parameters.push_back(parameterText(
+                *parameter,
+                definitions_.ofParameter(method.origin, method.name, parameter->GetName(TContext()))));
             return true;
         },
         TContext());
-    printQualifiers(qualifiersOf(*method.declaration), false, kMemberIndent);
+    printQualifiers(methodQualifiers(method, definitions_), false, kMemberIndent);
     const std::string start =
         kMemberIndent + declarationText(method.declaration->GetType(TContext()), false, method.name, {}) +
         '(';

@@ -43,7 +43,7 @@ CsvPrinter::CsvPrinter(Output& output, const ClassSchema& schema, const std::vec
 }
 
 std::string CsvPrinter::field(const std::string& text) const {
-    return csvField(output_.isTerminal() ? safeText(text) : text);
+    return csvField(output_.isTerminal() ? safeText(text) : withoutHidden(text));
 }
 
 void CsvPrinter::print(const InstanceView& instance) {

@@ -34,7 +34,7 @@ ordered_json jsonInstance(const InstanceView& instance, const std::vector<std::s
     ordered_json json;
     json["path"] = instance.path;
     json["class"] = instance.className;
-    json["node"] = instance.node;
+    json["node"] = jsonNode(instance.node);
     json["properties"] = columns.empty() ? allProperties(instance) : chosenProperties(instance, columns);
     return json;
 }

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <nlohmann/json.hpp>
 
+#include "tools/common/Integer.h"
+#include "tools/common/SafeText.h"
 #include "tools/values/CimTypeName.h"
 #include "tools/values/ValueText.h"
 
@@ -64,8 +66,13 @@ ordered_json jsonValue(const TCIMValue& value) {
     return array;
 }
 
+ordered_json jsonNode(const std::string& node) {
+    const auto number = parseInteger(node);
+    return number ? ordered_json(number->size) : ordered_json(nullptr);
+}
+
 std::string jsonText(const ordered_json& json, int indent, bool ascii) {
-    return json.dump(indent, ' ', ascii, ordered_json::error_handler_t::replace);
+    return withoutHidden(json.dump(indent, ' ', ascii, ordered_json::error_handler_t::replace));
 }
 
 }  // namespace tool

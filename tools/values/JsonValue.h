@@ -11,8 +11,12 @@ namespace tool {
 /// rest is text, and so are the reals that JSON has no number for: "NaN", "INF" and "-INF".
 nlohmann::ordered_json jsonValue(const NQELVSK20::TCIMValue& value);
 
+/// The number of a node as it is shown; null for one that is unknown.
+nlohmann::ordered_json jsonNode(const std::string& node);
+
 /// JSON as text: indented by `indent` blanks a level, or on one line when it is negative. What is no UTF-8 is
-/// replaced. With `ascii` nothing but ASCII is written, which is safe for a terminal.
+/// replaced, and what nobody would see is escaped (withoutHidden). With `ascii` nothing but ASCII is written,
+/// which is safe for a terminal.
 std::string jsonText(const nlohmann::ordered_json& json, int indent, bool ascii);
 
 }  // namespace tool

@@ -23,6 +23,14 @@ std::vector<std::string> textsOf(const QualifierList& qualifiers, const std::str
 
 }  // namespace
 
+QualifierValues valuesOf(const QualifierList& qualifiers) {
+    QualifierValues values;
+    for (const auto& qualifier : qualifiers) {
+        values.push_back({qualifier->GetName(TContext()), qualifier->GetValue(TContext())});
+    }
+    return values;
+}
+
 QualifierList qualifiersOf(const ICIMNamedElement& element) {
     QualifierList qualifiers;
     element.EnumerateQualifiers(

@@ -14,6 +14,16 @@ namespace tool {
 
 using QualifierList = std::vector<boost::shared_ptr<NQELVSK20::ICIMQualifier>>;
 
+/// A qualifier as it is shown.
+struct QualifierValue {
+    std::string name;
+    NQELVSK20::TCIMValue value;
+};
+
+using QualifierValues = std::vector<QualifierValue>;
+
+QualifierValues valuesOf(const QualifierList& qualifiers);
+
 /// The qualifiers of an element, in the order of their names; shared with it.
 QualifierList qualifiersOf(const NQELVSK20::ICIMNamedElement& element);
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <Pegasus/Common/Array.h>
+#include <Pegasus/Common/CIMClass.h>
 #include <Pegasus/Common/CIMInstance.h>
 
 #include <cstddef>
@@ -56,6 +57,9 @@ public:
     /// The instances of an answer as the server gave them, nulls included, before any is taken over.
     virtual void Received(const ClientRequest& /*request*/,
                           const Pegasus::Array<Pegasus::CIMInstance>& /*instances*/) {}
+
+    /// The definition of a class as a server gave it, with all its qualifiers.
+    virtual void Defined(const ClientRequest& /*request*/, const Pegasus::CIMClass& /*definition*/) {}
 
     /// A connection to a node was opened, also a new one after a request's connection broke.
     virtual void Connected(std::size_t node, bool isEncrypted) = 0;
