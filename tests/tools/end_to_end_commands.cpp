@@ -83,7 +83,7 @@ TEST(NamesCommand, AnUnknownNamespaceEndsInOneLine) {
 
 TEST(NamesCommand, AMalformedNamespaceEndsInOneLine) {
     const Outcome outcome = run({"--namespace", "root//;", "names", "OMC_NumericSensor"});
-    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.status, 2);
     ASSERT_EQ(linesOf(outcome.err).size(), 1U) << outcome.err;
     EXPECT_THAT(outcome.err, HasSubstr("root//;"));
 }

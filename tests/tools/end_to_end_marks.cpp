@@ -173,7 +173,7 @@ TEST_F(MarkedInstances, RunNoMethodOnAGuess) {
     fault.text = "not here";
     machine_->Server().inject(fault);
     const Outcome outcome = switchOff(pathOf("Node1:a"));
-    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.status, 4);
     EXPECT_THAT(machine_->Requests(), Not(Contains(HasSubstr("RequestStateChange"))));
     EXPECT_THAT(outcome.err, EndsWith(": instance names of X_Switch: CIM error: not here\n"));
     EXPECT_EQ(switchOff(pathOf("a")).status, 0);

@@ -86,7 +86,7 @@ TEST(Retries, AMethodThatFailsTwiceFails) {
                              "OMC_UnitaryComputerSystem.CreationClassName=OMC_UnitaryComputerSystem,"
                              "Name=node-0.machine.example",
                              "RequestStateChange", "RequestedState=3"}));
-    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.status, 4);
     EXPECT_EQ(outcome.out, "");
     ASSERT_EQ(linesOf(outcome.err).size(), 1U) << outcome.err;
     EXPECT_THAT(outcome.err, StartsWith("cimhttp: " + machine.Host(0) + ":5989: calling RequestStateChange"));

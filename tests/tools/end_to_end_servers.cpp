@@ -79,7 +79,7 @@ TEST(Nodes, ASingleNodeOffersNoRemoteNodes) {
 TEST(Nodes, AnUnreachableNodeEndsInOneLine) {
     const std::string host = TestMachine::AddressOf(6);
     const Outcome outcome = run({"--node", host, "classes"});
-    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.status, 4);
     EXPECT_EQ(outcome.out, "");
     ASSERT_EQ(linesOf(outcome.err).size(), 1U) << outcome.err;
     EXPECT_THAT(outcome.err, HasSubstr(host + ": cannot connect: "));
@@ -89,7 +89,7 @@ TEST(Nodes, AnUnreachableNodeEndsInOneLine) {
 
 TEST(Nodes, AnUnresolvableNameEndsInOneLine) {
     const Outcome outcome = run({"--node", "no-such-host.invalid", "classes"});
-    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.status, 4);
     ASSERT_EQ(linesOf(outcome.err).size(), 1U) << outcome.err;
     EXPECT_THAT(outcome.err, HasSubstr("no-such-host.invalid:5989"));
 }
@@ -99,7 +99,7 @@ TEST(Nodes, TheOthersAnswerWhenOneIsUnreachable) {
     machine.Kill(1);
     const Outcome outcome =
         run(nodesOf(machine, {"--format", "json", "instances", "OMC_UnitaryComputerSystem"}));
-    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.status, 3);
     EXPECT_EQ(nlohmann::json::parse(outcome.out).size(), 1U);
     ASSERT_EQ(linesOf(outcome.err).size(), 1U) << outcome.err;
     EXPECT_THAT(outcome.err, StartsWith("cimhttp: node 2 (" + machine.Host(1) + "): cannot connect: "));
@@ -109,7 +109,7 @@ TEST(Nodes, NothingCanBeAskedWithoutTheFirst) {
     TestMachine machine(2);
     machine.Kill(0);
     const Outcome outcome = run(nodesOf(machine, {"classes"}));
-    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.status, 4);
     EXPECT_EQ(outcome.out, "");
     EXPECT_THAT(outcome.err, HasSubstr("node 1 (" + machine.Host(0) + "): cannot connect: "));
     EXPECT_THAT(outcome.err, HasSubstr("without it nothing can be asked"));
@@ -126,7 +126,7 @@ TEST(Nodes, ACimErrorOfOneNodeIsToldWithTheNode) {
     machine.Server().inject(fault);
     const Outcome outcome =
         run(nodesOf(machine, {"--format", "json", "instances", "OMC_UnitaryComputerSystem"}));
-    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.status, 3);
     EXPECT_EQ(nlohmann::json::parse(outcome.out).size(), 2U);
     EXPECT_EQ(outcome.err,
               "cimhttp: node 3 (" + machine.Host(2) +
@@ -142,7 +142,7 @@ TEST(Nodes, HostileTextOfAServerReachesNoTerminal) {
     fault.text = "\u009b31m\u202e";
     machine.Server().inject(fault);
     const Outcome outcome = run(nodesOf(machine, {"classes"}));
-    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.status, 4);
     EXPECT_THAT(outcome.err, HasSubstr("\\x9b31m\\u202e"));
 }
 
@@ -162,7 +162,7 @@ TEST(Transport, OneProtocolIsNotReplacedByTheOther) {
     options.https = false;
     TestMachine machine(options);
     const Outcome outcome = run(nodesOf(machine, {"--transport", "https", "classes"}));
-    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.status, 4);
     EXPECT_THAT(outcome.err, HasSubstr(machine.Host(0) + ":5989"));
     EXPECT_EQ(machine.Server().connectionsAccepted(), 0U);
     EXPECT_EQ(run(nodesOf(machine, {"--transport", "http", "classes"})).status, 0);
@@ -222,7 +222,7 @@ TEST(Passwords, AWrongOneEndsInOneLineThatShowsItNot) {
     const TemporaryFile file("wr0ng-guess\n");
     const Outcome outcome =
         run(nodesOf(machine, {"--user", "admin", "--password-file", file.path(), "classes"}));
-    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.status, 4);
     EXPECT_EQ(outcome.out, "");
     EXPECT_EQ(outcome.err,
               "cimhttp: " + machine.Host(0) + ":5989: refuses user 'admin' with the password given\n");
@@ -232,7 +232,7 @@ TEST(Passwords, AWrongOneEndsInOneLineThatShowsItNot) {
 TEST(Passwords, AMissingUserIsAskedForInOneLine) {
     TestMachine machine(guarded(1));
     const Outcome outcome = run(nodesOf(machine, {"--transport", "http", "classes"}));
-    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.status, 4);
     EXPECT_EQ(outcome.err, "cimhttp: " + machine.Host(0) +
                                ":5988: asks for a user and a password: --user NAME or --node USER@HOST\n");
 }
@@ -242,7 +242,7 @@ TEST(Passwords, ANodeThatRefusesThemIsNamedAndCostsItsOwnRowsOnly) {
     const TemporaryFile file(kPassword + "\nwr0ng-guess\n" + kPassword + "\n");
     const Outcome outcome = run(nodesOf(machine, {"--format", "json", "--user", "admin", "--password-file",
                                                   file.path(), "instances", "OMC_UnitaryComputerSystem"}));
-    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.status, 3);
     const auto instances = nlohmann::json::parse(outcome.out);
     ASSERT_EQ(instances.size(), 2U);
     EXPECT_EQ(instances[0]["node"], 1);
@@ -260,7 +260,7 @@ TEST(Passwords, TheFirstNodeThatRefusesThemEndsTheCommand) {
         const Outcome outcome =
             run(nodesOf(machine, {"--format", "json", "--user", "admin", "--password-file", file.path(),
                                   command, "OMC_UnitaryComputerSystem"}));
-        EXPECT_EQ(outcome.status, 1) << command;
+        EXPECT_EQ(outcome.status, 4) << command;
         EXPECT_EQ(outcome.out, "") << command;
         EXPECT_EQ(outcome.err, "cimhttp: node 1 (" + machine.Host(0) +
                                    ":5989): refuses user 'admin' with the password given\n");

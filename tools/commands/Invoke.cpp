@@ -1,24 +1,20 @@
 // invoke PATH METHOD [NAME=VALUE...]: runs a method on an instance or class.
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
 
 #include "tools/commands/Commands.h"
 #include "tools/common/Failure.h"
-#include "tools/common/SafeText.h"
 #include "tools/common/UsageError.h"
 #include "tools/machine/InstanceMarks.h"
 #include "tools/machine/SchemaCache.h"
+#include "tools/print/MethodPrinter.h"
 #include "tools/values/ArgumentParser.h"
-#include "tools/values/JsonValue.h"
 #include "tools/values/ObjectPath.h"
-#include "tools/values/ValueText.h"
 
 namespace tool {
 
 namespace {
 
-using nlohmann::ordered_json;
 using NQELVSK20::TContext;
 
 const ClassSchema::Method& methodOf(const ClassSchema& schema, const std::string& name) {
@@ -67,28 +63,6 @@ std::string serversPath(const ObjectPath& wanted, const ClassSchema& schema, Ses
     return instancePath(unmarked->path, schema);
 }
 
-void writeJson(const CommandContext& context, const Session::MethodResult& result) {
-    ordered_json json;
-    json["returnValue"] = jsonValue(result.value);
-    json["outputs"] = ordered_json::object();
-    for (const auto& [name, value] : result.outputs) {
-        json["outputs"][name] = jsonValue(value);
-    }
-    context.output.line(jsonText(json, 2, context.output.isTerminal()));
-}
-
-void writeText(const CommandContext& context, const Session::MethodResult& result) {
-    const std::string returned = "return value";
-    std::size_t width = returned.size();
-    for (const auto& output : result.outputs) {
-        width = std::max(width, output.first.size());
-    }
-    context.output.line(padTo(returned, width) + "  " + valueText(result.value, nullptr));
-    for (const auto& [name, value] : result.outputs) {
-        context.output.line(padTo(safeText(name), width) + "  " + valueText(value, nullptr));
-    }
-}
-
 }  // namespace
 
 bool runInvoke(const CommandContext& context) {
@@ -104,10 +78,11 @@ bool runInvoke(const CommandContext& context) {
     const std::string path =
         wanted.keys.empty() ? cimClass->GetName(TContext()) : serversPath(wanted, schema, context.session);
     const Session::MethodResult result = context.session.invoke(*cimClass, path, method.name, inputs);
+    MethodPrinter printer(context.output, *method.declaration);
     if (context.isJson()) {
-        writeJson(context, result);
+        printer.printJson(result.value, result.outputs);
     } else {
-        writeText(context, result);
+        printer.printText(result.value, result.outputs);
     }
     return true;
 }

@@ -1,5 +1,6 @@
 #include "tools/console/Output.h"
 
+#include <cctype>
 #include <cerrno>
 #include <cstring>
 #include <string>
@@ -8,6 +9,17 @@
 #include "tools/console/Terminal.h"
 
 namespace tool {
+
+namespace {
+
+// The C library's words begin with a capital, as no message of ours does after a colon.
+std::string reasonOf(int error) {
+    std::string reason = std::strerror(error);
+    reason[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(reason[0])));
+    return reason;
+}
+
+}  // namespace
 
 Output::Output(std::ostream& stream, Progress& progress, bool isTerminal)
     : stream_(stream), progress_(progress), isTerminal_(isTerminal) {}
@@ -36,10 +48,13 @@ void Output::check() {
     if (stream_) {
         return;
     }
-    if (terminal::lostReader(errno)) {
+    if (error_ == 0) {
+        error_ = errno;
+    }
+    if (terminal::lostReader(error_)) {
         throw OutputClosed();
     }
-    throw Failure(std::string("cannot write the output: ") + std::strerror(errno));
+    throw Failure("cannot write: " + reasonOf(error_), Failure::Kind::kLocal);
 }
 
 }  // namespace tool

@@ -31,6 +31,7 @@ private:
     std::ostream& stream_;
     Progress& progress_;
     bool isTerminal_;
+    int error_ = 0;  // of the first write that failed: those that follow do not get to the system
 };
 
 }  // namespace tool

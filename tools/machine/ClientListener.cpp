@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <array>
 #include <map>
 
 #include "tools/common/Names.h"
@@ -39,6 +41,13 @@ std::string reasonOf(const ClientFailure& failure) {
     return failure.kind == Kind::kCimError ? "CIM error: " + failure.text : failure.text;
 }
 
+// The server answered, and has no such namespace, class or object (DSP0200).
+bool isAboutMissing(const ClientFailure& failure) {
+    constexpr std::array<int, 3> kMissing = {3, 5, 6};
+    return failure.kind == Kind::kCimError &&
+           std::find(kMissing.begin(), kMissing.end(), failure.code) != kMissing.end();
+}
+
 }  // namespace
 
 void ClientListener::beginConnect() {
@@ -50,7 +59,7 @@ void ClientListener::endConnect() {
     for (std::size_t node = 0; node < machine_.nodes().size(); ++node) {
         const Machine::Link& link = machine_.link(node);
         if (!link.reached) {
-            notices_.fail(machine_.where(node) + ": cannot connect: " + link.failures());
+            fail(node, machine_.where(node) + ": cannot connect: " + link.failures());
         } else if (!link.overHttps && !link.httpsFailure.empty()) {
             notices_.say(machine_.where(node) +
                          ": connected over HTTP, without encryption: HTTPS is not offered");
@@ -113,7 +122,7 @@ void ClientListener::loseLink(const ClientFailure& failure) {
     if (connecting_) {
         link.reached = false;
     } else if (isLastWay) {
-        notices_.fail(machine_.where(failure.node) + ": cannot reconnect: " + link.failures());
+        fail(failure.node, machine_.where(failure.node) + ": cannot reconnect: " + link.failures());
     }
 }
 
@@ -121,9 +130,9 @@ void ClientListener::refuse(std::size_t node) {
     first_.reset();
     refusing_.insert(node);
     const std::string& user = machine_.nodes()[node].user;
-    notices_.fail(machine_.where(node) +
-                  (user.empty() ? ": asks for a user and a password: --user NAME or --node USER@HOST"
-                                : ": refuses user '" + user + "' with the password given"));
+    fail(node, machine_.where(node) +
+                   (user.empty() ? ": asks for a user and a password: --user NAME or --node USER@HOST"
+                                 : ": refuses user '" + user + "' with the password given"));
 }
 
 // A CIM error is an answer: no second attempt follows it. Between the first and the second attempt at a
@@ -146,9 +155,17 @@ void ClientListener::sayFailed(const std::string& text, const ClientFailure& fai
         notices_.say(text + "; it is taken for none");
     } else if (isOfReference(failure)) {
         notices_.say(text + "; only references name it");
-    } else {
+    } else if (isAboutMissing(failure)) {
+        nodeFailures_.addMissing(failure.node);
         notices_.fail(text);
+    } else {
+        fail(failure.node, text);
     }
+}
+
+void ClientListener::fail(std::size_t node, const std::string& text) {
+    nodeFailures_.addFailed(node);
+    notices_.fail(text);
 }
 
 bool ClientListener::isDetection(const ClientRequest& request) const {

@@ -9,6 +9,7 @@
 #include "tools/console/Notices.h"
 #include "tools/console/Progress.h"
 #include "tools/machine/Machine.h"
+#include "tools/machine/NodeFailures.h"
 #include "tools/machine/ReceivedInstances.h"
 #include "tools/machine/RemoteDefinitions.h"
 
@@ -44,6 +45,9 @@ public:
     /// Whether a node has refused user or password.
     bool isRefusedBy(std::size_t node) const { return refusing_.count(node) != 0; }
 
+    /// Who failed so far.
+    const NodeFailures& nodeFailures() const { return nodeFailures_; }
+
     // ClientObserver
     bool AttemptFailed(const NQELVSK20::ClientFailure& failure) override;
     void Recovered(const NQELVSK20::ClientFailure& failure) override;
@@ -64,6 +68,7 @@ private:
     bool isDetection(const NQELVSK20::ClientRequest& request) const;
     bool isOfReference(const NQELVSK20::ClientRequest& request) const;
     std::string describe(const NQELVSK20::ClientRequest& request) const;
+    void fail(std::size_t node, const std::string& text);
 
     Machine& machine_;
     Notices& notices_;
@@ -76,6 +81,7 @@ private:
     std::optional<std::string>
         first_;                       // of a request whose second attempt is under way: how the first failed
     std::set<std::size_t> refusing_;  // nodes
+    NodeFailures nodeFailures_;
 };
 
 }  // namespace tool

@@ -44,7 +44,7 @@ void EmbeddedMachine::addNode() {
             return;
         }
     }
-    throw Failure("the embedded machine finds no free loopback address: " + refusal_);
+    throw Failure("the embedded machine finds no free loopback address: " + refusal_, Failure::Kind::kLocal);
 }
 
 bool EmbeddedMachine::listenOn(const std::string& address,

@@ -1,7 +1,9 @@
 #include "tools/machine/Node.h"
 
 #include <algorithm>
+#include <string_view>
 
+#include "tools/common/Integer.h"
 #include "tools/common/UsageError.h"
 
 namespace tool {
@@ -34,6 +36,12 @@ void requireUser(const std::string& user) {
     }
 }
 
+// A name or an address; what else there is would end up in the head of a request.
+bool isOfHost(char c) {
+    const bool isLetter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+    return isLetter || isDigit(c) || std::string_view("-._~:%[]").find(c) != std::string_view::npos;
+}
+
 }  // namespace
 
 Node parseNode(const std::string& text, const std::string& defaultUser) {
@@ -48,6 +56,9 @@ Node parseNode(const std::string& text, const std::string& defaultUser) {
     if (hasPort(host)) {
         throw UsageError("--node '" + host.substr(0, host.rfind(':')) +
                          "': leave out what follows the colon; the port is 5989 for HTTPS and 5988 for HTTP");
+    }
+    if (!std::all_of(host.begin(), host.end(), isOfHost)) {
+        throw UsageError("--node '" + text + "': a host's name or address is expected");
     }
     return {withoutBrackets(host), user, {}};
 }

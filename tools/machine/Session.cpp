@@ -65,6 +65,23 @@ std::optional<std::string> complaintAbout(const CALL& call) {
     return std::nullopt;
 }
 
+// The library takes slashes too many; servers do not.
+void requireNamespace(const std::string& name) {
+    const bool hasSlashTooMany =
+        name.empty() || name.front() == '/' || name.back() == '/' || name.find("//") != std::string::npos;
+    if (hasSlashTooMany || complaintAbout([&] { const Pegasus::CIMNamespaceName valid(name.c_str()); })) {
+        throw UsageError("--namespace '" + name +
+                         "': names with single slashes between them are expected, as in root/cimv2");
+    }
+}
+
+// Zero stands for success; a method may as well return what is no number.
+bool isOtherThanZero(const TCIMValue& value) {
+    const TCIMValue::TCIMType::ECIMType type = value.GetType();
+    const bool isInteger = type >= TCIMValue::TCIMType::eUint8 && type <= TCIMValue::TCIMType::eSint64;
+    return isInteger && !value.IsNull() && value.ToString(10) != "0";
+}
+
 }  // namespace
 
 Session::Session(const Options& options, Notices& notices, Progress& progress)
@@ -82,6 +99,7 @@ Session::~Session() {
 }
 
 std::vector<Node> Session::nodesToAsk() {
+    requireNamespace(options_.nameSpace);
     if (options_.nodes.empty()) {
         return nodesOfEmbeddedMachine();
     }
@@ -121,7 +139,7 @@ void Session::setUpHost() {
 boost::shared_ptr<TCimHTTPNamespace> Session::allocateNamespace() {
     const auto provider = TRootObject::GetNamespaceProviderManager()->FindProvider(kProviderName);
     if (!provider) {
-        throw Failure("the plug-in registered no provider \"cimhttp\"");
+        throw Failure("the plug-in registered no provider \"cimhttp\"", Failure::Kind::kLocal);
     }
     const TContext context{{"pluginNameQualDeclValue", TCIMValue(kProviderName)}};
     const auto nameSpace = boost::dynamic_pointer_cast<TCimHTTPNamespace>(
@@ -137,8 +155,6 @@ void Session::connect() {
     nameSpace_->ObserveClients(&listener_);
     listener_.beginConnect();
     const auto complaint = complaintAbout([&] {
-        // The plug-in tells in its trace alone what is wrong with a name.
-        const Pegasus::CIMNamespaceName name(options_.nameSpace.c_str());
         nameSpace_->Init();
         connectNodes();
     });
@@ -183,6 +199,7 @@ void Session::connectNodes() {
 template <typename CALL>
 void Session::ask(Wanted wanted, const std::string& subject, const CALL& call) {
     listener_.beginQuestion(wanted, subject);
+    askedAll_ = true;
     if (const auto complaint = complaintAbout(call)) {
         throw Failure(subject + ": " + *complaint);
     }
@@ -191,6 +208,7 @@ void Session::ask(Wanted wanted, const std::string& subject, const CALL& call) {
 template <typename CALL>
 void Session::askFirstNode(Wanted wanted, const std::string& subject, const CALL& call) {
     ask(wanted, subject, call);
+    askedAll_ = false;
     requireFirstNode();
 }
 
@@ -227,7 +245,10 @@ boost::shared_ptr<ICIMClass> Session::getClass(const std::string& className) {
     const std::size_t failuresBefore = failures();
     askFirstNode(Wanted::kDefinition, className, [&] { found = nameSpace_->GetClass(className, context()); });
     if (!found) {
-        throw Failure(failures() != failuresBefore ? std::string() : whyNotOffered(className));
+        if (failures() != failuresBefore) {
+            throw Failure();  // said
+        }
+        throw Failure(whyNotOffered(className), Failure::Kind::kNothingThere);
     }
     return found;
 }
@@ -285,7 +306,18 @@ Session::MethodResult Session::invoke(ICIMClass& cimClass, const std::string& pa
     if (failures() != failuresBefore) {
         throw Failure();
     }
+    methodReturnedOther_ = isOtherThanZero(result.value);
     return result;
+}
+
+bool Session::isUnanswered() const {
+    const NodeFailures& failing = listener_.nodeFailures();
+    for (std::size_t node = 1; askedAll_ && node < machine_.nodes().size(); ++node) {
+        if (!failing.hasFailed(node)) {
+            return false;
+        }
+    }
+    return failing.hasFailed(0);
 }
 
 std::vector<boost::shared_ptr<ICIMQualifierDecl>> Session::qualifierDecls() {

@@ -99,6 +99,15 @@ public:
     const Machine& machine() const { return machine_; }
     bool hasFailed() const { return failures() != 0; }
 
+    /// All failures so far are nodes that have not what was asked for.
+    bool isOnlyMissing() const { return listener_.nodeFailures().isOnlyMissing(); }
+
+    /// Every node that the last question went to has failed, now or before.
+    bool isUnanswered() const;
+
+    /// A method was run, and its return value is a number other than 0.
+    bool hasMethodReturnedOther() const { return methodReturnedOther_; }
+
     /// Errors and remote failures that were said so far.
     std::size_t failures() const { return notices_.failures(); }
 
@@ -125,6 +134,8 @@ private:
     ReceivedInstances received_;
     RemoteDefinitions definitions_;
     ClientListener listener_;
+    bool askedAll_ = false;  // by the last question: every node, not the first one only
+    bool methodReturnedOther_ = false;
     boost::shared_ptr<NQELVSK20::TCimHTTPNamespace> nameSpace_;  // goes before logger, listener and machine
 };
 

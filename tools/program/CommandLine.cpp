@@ -16,7 +16,14 @@ constexpr const char* kDescription =
 constexpr const char* kFooter =
     "Servers are reached over HTTPS on port 5989, else HTTP on port 5988; certificates are not checked.\n"
     "Instances come from every node; class names, instance names, definitions and methods from the first.\n"
-    "Exit status: 0 answered, 1 nothing found or a server failed, 2 wrong usage.\n"
+    "Exit status:\n"
+    "  0  answered\n"
+    "  1  nothing found\n"
+    "  2  wrong usage\n"
+    "  3  a node failed, others answered\n"
+    "  4  no answer\n"
+    "  5  a method returned another number than 0, whatever else happened\n"
+    "  6  this side failed: the output cannot be written, for example\n"
     "Example: cimhttp --node admin@10.0.0.1 --node admin@10.0.0.2 instances CIM_Fan --columns "
     "Name,HealthState";
 

@@ -2,11 +2,15 @@
 
 namespace tool {
 
-/// What the program tells its caller.
+/// What the program tells its caller; each number has one meaning. The help and README.md list them.
 enum ExitStatus : int {
     kAnswered = 0,
-    kNothingOrFailed = 1,  ///< Nothing found, or a server failed on the way, even if others answered.
-    kWrongUsage = 2
+    kNothingFound = 1,    ///< What was asked for does not exist, and no node failed.
+    kWrongUsage = 2,      ///< Nothing was asked.
+    kNodeFailed = 3,      ///< There is an answer without the part of a node that failed.
+    kNoAnswer = 4,        ///< Those that could have answered failed.
+    kMethodReturned = 5,  ///< A method was run and returned another number than 0.
+    kLocalFailure = 6     ///< This side failed: the answer cannot be written, for example.
 };
 
 }  // namespace tool

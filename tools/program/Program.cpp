@@ -14,6 +14,37 @@ namespace tool {
 
 namespace {
 
+ExitStatus statusOf(bool found, const Session& session) {
+    if (session.hasMethodReturnedOther()) {
+        return kMethodReturned;
+    }
+    if (found) {
+        return session.hasFailed() ? kNodeFailed : kAnswered;
+    }
+    if (!session.hasFailed() || session.isOnlyMissing()) {
+        return kNothingFound;
+    }
+    return session.isUnanswered() ? kNoAnswer : kNodeFailed;
+}
+
+ExitStatus statusOf(const Failure& failure) {
+    switch (failure.kind()) {
+        case Failure::Kind::kNothingThere:
+            return kNothingFound;
+        case Failure::Kind::kLocal:
+            return kLocalFailure;
+        case Failure::Kind::kNoAnswer:
+            break;
+    }
+    return kNoAnswer;
+}
+
+void say(const std::exception& failure, Notices& notices) {
+    if (*failure.what() != '\0') {
+        notices.say(failure.what());
+    }
+}
+
 ExitStatus answer(const Options& options, Notices& notices, Progress& progress) {
     Output output(std::cout, progress, terminal::isOutput());
     Session session(options, notices, progress);
@@ -21,10 +52,12 @@ ExitStatus answer(const Options& options, Notices& notices, Progress& progress) 
         session.connect();
         const bool found = runCommand({options, session, output, progress, notices});
         output.flush();
-        return found && !session.hasFailed() ? kAnswered : kNothingOrFailed;
-    } catch (const Failure&) {
+        return statusOf(found, session);
+    } catch (const Failure& failure) {
         output.flush();  // what was answered before stays in front of the message
-        throw;
+        say(failure, notices);
+        const bool isMissing = failure.kind() == Failure::Kind::kNoAnswer && session.isOnlyMissing();
+        return isMissing ? kNothingFound : statusOf(failure);
     }
 }
 
@@ -38,13 +71,12 @@ ExitStatus run(int argc, const char* const* argv, Notices& notices, Progress& pr
         notices.say(error.what());
         return kWrongUsage;
     } catch (const Failure& failure) {
-        if (*failure.what() != '\0') {
-            notices.say(failure.what());
-        }
+        say(failure, notices);
+        return statusOf(failure);
     } catch (const std::exception& error) {
         notices.say(error.what());
     }
-    return kNothingOrFailed;
+    return kLocalFailure;
 }
 
 }  // namespace

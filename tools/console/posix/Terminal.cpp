@@ -93,7 +93,7 @@ std::string readSecret(const std::string& prompt) {
     std::cerr << prompt << std::flush;
     std::string line;
     if (!std::getline(std::cin, line)) {
-        throw Failure("no password was given");
+        throw Failure("no password was given", Failure::Kind::kLocal);
     }
     return line;
 }

@@ -154,7 +154,7 @@ std::string readSecret(const std::string& prompt) {
     std::string line;
     const bool read = isInput() ? readConsoleLine(line) : static_cast<bool>(std::getline(std::cin, line));
     if (!read) {
-        throw Failure("no password was given");
+        throw Failure("no password was given", Failure::Kind::kLocal);
     }
     return line;
 }
