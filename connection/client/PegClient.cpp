@@ -51,7 +51,9 @@ public:
     void SetObserver(ClientObserver* observer) { observer_ = observer; }
     bool TimedOut() const { return timedOut_; }
 
-    bool Open(const char* operation, const ServerAddress& address);
+    enum class Opening { kDone, kFailed, kGivenUp };
+
+    Opening Open(const char* operation, const ServerAddress& address);
     bool OpenEither(const std::string& host, const std::string& user, const std::string& password);
     void Disconnect();
     bool Reconnect();
@@ -67,7 +69,7 @@ private:
 
     template <class TStep>
     bool Tell(const ClientRequest& request, const TStep& step);
-    bool TryToOpen(const ServerAddress& address, ClientFailure& failure);
+    Opening TryToOpen(const ServerAddress& address, ClientFailure& failure);
     template <class TSend>
     bool TryTwice(unsigned int timeout, const TSend& send, ClientFailure& failure);
     template <class TSend>
@@ -129,12 +131,17 @@ void PegClient::Impl::PassOn(const std::string& className, const Pegasus::CIMCla
     }
 }
 
-bool PegClient::Impl::Open(const char* operation, const ServerAddress& address) {
+PegClient::Impl::Opening PegClient::Impl::Open(const char* operation, const ServerAddress& address) {
     ClientFailure failure = FailureOf(operation, {});
-    return Tell(failure, [&] { return TryToOpen(address, failure); });
+    Opening opening = Opening::kFailed;
+    Tell(failure, [&] {
+        opening = TryToOpen(address, failure);
+        return opening == Opening::kDone;
+    });
+    return opening;
 }
 
-bool PegClient::Impl::TryToOpen(const ServerAddress& address, ClientFailure& failure) {
+PegClient::Impl::Opening PegClient::Impl::TryToOpen(const ServerAddress& address, ClientFailure& failure) {
     address_ = address;
     failure.kind = Kind::kCannotConnect;
     const auto fail = [&](const char* exception, const Pegasus::Exception& error) {
@@ -148,7 +155,7 @@ bool PegClient::Impl::TryToOpen(const ServerAddress& address, ClientFailure& fai
         if (observer_ != nullptr) {
             observer_->Connected(node_, address.isEncrypted);
         }
-        return true;
+        return Opening::kDone;
     } catch (const Pegasus::AlreadyConnectedException& error) {
         fail("AlreadyConnectedException", error);
     } catch (const Pegasus::InvalidLocatorException& error) {
@@ -160,14 +167,15 @@ bool PegClient::Impl::TryToOpen(const ServerAddress& address, ClientFailure& fai
     } catch (const Pegasus::Exception& error) {
         fail("Exception", error);
     }
-    MayTryAgain(failure);
-    return false;
+    return MayTryAgain(failure) ? Opening::kFailed : Opening::kGivenUp;
 }
 
 bool PegClient::Impl::OpenEither(const std::string& host, const std::string& user,
                                  const std::string& password) {
-    return Open("HTTPSConnect", {true, host, kHttpsPort, user, password}) ||
-           Open("HTTPConnect", {false, host, kHttpPort, user, password});
+    const Opening encrypted = Open("HTTPSConnect", {true, host, kHttpsPort, user, password});
+    return encrypted == Opening::kDone ||
+           (encrypted == Opening::kFailed &&
+            Open("HTTPConnect", {false, host, kHttpPort, user, password}) == Opening::kDone);
 }
 
 void PegClient::Impl::Disconnect() {
@@ -278,11 +286,11 @@ bool PegClient::LastRequestTimedOut() const {
 }
 
 bool PegClient::HTTPConnect(std::string host, std::string user, std::string password, int port) {
-    return impl_->Open("HTTPConnect", {false, host, port, user, password});
+    return impl_->Open("HTTPConnect", {false, host, port, user, password}) == Impl::Opening::kDone;
 }
 
 bool PegClient::HTTPSConnect(std::string host, std::string user, std::string password, int port) {
-    return impl_->Open("HTTPSConnect", {true, host, port, user, password});
+    return impl_->Open("HTTPSConnect", {true, host, port, user, password}) == Impl::Opening::kDone;
 }
 
 bool PegClient::Connect(std::string host, std::string user, std::string password) {

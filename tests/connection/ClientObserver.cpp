@@ -300,6 +300,30 @@ TEST_F(ClientObserverTest, HearsWhyNoConnectionCouldBeOpenedOverHttpsAndOverHttp
     EXPECT_EQ(observer_.failures_[1].text, "Cannot connect to " + nobody + ":5988. Connection failed.");
 }
 
+TEST_F(ClientObserverTest, MayForbidAConnectionOverHttp) {
+    TestMachine::Options options;
+    options.https = false;
+    TestMachine plain(options);
+    observer_.allowed_ = 0;
+    EXPECT_FALSE(client_.Connect(plain.Host(0), "", ""));
+    EXPECT_EQ(observer_.events_, Events{"failed HTTPSConnect"});
+    EXPECT_EQ(plain.Server().connectionsAccepted(), 0U);
+}
+
+TEST_F(ClientObserverTest, MayForbidAReconnectionOverHttp) {
+    TestMachine machine;
+    ASSERT_TRUE(client_.Connect(machine.Host(0), "", ""));
+    machine.Server().inject(Failing(cimom::Fault::Kind::CloseBeforeAnswer, 1));
+    whilePausing_ = [&] { machine.Server().close(machine.Host(0), 5989); };
+    observer_.allowed_ = 1;  // the second attempt, and none over HTTP for it
+    GetClass();
+    EXPECT_EQ(observer_.events_[2], "failed HTTPSConnect");
+    for (const std::string& event : observer_.events_) {
+        EXPECT_THAT(
+            event, ::testing::AllOf(::testing::Ne("connected 2 plain"), ::testing::Ne("failed HTTPConnect")));
+    }
+}
+
 TEST_F(ClientObserverTest, HearsWhetherAConnectionIsEncrypted) {
     TestMachine::Options options;
     options.https = false;

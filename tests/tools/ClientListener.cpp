@@ -41,9 +41,7 @@ protected:
     void failHttps(std::size_t node) {
         EXPECT_TRUE(fail(node, Kind::kCannotConnect, "HTTPSConnect", "", "no one at 5989"));
     }
-    void failHttp(std::size_t node) {
-        EXPECT_TRUE(fail(node, Kind::kCannotConnect, "HTTPConnect", "", "no one at 5988"));
-    }
+    void failHttp(std::size_t node) { fail(node, Kind::kCannotConnect, "HTTPConnect", "", "no one at 5988"); }
 
     std::ostringstream error_;
     Progress progress_{error_, false, 0};
@@ -116,9 +114,9 @@ TEST_F(ClientListenerTest, NodesThatFailOnceOneAfterTheOtherAreToldApart) {
         recover(node, "GetClass", "CIM_Fan");
     }
     EXPECT_EQ(said(),
-              "cimhttp: node 1 (10.0.0.1:5989): definition of class CIM_Fan: Connection closed.; the second "
+              "cimhttp: node 1 (10.0.0.1:5989): definition of class CIM_Fan: Connection closed; the second "
               "attempt was answered\n"
-              "cimhttp: node 2 (10.0.0.2:5988): definition of class CIM_Fan: Connection closed.; the second "
+              "cimhttp: node 2 (10.0.0.2:5988): definition of class CIM_Fan: Connection closed; the second "
               "attempt was answered\n");
     EXPECT_FALSE(hasFailed());
 }
@@ -232,7 +230,7 @@ TEST_F(ClientListenerTest, AConnectionThatComesBackUnencryptedIsTold) {
     EXPECT_EQ(said(),
               "cimhttp: node 1 (10.0.0.1:5988): reconnected over HTTP, now without encryption: no one at "
               "5989\n"
-              "cimhttp: node 1 (10.0.0.1:5989): instances of CIM_Fan: Connection closed.; the second attempt "
+              "cimhttp: node 1 (10.0.0.1:5989): instances of CIM_Fan: Connection closed; the second attempt "
               "was answered\n");
     EXPECT_FALSE(hasFailed());
     EXPECT_EQ(machine_.where(0), "node 1 (10.0.0.1:5988)");
@@ -259,15 +257,58 @@ TEST_F(ClientListenerTest, ANodeThatIsLostIsAFailureWhateverItWasAsked) {
     failDetection(Kind::kBroken);
     failHttps(0);
     failHttp(0);
-    EXPECT_EQ(said(), "cimhttp: node 1 (10.0.0.1:5989): cannot reconnect: no one at 5989 no one at 5988\n");
+    EXPECT_EQ(said(), "") << "the second attempt, which cannot be made, tells it";
+    failDetection(Kind::kBroken);
+    EXPECT_EQ(said(),
+              "cimhttp: node 1 (10.0.0.1:5989): looking for a hypervisor: Connection closed; cannot "
+              "reconnect: no one at 5989; no one at 5988\n");
     EXPECT_TRUE(hasFailed());
+}
+
+TEST_F(ClientListenerTest, ForbidsHttpWhereItWouldShowAPassword) {
+    Machine machine({{"10.0.0.1", "admin", "x", false, false}, {"10.0.0.2", "", ""}});
+    ClientListener listener(machine, notices_, progress_, received_, definitions_);
+    listener.beginConnect();
+    EXPECT_FALSE(listener.AttemptFailed({0, "HTTPSConnect", "", Kind::kCannotConnect, 0, "no TLS."}));
+    EXPECT_TRUE(listener.AttemptFailed({1, "HTTPSConnect", "", Kind::kCannotConnect, 0, "no TLS."}));
+    listener.Connected(1, false);
+    listener.endConnect();
+    EXPECT_THAT(said(), HasSubstr("node 1 (10.0.0.1): cannot connect: no TLS\n"));
+}
+
+TEST_F(ClientListenerTest, TellsThatAConnectionWasNotReplacedByOneThatWouldShowAPassword) {
+    Machine machine({{"10.0.0.1", "admin", "x", false, false}});
+    ClientListener listener(machine, notices_, progress_, received_, definitions_);
+    listener.Connected(0, true);
+    listener.beginQuestion(Wanted::kContent, "CIM_Fan");
+    const ClientFailure broken{0, "EnumerateInstances", "CIM_Fan", Kind::kBroken, 0, "Connection closed."};
+    EXPECT_TRUE(listener.AttemptFailed(broken));
+    EXPECT_FALSE(listener.AttemptFailed({0, "HTTPSConnect", "", Kind::kCannotConnect, 0, "gone."}));
+    listener.AttemptFailed(broken);
+    EXPECT_EQ(said(),
+              "cimhttp: 10.0.0.1:5989: instances of CIM_Fan: Connection closed; cannot reconnect: gone; HTTP "
+              "would show the password, --transport auto allows it\n");
+    EXPECT_TRUE(listener.nodeFailures().hasFailed(0));
+}
+
+TEST_F(ClientListenerTest, CountsTheMachinesNodesWhereThePlugInWasNotGivenAll) {
+    Machine machine({{"10.0.0.1", "", ""}, {"10.0.0.2", "", ""}, {"10.0.0.3", "", ""}});
+    ClientListener listener(machine, notices_, progress_, received_, definitions_);
+    listener.leaveOut(1, "cannot connect: connection refused");
+    listener.Connected(1, true);
+    listener.beginQuestion(Wanted::kContent, "CIM_Fan");
+    listener.AttemptFailed({1, "EnumerateInstances", "CIM_Fan", Kind::kCimError, 1, "no"});
+    EXPECT_EQ(said(),
+              "cimhttp: node 2 (10.0.0.2): cannot connect: connection refused\n"
+              "cimhttp: node 3 (10.0.0.3:5989): instances of CIM_Fan: CIM error: no\n");
+    EXPECT_TRUE(listener.nodeFailures().hasFailed(2));
 }
 
 TEST_F(ClientListenerTest, TellsHowConnectingEndedForEveryNode) {
     Machine machine({{"10.0.0.1", "", ""}, {"10.0.0.2", "", ""}, {"10.0.0.3", "", ""}});
     ClientListener listener(machine, notices_, progress_, received_, definitions_);
     const auto fail = [&](std::size_t node, const std::string& operation, const std::string& text) {
-        EXPECT_TRUE(listener.AttemptFailed({node, operation, "", Kind::kCannotConnect, 0, text}));
+        listener.AttemptFailed({node, operation, "", Kind::kCannotConnect, 0, text});
     };
     listener.beginConnect();
     listener.Connected(0, true);
@@ -280,12 +321,12 @@ TEST_F(ClientListenerTest, TellsHowConnectingEndedForEveryNode) {
     EXPECT_EQ(said(),
               "cimhttp: node 2 (10.0.0.2:5988): connected over HTTP, without encryption: HTTPS is not "
               "offered\n"
-              "cimhttp: node 3 (10.0.0.3): cannot connect: no TLS nobody\n");
+              "cimhttp: node 3 (10.0.0.3): cannot connect: no TLS; nobody\n");
     EXPECT_EQ(notices_.failures(), 1U);
     EXPECT_EQ(machine.where(0), "node 1 (10.0.0.1:5989)");
     fail(0, "HTTPSConnect", "gone");
     fail(0, "HTTPConnect", "gone");
-    EXPECT_THAT(said(), HasSubstr("node 1 (10.0.0.1:5989): cannot reconnect: gone gone\n"));
+    EXPECT_THAT(said(), HasSubstr("node 1 (10.0.0.1:5989): cannot reconnect: gone; gone\n"));
 }
 
 TEST_F(ClientListenerTest, OneProtocolHasNoOtherToFallBackOn) {

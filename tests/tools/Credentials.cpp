@@ -30,6 +30,14 @@ TEST(Credentials, OneLineHoldsForAllNodes) {
     }
 }
 
+TEST(Credentials, ANodeWithoutAUserIsGivenNone) {
+    const TemporaryFile file("secret\n");
+    std::vector<Node> nodes{{"a", "anna", ""}, {"b", "", ""}};
+    addPasswords(nodes, fromFile(file));
+    EXPECT_EQ(nodes[0].password, "secret");
+    EXPECT_EQ(nodes[1].password, "");
+}
+
 TEST(Credentials, OneLineANodeIsInNodeOrder) {
     const TemporaryFile file("one\r\ntwo words\r\n\xc3\xa4");  // no newline at the end
     auto nodes = threeNodes();
@@ -107,14 +115,17 @@ TEST(Credentials, ThePersonIsAskedOnceForEachUser) {
     auto nodes = threeNodes();
     nodes.push_back({"d", "", ""});
     addPasswords(nodes, sources);
-    EXPECT_EQ(prompts, (std::vector<std::string>{"Password of anna: ", "Password of berta: "}));
+    EXPECT_EQ(prompts, (std::vector<std::string>{"Password of anna at a, c: ", "Password of berta at b: "}));
     EXPECT_EQ(nodes[2].password, nodes[0].password);
     EXPECT_EQ(nodes[3].password, "");
 }
 
-TEST(Credentials, WithoutAnySourceThePasswordIsEmpty) {
+TEST(Credentials, WithoutAnySourceNodesWithAUserLackTheirPassword) {
     auto nodes = threeNodes();
+    nodes.push_back({"d", "", ""});
     addPasswords(nodes, {});
+    EXPECT_TRUE(nodes[0].lacksPassword);
+    EXPECT_FALSE(nodes[3].lacksPassword);
     EXPECT_EQ(nodes[0].password, "");
 }
 

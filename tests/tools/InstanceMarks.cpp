@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <numeric>
+
 #include "tests/host/Schema.h"
 
 namespace tool {
@@ -20,7 +22,9 @@ protected:
     }
 
     static InstanceMarks of(std::size_t nodes, const std::string& nameSpace = "root/cimv2") {
-        return {nameSpace, nodes};
+        std::vector<std::size_t> all(nodes);
+        std::iota(all.begin(), all.end(), std::size_t{0});
+        return {nameSpace, all};
     }
 
     std::vector<std::string> marked(const InstanceMarks& marks, const std::string& id) const {
@@ -79,6 +83,13 @@ TEST_F(InstanceMarksTest, OfSeveralNodesTheNodesNumberCountsEvenInAControllersNa
 TEST_F(InstanceMarksTest, AMarkOfNoNodeOfTheMachineIsNone) {
     EXPECT_EQ(unmarked(of(2), "Node3:x"), "none");
     EXPECT_EQ(unmarked(of(2), "sel:1"), "none");
+}
+
+TEST_F(InstanceMarksTest, NodesThatAreLeftKeepTheirNumbersWhenOthersAreNotAsked) {
+    const InstanceMarks marks("root/cimv2", {0, 2});
+    EXPECT_THAT(marked(marks, "x"), ElementsAre("Node1:x", "Node3:x"));
+    EXPECT_EQ(unmarked(marks, "Node3:x"), "2 x");
+    EXPECT_EQ(unmarked(marks, "Node2:x"), "none");
 }
 
 TEST_F(InstanceMarksTest, OtherKeysAreLeftAlone) {

@@ -353,6 +353,7 @@ TEST(Usage, MistakesExitWithTwoAndSayWhatTheyAre) {
         {"--node", "127.0.0.1:5989", "classes"},
         {"--node", "", "classes"},
         {"--node", "a", "--node", "b", "--transport", "http", "classes"},
+        {"--connect-timeout", "0", "classes"},
         {"--node", "a", "--password-file", "/nowhere", "--user", "u", "classes"},
         {"instances", "OMC_Part", "--limit", "x"},
     };
@@ -365,8 +366,8 @@ TEST(Usage, MistakesExitWithTwoAndSayWhatTheyAre) {
 }
 
 TEST(Usage, SeveralNodesOverOneProtocolNameTheOption) {
-    const Outcome outcome = run({"--node", "a", "--node", "b", "--transport", "https", "classes"});
-    EXPECT_THAT(outcome.err, HasSubstr("--transport https connects a single node"));
+    const Outcome outcome = run({"--node", "a", "--node", "b", "--transport", "http", "classes"});
+    EXPECT_THAT(outcome.err, HasSubstr("--transport http asks a single node"));
 }
 
 TEST(Usage, OptionsStandBeforeOrBehindTheCommand) {

@@ -82,16 +82,16 @@ TEST(Nodes, AnUnreachableNodeEndsInOneLine) {
     EXPECT_EQ(outcome.status, 4);
     EXPECT_EQ(outcome.out, "");
     ASSERT_EQ(linesOf(outcome.err).size(), 1U) << outcome.err;
-    EXPECT_THAT(outcome.err, HasSubstr(host + ": cannot connect: "));
-    EXPECT_THAT(outcome.err, HasSubstr(host + ":5989"));
-    EXPECT_THAT(outcome.err, HasSubstr(host + ":5988"));
+    EXPECT_EQ(outcome.err,
+              "cimhttp: " + host + ": cannot connect: ports 5989 and 5988: connection refused\n");
 }
 
 TEST(Nodes, AnUnresolvableNameEndsInOneLine) {
     const Outcome outcome = run({"--node", "no-such-host.invalid", "classes"});
     EXPECT_EQ(outcome.status, 4);
     ASSERT_EQ(linesOf(outcome.err).size(), 1U) << outcome.err;
-    EXPECT_THAT(outcome.err, HasSubstr("no-such-host.invalid:5989"));
+    EXPECT_THAT(outcome.err, StartsWith("cimhttp: no-such-host.invalid: cannot connect: "));
+    EXPECT_THAT(outcome.err, HasSubstr("its name"));
 }
 
 TEST(Nodes, TheOthersAnswerWhenOneIsUnreachable) {
@@ -103,16 +103,6 @@ TEST(Nodes, TheOthersAnswerWhenOneIsUnreachable) {
     EXPECT_EQ(nlohmann::json::parse(outcome.out).size(), 1U);
     ASSERT_EQ(linesOf(outcome.err).size(), 1U) << outcome.err;
     EXPECT_THAT(outcome.err, StartsWith("cimhttp: node 2 (" + machine.Host(1) + "): cannot connect: "));
-}
-
-TEST(Nodes, NothingCanBeAskedWithoutTheFirst) {
-    TestMachine machine(2);
-    machine.Kill(0);
-    const Outcome outcome = run(nodesOf(machine, {"classes"}));
-    EXPECT_EQ(outcome.status, 4);
-    EXPECT_EQ(outcome.out, "");
-    EXPECT_THAT(outcome.err, HasSubstr("node 1 (" + machine.Host(0) + "): cannot connect: "));
-    EXPECT_THAT(outcome.err, HasSubstr("without it nothing can be asked"));
 }
 
 TEST(Nodes, ACimErrorOfOneNodeIsToldWithTheNode) {
@@ -163,7 +153,7 @@ TEST(Transport, OneProtocolIsNotReplacedByTheOther) {
     TestMachine machine(options);
     const Outcome outcome = run(nodesOf(machine, {"--transport", "https", "classes"}));
     EXPECT_EQ(outcome.status, 4);
-    EXPECT_THAT(outcome.err, HasSubstr(machine.Host(0) + ":5989"));
+    EXPECT_THAT(outcome.err, HasSubstr("port 5989: connection refused"));
     EXPECT_EQ(machine.Server().connectionsAccepted(), 0U);
     EXPECT_EQ(run(nodesOf(machine, {"--transport", "http", "classes"})).status, 0);
 }
@@ -195,7 +185,7 @@ TEST(Passwords, ComeFromAVariable) {
 TEST(Passwords, AreAskedForOnATerminalWithoutEcho) {
     TestMachine machine(guarded(1));
     const Outcome outcome = Program({"--node", "admin@" + machine.Host(0), "classes"})
-                                .runOnTerminal("Password of admin: ", kPassword + "\n");
+                                .runOnTerminal("Password of admin at ", kPassword + "\n");
     EXPECT_EQ(outcome.status, 0) << outcome.out;
     EXPECT_THAT(outcome.out, HasSubstr("CIM_ManagedElement\r\n"));
     EXPECT_THAT(outcome.out, Not(HasSubstr(kPassword)));
@@ -206,14 +196,14 @@ TEST(Passwords, MayHaveAnyLetterOnATerminal) {
     options.credentials->password = "Schl\u00fcssel-\u20ac-\u043a\u043b\u044e\u0447";
     TestMachine machine(options);
     const Outcome outcome = Program({"--node", "admin@" + machine.Host(0), "classes"})
-                                .runOnTerminal("Password of admin: ", options.credentials->password + "\n");
+                                .runOnTerminal("Password of admin at ", options.credentials->password + "\n");
     EXPECT_EQ(outcome.status, 0) << outcome.out;
 }
 
 TEST(Passwords, CtrlCAtThePromptEndsTheProgram) {
     TestMachine machine(guarded(1));
     const Outcome outcome = Program({"--node", "admin@" + machine.Host(0), "classes"})
-                                .runOnTerminal("Password of admin: ", "\x03");
+                                .runOnTerminal("Password of admin at ", "\x03");
     EXPECT_EQ(outcome.signal, 2);
 }
 
@@ -252,9 +242,9 @@ TEST(Passwords, ANodeThatRefusesThemIsNamedAndCostsItsOwnRowsOnly) {
     EXPECT_EQ(loginsSeen(machine, 1), 1U);
 }
 
-TEST(Passwords, TheFirstNodeThatRefusesThemEndsTheCommand) {
-    TestMachine machine(guarded(2));
-    const TemporaryFile file("wr0ng-guess\n" + kPassword + "\n");
+TEST(Passwords, TheOnlyNodeThatRefusesThemEndsTheCommand) {
+    TestMachine machine(guarded(1));
+    const TemporaryFile file("wr0ng-guess\n");
     for (const char* command : {"classes", "instances", "names", "tree", "class"}) {
         machine.ClearRequests();
         const Outcome outcome =
@@ -262,8 +252,8 @@ TEST(Passwords, TheFirstNodeThatRefusesThemEndsTheCommand) {
                                   command, "OMC_UnitaryComputerSystem"}));
         EXPECT_EQ(outcome.status, 4) << command;
         EXPECT_EQ(outcome.out, "") << command;
-        EXPECT_EQ(outcome.err, "cimhttp: node 1 (" + machine.Host(0) +
-                                   ":5989): refuses user 'admin' with the password given\n");
+        EXPECT_EQ(outcome.err,
+                  "cimhttp: " + machine.Host(0) + ":5989: refuses user 'admin' with the password given\n");
         EXPECT_EQ(loginsSeen(machine, 0), 1U) << command;
     }
 }

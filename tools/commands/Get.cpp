@@ -23,7 +23,7 @@ using InstancePointer = boost::shared_ptr<ICIMInstance>;
 std::vector<std::string> spellingsOf(const ObjectPath& wanted, const ClassSchema& schema,
                                      const Session& session) {
     std::vector<std::string> spellings{instancePath(wanted, schema)};
-    const InstanceMarks marks(session.nameSpaceName(), session.machine().nodes().size());
+    const InstanceMarks marks(session.nameSpaceName(), session.machine().asked());
     for (const ObjectPath& marked : marks.marked(wanted, schema)) {
         spellings.push_back(instancePath(marked, schema));
     }

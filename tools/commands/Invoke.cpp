@@ -51,12 +51,12 @@ bool isServersOwn(const std::string& path, const std::string& className, const C
 // The path that the first node's server knows the instance by.
 std::string serversPath(const ObjectPath& wanted, const ClassSchema& schema, Session& session) {
     const std::string path = instancePath(wanted, schema);
-    const InstanceMarks marks(session.nameSpaceName(), session.machine().nodes().size());
+    const InstanceMarks marks(session.nameSpaceName(), session.machine().asked());
     const auto unmarked = marks.unmarked(wanted, schema);
     if (!unmarked || isServersOwn(path, wanted.className, schema, session)) {
         return path;
     }
-    if (unmarked->node != 0) {
+    if (unmarked->node != session.machine().first()) {
         throw UsageError(path + " is an instance of " + session.machine().where(unmarked->node) +
                          ": methods go to the first node only");
     }

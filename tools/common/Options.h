@@ -7,7 +7,7 @@
 
 namespace tool {
 
-/// How a namespace is connected: by its own choice (HTTPS, else HTTP), or over one protocol only.
+/// How nodes are reached: over HTTPS, else HTTP, or over one protocol only.
 enum class Transport { kAuto, kHttps, kHttp };
 
 enum class Format { kText, kJson, kCsv };
@@ -17,12 +17,13 @@ enum class Question { kClasses, kNames, kWalk, kClass, kTree, kQualifiers, kInst
 
 /// What the command line says, read but not yet interpreted.
 struct Options {
-    std::vector<std::string> nodes;  ///< [USER@]HOST each, in node order; none: the embedded machine.
-    std::string user;                ///< Of the nodes that name none.
-    std::string passwordFile;        ///< Empty: none.
-    Transport transport = Transport::kAuto;
+    std::vector<std::string> nodes;      ///< [USER@]HOST each, in node order; none: the embedded machine.
+    std::string user;                    ///< Of the nodes that name none.
+    std::string passwordFile;            ///< Empty: none.
+    std::optional<Transport> transport;  ///< None: HTTPS, and HTTP where there is no password to be seen.
     std::string nameSpace = "root/cimv2";
     std::optional<unsigned> timeoutMs;
+    unsigned connectTimeoutS = 10;
     Format format = Format::kText;
     bool verbose = false;
 

@@ -34,11 +34,19 @@ std::string wordsFor(const std::string& operation) {
     return found == words.end() ? operation : found->second;
 }
 
+// More may follow in the same line.
+std::string withoutFullStop(std::string text) {
+    if (!text.empty() && text.back() == '.') {
+        text.pop_back();
+    }
+    return text;
+}
+
 std::string reasonOf(const ClientFailure& failure) {
     if (failure.kind == Kind::kTimeout) {
         return "no answer in time";
     }
-    return failure.kind == Kind::kCimError ? "CIM error: " + failure.text : failure.text;
+    return (failure.kind == Kind::kCimError ? "CIM error: " : "") + withoutFullStop(failure.text);
 }
 
 // The server answered, and has no such namespace, class or object (DSP0200).
@@ -56,7 +64,7 @@ void ClientListener::beginConnect() {
 
 void ClientListener::endConnect() {
     connecting_ = false;
-    for (std::size_t node = 0; node < machine_.nodes().size(); ++node) {
+    for (const std::size_t node : machine_.asked()) {
         const Machine::Link& link = machine_.link(node);
         if (!link.reached) {
             fail(node, machine_.where(node) + ": cannot connect: " + link.failures());
@@ -67,15 +75,31 @@ void ClientListener::endConnect() {
     }
 }
 
+void ClientListener::leaveOut(std::size_t node, const std::string& why) {
+    machine_.leaveOut(node);
+    fail(node, machine_.where(node) + ": " + why);
+}
+
 void ClientListener::beginQuestion(Wanted wanted, const std::string& subject) {
     wanted_ = wanted;
     subject_ = subject;
 }
 
+// What the plug-in tells of its nodes, which are those that are asked, as told of the machine's.
+template <typename TOLD>
+TOLD ClientListener::ofMachine(const TOLD& told) const {
+    TOLD ofNode = told;
+    ofNode.node = machine_.asked().at(told.node);
+    return ofNode;
+}
+
 bool ClientListener::AttemptFailed(const ClientFailure& failure) {
+    return attemptFailed(ofMachine(failure));
+}
+
+bool ClientListener::attemptFailed(const ClientFailure& failure) {
     if (failure.kind == Kind::kCannotConnect) {
-        loseLink(failure);
-        return true;
+        return loseLink(failure);
     }
     if (failure.kind == Kind::kRefusedCredentials) {
         refuse(failure.node);
@@ -83,7 +107,7 @@ bool ClientListener::AttemptFailed(const ClientFailure& failure) {
     }
     if (failure.kind == Kind::kCimError && isDetection(failure)) {
         if (first_) {
-            Recovered(failure);  // the server does not know the hypervisor's class: it is none
+            sayRecovered(failure);  // the server does not know the hypervisor's class: it is none
         }
         return true;
     }
@@ -92,6 +116,10 @@ bool ClientListener::AttemptFailed(const ClientFailure& failure) {
 }
 
 void ClientListener::Recovered(const ClientFailure& failure) {
+    sayRecovered(ofMachine(failure));
+}
+
+void ClientListener::sayRecovered(const ClientFailure& failure) {
     const bool isMethod = failure.operation == "InvokeMethod";
     notices_.say(first_.value_or(describe(failure) + ": " + reasonOf(failure)) +
                  "; the second attempt was answered" +
@@ -100,10 +128,11 @@ void ClientListener::Recovered(const ClientFailure& failure) {
 }
 
 void ClientListener::Warned(std::size_t node, const std::string& subject, const std::string& text) {
-    notices_.say(machine_.where(node) + ": " + subject + ": " + text);
+    notices_.say(machine_.where(machine_.asked().at(node)) + ": " + subject + ": " + text);
 }
 
-void ClientListener::Connected(std::size_t node, bool isEncrypted) {
+void ClientListener::Connected(std::size_t told, bool isEncrypted) {
+    const std::size_t node = machine_.asked().at(told);
     Machine::Link& link = machine_.link(node);
     const bool wasOverHttps = link.reached && link.overHttps;
     link.reached = true;
@@ -115,14 +144,29 @@ void ClientListener::Connected(std::size_t node, bool isEncrypted) {
 }
 
 // While the nodes are being connected only what comes out in the end is told.
-void ClientListener::loseLink(const ClientFailure& failure) {
+bool ClientListener::loseLink(const ClientFailure& failure) {
     Machine::Link& link = machine_.link(failure.node);
-    const bool isLastWay = failure.operation == "HTTPConnect";
-    (isLastWay ? link.httpFailure : link.httpsFailure) = failure.text;
+    const bool isHttp = failure.operation == "HTTPConnect";
+    const bool mayGoOn = !isHttp && machine_.nodes()[failure.node].mayUseHttp;
+    (isHttp ? link.httpFailure : link.httpsFailure) = withoutFullStop(failure.text);
     if (connecting_) {
         link.reached = false;
-    } else if (isLastWay) {
-        fail(failure.node, machine_.where(failure.node) + ": cannot reconnect: " + link.failures());
+    } else if (!mayGoOn) {
+        sayLost(failure.node, isHttp);
+    }
+    return mayGoOn;
+}
+
+// The request that was under way fails for it: one line for both.
+void ClientListener::sayLost(std::size_t node, bool wasHttpTried) {
+    const bool isKept = !wasHttpTried && !machine_.nodes()[node].user.empty();
+    const std::string why = "cannot reconnect: " + machine_.link(node).failures() +
+                            (isKept ? "; HTTP would show the password, --transport auto allows it" : "");
+    isLost_ = first_.has_value();
+    if (isLost_) {
+        *first_ += "; " + why;
+    } else {
+        fail(node, machine_.where(node) + ": " + why);
     }
 }
 
@@ -141,6 +185,12 @@ void ClientListener::failRequest(const ClientFailure& failure) {
     const std::string text = describe(failure) + ": " + reasonOf(failure);
     if (!first_ && failure.kind != Kind::kCimError) {
         first_ = text;
+        return;
+    }
+    if (first_ && isLost_) {
+        isLost_ = false;
+        fail(failure.node, *first_);
+        first_.reset();
         return;
     }
     if (first_) {
@@ -191,7 +241,7 @@ void ClientListener::Begun(const ClientRequest& request) {
     if (request.operation == "EnumerateInstances") {
         progress_.note({});  // what an earlier answer held
     }
-    progress_.begin(describe(request));
+    progress_.begin(describe(ofMachine(request)));
 }
 
 void ClientListener::Ended(const ClientRequest& /*request*/, bool /*answered*/) {
@@ -200,13 +250,14 @@ void ClientListener::Ended(const ClientRequest& /*request*/, bool /*answered*/) 
 
 void ClientListener::Received(const ClientRequest& request,
                               const Pegasus::Array<Pegasus::CIMInstance>& instances) {
-    progress_.note(fmt::format("{}: {} instances of {} received", machine_.where(request.node),
-                               instances.size(), request.subject));
-    received_.add(request.node, request.subject, instances);
+    const std::size_t node = machine_.asked().at(request.node);
+    progress_.note(fmt::format("{}: {} instances of {} received", machine_.where(node), instances.size(),
+                               request.subject));
+    received_.add(node, request.subject, instances);
 }
 
 void ClientListener::Defined(const ClientRequest& request, const Pegasus::CIMClass& definition) {
-    definitions_.add(request.node, definition);
+    definitions_.add(machine_.asked().at(request.node), definition);
 }
 
 }  // namespace tool

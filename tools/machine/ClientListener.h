@@ -19,7 +19,10 @@ namespace tool {
 /// a person what went wrong: which node, what it was asked, and why. A failure that did no harm, since the
 /// second attempt was answered or since nobody needs the answer, is told too but does not count.
 ///
-/// Credentials that were refused are not shown to the server again: controllers lock accounts.
+/// Credentials that were refused are not shown to the server again: controllers lock accounts. A node that
+/// may not be asked over HTTP is not, when a connection over HTTPS cannot be opened.
+///
+/// The plug-in numbers the nodes that it was given; what is kept and said here counts all of the machine's.
 class ClientListener : public NQELVSK20::ClientObserver {
 public:
     /// What the program asks the plug-in for.
@@ -39,6 +42,9 @@ public:
     void beginConnect();
     void endConnect();
 
+    /// A node is not asked: a failure, which is told.
+    void leaveOut(std::size_t node, const std::string& why);
+
     /// The plug-in is asked about `subject` from now on, a class or a method.
     void beginQuestion(Wanted wanted, const std::string& subject);
 
@@ -52,18 +58,22 @@ public:
     bool AttemptFailed(const NQELVSK20::ClientFailure& failure) override;
     void Recovered(const NQELVSK20::ClientFailure& failure) override;
     void Warned(std::size_t node, const std::string& subject, const std::string& text) override;
-    void Connected(std::size_t node, bool isEncrypted) override;
     void Begun(const NQELVSK20::ClientRequest& request) override;
     void Ended(const NQELVSK20::ClientRequest& request, bool answered) override;
     void Received(const NQELVSK20::ClientRequest& request,
                   const Pegasus::Array<Pegasus::CIMInstance>& instances) override;
-
     void Defined(const NQELVSK20::ClientRequest& request, const Pegasus::CIMClass& definition) override;
+    void Connected(std::size_t told, bool isEncrypted) override;
 
 private:
-    void loseLink(const NQELVSK20::ClientFailure& failure);
+    template <typename TOLD>
+    TOLD ofMachine(const TOLD& told) const;
+    bool attemptFailed(const NQELVSK20::ClientFailure& failure);
+    bool loseLink(const NQELVSK20::ClientFailure& failure);
+    void sayLost(std::size_t node, bool wasHttpTried);
     void refuse(std::size_t node);
     void failRequest(const NQELVSK20::ClientFailure& failure);
+    void sayRecovered(const NQELVSK20::ClientFailure& failure);
     void sayFailed(const std::string& text, const NQELVSK20::ClientFailure& failure);
     bool isDetection(const NQELVSK20::ClientRequest& request) const;
     bool isOfReference(const NQELVSK20::ClientRequest& request) const;
@@ -80,6 +90,7 @@ private:
     std::string subject_;
     std::optional<std::string>
         first_;                       // of a request whose second attempt is under way: how the first failed
+    bool isLost_ = false;             // the connection of that request did not come back
     std::set<std::size_t> refusing_;  // nodes
     NodeFailures nodeFailures_;
 };

@@ -42,8 +42,21 @@ void takeFromFile(std::vector<Node>& nodes, const std::string& file) {
                          " nodes is expected");
     }
     for (std::size_t i = 0; i < nodes.size(); ++i) {
-        nodes[i].password = lines.size() == 1 ? lines.front() : lines[i];
+        if (hasUser(nodes[i])) {
+            nodes[i].password = lines.size() == 1 ? lines.front() : lines[i];
+        }
     }
+}
+
+// The user and where the password goes, since one may have several.
+std::string promptFor(const std::string& user, const std::vector<Node>& nodes) {
+    std::string hosts;
+    for (const Node& node : nodes) {
+        if (node.user == user) {
+            hosts += (hosts.empty() ? "" : ", ") + node.host;
+        }
+    }
+    return "Password of " + user + " at " + hosts + ": ";
 }
 
 void ask(std::vector<Node>& nodes, const PasswordSources& sources) {
@@ -55,7 +68,7 @@ void ask(std::vector<Node>& nodes, const PasswordSources& sources) {
         const auto known = answers.find(node.user);
         node.password = known != answers.end()
                             ? known->second
-                            : answers[node.user] = sources.ask("Password of " + node.user + ": ");
+                            : answers[node.user] = sources.ask(promptFor(node.user, nodes));
     }
 }
 
@@ -70,6 +83,10 @@ void addPasswords(std::vector<Node>& nodes, const PasswordSources& sources) {
         }
     } else if (sources.ask) {
         ask(nodes, sources);
+    } else {
+        for (Node& node : nodes) {
+            node.lacksPassword = hasUser(node);
+        }
     }
 }
 

@@ -18,7 +18,8 @@ struct PasswordSources {
 };
 
 /// Gives every node that has a user its password. The file holds one line for all nodes or one line a node,
-/// in node order; the person is asked once for each user. Throws UsageError when the file cannot be read or
+/// in node order; the person is asked once for each user, and told the hosts. Where there is no source, nodes
+/// with a user lack their password from then on. Throws UsageError when the file cannot be read or
 /// has another number of lines, and when there is a file but no user.
 void addPasswords(std::vector<Node>& nodes, const PasswordSources& sources);
 

@@ -38,11 +38,11 @@ std::optional<ObjectPath> changed(ObjectPath path, const ClassSchema& schema, co
 
 }  // namespace
 
-InstanceMarks::InstanceMarks(const std::string& nameSpace, std::size_t nodes)
-    : marksOnlyEmpty_(nodes == 1 && !isController(nameSpace)) {
-    for (std::size_t i = 0; i < nodes; ++i) {
-        const bool isByName = nodes == 1 && isController(nameSpace);
-        marks_.push_back(markOf(isByName ? controllerNumber(nameSpace) : std::to_string(i + 1)));
+InstanceMarks::InstanceMarks(const std::string& nameSpace, const std::vector<std::size_t>& nodes)
+    : nodes_(nodes), marksOnlyEmpty_(nodes.size() == 1 && !isController(nameSpace)) {
+    const bool isByName = nodes.size() == 1 && isController(nameSpace);
+    for (const std::size_t node : nodes) {
+        marks_.push_back(markOf(isByName ? controllerNumber(nameSpace) : std::to_string(node + 1)));
     }
 }
 
@@ -63,15 +63,15 @@ std::vector<ObjectPath> InstanceMarks::marked(const ObjectPath& path, const Clas
 
 std::optional<InstanceMarks::Unmarked> InstanceMarks::unmarked(const ObjectPath& path,
                                                                const ClassSchema& schema) const {
-    for (std::size_t node = 0; node < marks_.size(); ++node) {
-        const std::string& mark = marks_[node];
+    for (std::size_t i = 0; i < marks_.size(); ++i) {
+        const std::string& mark = marks_[i];
         const auto takeMark = [&](std::string& text) {
             const bool isMarked = marksOnlyEmpty_ ? text == mark : text.compare(0, mark.size(), mark) == 0;
             text.erase(0, isMarked ? mark.size() : 0);
             return isMarked;
         };
         if (const auto own = changed(path, schema, takeMark)) {
-            return Unmarked{*own, node};
+            return Unmarked{*own, nodes_[i]};
         }
     }
     return std::nullopt;

@@ -14,8 +14,8 @@ namespace tool {
 /// without.
 class InstanceMarks {
 public:
-    /// For a namespace of that name on a machine of so many nodes.
-    InstanceMarks(const std::string& nameSpace, std::size_t nodes);
+    /// For a namespace of that name on these nodes of the machine, counted from zero.
+    InstanceMarks(const std::string& nameSpace, const std::vector<std::size_t>& nodes);
 
     /// A path of a server as each node's instance would bear it, in node order; none when nothing in it is
     /// marked.
@@ -30,7 +30,8 @@ public:
     std::optional<Unmarked> unmarked(const ObjectPath& path, const ClassSchema& schema) const;
 
 private:
-    std::vector<std::string> marks_;  // in node order
+    std::vector<std::size_t> nodes_;
+    std::vector<std::string> marks_;  // theirs
     bool marksOnlyEmpty_;
 };
 

@@ -1,11 +1,23 @@
 #include "tools/machine/Machine.h"
 
+#include <algorithm>
+#include <numeric>
+
 #include "cimhttp/PegClient.h"
 
 namespace tool {
 
+Machine::Machine(std::vector<Node> nodes)
+    : nodes_(std::move(nodes)), links_(nodes_.size()), asked_(nodes_.size()) {
+    std::iota(asked_.begin(), asked_.end(), std::size_t{0});
+}
+
+void Machine::leaveOut(std::size_t node) {
+    asked_.erase(std::remove(asked_.begin(), asked_.end(), node), asked_.end());
+}
+
 std::string Machine::Link::failures() const {
-    return httpsFailure + (httpsFailure.empty() || httpFailure.empty() ? "" : " ") + httpFailure;
+    return httpsFailure + (httpsFailure.empty() || httpFailure.empty() ? "" : "; ") + httpFailure;
 }
 
 std::string Machine::where(std::size_t node) const {

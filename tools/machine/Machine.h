@@ -18,13 +18,22 @@ public:
         bool reached = false;
         bool overHttps = false;  ///< The protocol in use; has a meaning for a node that was reached.
 
-        /// Both, with a blank between.
+        /// Both, with a semicolon between.
         std::string failures() const;
     };
 
-    explicit Machine(std::vector<Node> nodes) : nodes_(std::move(nodes)), links_(nodes_.size()) {}
+    explicit Machine(std::vector<Node> nodes);
 
     const std::vector<Node>& nodes() const { return nodes_; }
+
+    /// The nodes that the plug-in is given, in the order in which it numbers them: at first all. What is said
+    /// to a person counts all nodes.
+    const std::vector<std::size_t>& asked() const { return asked_; }
+    void leaveOut(std::size_t node);
+
+    /// The first of them, whom the plug-in asks for definitions and names.
+    std::size_t first() const { return asked_.front(); }
+
     Link& link(std::size_t node) { return links_.at(node); }
     const Link& link(std::size_t node) const { return links_.at(node); }
 
@@ -35,6 +44,7 @@ public:
 private:
     std::vector<Node> nodes_;
     std::vector<Link> links_;  // in node order
+    std::vector<std::size_t> asked_;
 };
 
 }  // namespace tool

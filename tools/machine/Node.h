@@ -10,6 +10,8 @@ struct Node {
     std::string host;  ///< Name or address; IPv6 without brackets.
     std::string user;  ///< Empty: nobody in particular.
     std::string password;
+    bool lacksPassword = false;  ///< There is a user, and nobody told the password.
+    bool mayUseHttp = true;      ///< Whether it may be asked without encryption.
 };
 
 /// What `--node` was given, `[USER@]HOST`; `defaultUser` is taken when it names none. The password stays

@@ -3,6 +3,7 @@
 #include <Pegasus/Common/CIMName.h>
 #include <Pegasus/Common/Exception.h>
 
+#include <algorithm>
 #include <boost/make_shared.hpp>
 #include <boost/pointer_cast.hpp>
 #include <cstdlib>
@@ -16,6 +17,7 @@
 #include "tools/common/UsageError.h"
 #include "tools/console/Terminal.h"
 #include "tools/machine/Credentials.h"
+#include "tools/machine/NodeSelection.h"
 #include "union/TUnionNamespace.h"
 #include "vskcore/INamespaceProviderManager.h"
 #include "vskcore/THostSetup.h"
@@ -42,10 +44,6 @@ PasswordSources passwordSources(const Options& options) {
         sources.ask = terminal::readSecret;
     }
     return sources;
-}
-
-std::string nameOf(Transport transport) {
-    return transport == Transport::kHttp ? "http" : "https";
 }
 
 std::string textOf(const Pegasus::Exception& error) {
@@ -87,6 +85,7 @@ bool isOtherThanZero(const TCIMValue& value) {
 Session::Session(const Options& options, Notices& notices, Progress& progress)
     : options_(options),
       notices_(notices),
+      progress_(progress),
       machine_(nodesToAsk()),
       logger_(notices, options.verbose),
       listener_(machine_, notices, progress, received_, definitions_) {
@@ -103,23 +102,28 @@ std::vector<Node> Session::nodesToAsk() {
     if (options_.nodes.empty()) {
         return nodesOfEmbeddedMachine();
     }
-    if (options_.transport != Transport::kAuto && options_.nodes.size() > 1) {
-        throw UsageError("--transport " + nameOf(options_.transport) +
-                         " connects a single node; several nodes are connected with --transport auto");
+    if (options_.transport == Transport::kHttp && options_.nodes.size() > 1) {
+        throw UsageError("--transport http asks a single node; several are asked over https, or auto");
     }
+    return namedNodes();
+}
+
+std::vector<Node> Session::namedNodes() const {
     std::vector<Node> nodes;
     for (const std::string& text : options_.nodes) {
         nodes.push_back(parseNode(text, options_.user));
     }
     addPasswords(nodes, passwordSources(options_));
+    for (Node& node : nodes) {
+        node.mayUseHttp = options_.transport ? options_.transport != Transport::kHttps : node.user.empty();
+    }
     return nodes;
 }
 
 std::vector<Node> Session::nodesOfEmbeddedMachine() {
-    const bool single = options_.transport != Transport::kAuto;
+    const bool single = options_.transport == Transport::kHttp;
     if (single) {
-        notices_.say("--transport " + nameOf(options_.transport) +
-                     " connects a single node: the embedded machine has one");
+        notices_.say("--transport http asks a single node: the embedded machine has one");
     }
     embedded_ = std::make_unique<EmbeddedMachine>(single ? 1 : kEmbeddedNodes);
     std::vector<Node> nodes;
@@ -132,7 +136,6 @@ std::vector<Node> Session::nodesOfEmbeddedMachine() {
 void Session::setUpHost() {
     THostSetup::SetCoreLogger(&logger_);
     THostSetup::SetNodeCount(machine_.nodes().size());
-    THostSetup::SetBMCMapping([](int index) { return index; });
     TCimHTTPNamespaceProvider::Initialize();
 }
 
@@ -151,6 +154,47 @@ boost::shared_ptr<TCimHTTPNamespace> Session::allocateNamespace() {
 }
 
 void Session::connect() {
+    selectNodes();
+    open();
+}
+
+void Session::selectNodes() {
+    NodeSelection selection(options_, machine_, listener_);
+    selection.leaveOutWithoutPassword();
+    if (!embedded_ && !machine_.asked().empty()) {
+        progress_.begin("looking for the nodes' servers");
+        selection.leaveOutUnreachable();
+        progress_.end();
+        isHttpTheOnlyWay_ = selection.isHttpTheOnlyWay();
+    }
+}
+
+bool Session::goOnWithoutFirst() {
+    const std::vector<std::size_t> asked = machine_.asked();
+    if (wasAnswered_ || asked.empty() || !listener_.isRefusedBy(machine_.first())) {
+        return false;
+    }
+    for (const std::size_t node : asked) {
+        if (listener_.isRefusedBy(node)) {
+            machine_.leaveOut(node);
+        }
+    }
+    if (machine_.asked().empty()) {
+        return false;
+    }
+    open();
+    return true;
+}
+
+void Session::open() {
+    if (machine_.asked().empty()) {
+        throw Failure();  // each was told
+    }
+    requireFirstForMethods();
+    // Nodes keep their numbers when others are left out.
+    THostSetup::SetBMCMapping([asked = machine_.asked()](int index) {
+        return static_cast<int>(asked.at(static_cast<std::size_t>(index)));
+    });
     nameSpace_ = allocateNamespace();
     nameSpace_->ObserveClients(&listener_);
     listener_.beginConnect();
@@ -163,8 +207,8 @@ void Session::connect() {
     }
     requireFirstNode();
     listener_.endConnect();
-    if (!machine_.link(0).reached) {
-        throw Failure(machine_.nodes().size() == 1
+    if (!machine_.link(machine_.first()).reached) {
+        throw Failure(machine_.asked().size() == 1
                           ? ""
                           : "definitions, names and methods come from the first node: "
                             "without it nothing can be asked");
@@ -174,20 +218,30 @@ void Session::connect() {
     }
 }
 
+// A method must not run on another node than was meant, only because that one does not answer.
+void Session::requireFirstForMethods() const {
+    if (machine_.first() == 0) {
+        return;
+    }
+    if (options_.question == Question::kInvoke) {
+        throw Failure("methods go to the first node only: none was called");
+    }
+    notices_.say("definitions and names come from " + machine_.where(machine_.first()) +
+                 " instead of node 1");
+}
+
 void Session::connectNodes() {
-    const std::vector<Node>& nodes = machine_.nodes();
-    const Node& first = nodes.front();
-    if (options_.transport == Transport::kHttp) {
+    const Node& first = machine_.nodes()[machine_.first()];
+    if (options_.transport == Transport::kHttp || isHttpTheOnlyWay_) {
         nameSpace_->ConnectViaHttp(first.host, first.user, first.password, kHttpPort);
-    } else if (options_.transport == Transport::kHttps) {
-        nameSpace_->ConnectViaHttps(first.host, first.user, first.password, kHttpsPort);
-    } else if (nodes.size() == 1) {
+    } else if (machine_.asked().size() == 1) {
         nameSpace_->connect(first.host, first.user, first.password);
     } else {
         std::vector<std::string> hosts;
         std::vector<std::string> users;
         std::vector<std::string> passwords;
-        for (const Node& node : nodes) {
+        for (const std::size_t index : machine_.asked()) {
+            const Node& node = machine_.nodes()[index];
             hosts.push_back(node.host);
             users.push_back(node.user);
             passwords.push_back(node.password);
@@ -210,10 +264,11 @@ void Session::askFirstNode(Wanted wanted, const std::string& subject, const CALL
     ask(wanted, subject, call);
     askedAll_ = false;
     requireFirstNode();
+    wasAnswered_ = true;
 }
 
 void Session::requireFirstNode() const {
-    if (listener_.isRefusedBy(0)) {
+    if (listener_.isRefusedBy(machine_.first())) {
         throw Failure();  // said by the listener
     }
 }
@@ -312,12 +367,10 @@ Session::MethodResult Session::invoke(ICIMClass& cimClass, const std::string& pa
 
 bool Session::isUnanswered() const {
     const NodeFailures& failing = listener_.nodeFailures();
-    for (std::size_t node = 1; askedAll_ && node < machine_.nodes().size(); ++node) {
-        if (!failing.hasFailed(node)) {
-            return false;
-        }
-    }
-    return failing.hasFailed(0);
+    const std::vector<std::size_t>& asked = machine_.asked();
+    const auto hasFailed = [&](std::size_t node) { return failing.hasFailed(node); };
+    return asked.empty() ||
+           (askedAll_ ? std::all_of(asked.begin(), asked.end(), hasFailed) : hasFailed(asked.front()));
 }
 
 std::vector<boost::shared_ptr<ICIMQualifierDecl>> Session::qualifierDecls() {

@@ -32,9 +32,9 @@ namespace tool {
 /// The host around the plug-in: loads its provider, has a namespace allocated and connected to the machine's
 /// nodes, and passes questions on. Failures on the way are said on standard error.
 ///
-/// One session a process: the plug-in and the host's services are process-wide. Every operation but
-/// enumerateInstances throws Failure when the first node refuses user or password; what another one refuses
-/// costs its own part of the answer.
+/// One session a process: the plug-in and the host's services are process-wide. A node that cannot be asked
+/// costs its own part of the answer, and the next one stands in for the first. Every operation but
+/// enumerateInstances throws Failure when the first node refuses user or password.
 class Session {
 public:
     /// What `options` says: the nodes with their passwords, or the embedded machine. Throws UsageError when
@@ -44,9 +44,13 @@ public:
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
-    /// Connects every node and says which could not be reached. Throws Failure when the first one could not:
-    /// definitions, names and methods come from it alone.
+    /// Connects every node that can be reached and says which could not. Throws Failure when there is none,
+    /// and when there is a method to run and the machine's first node is not among them.
     void connect();
+
+    /// After a Failure: when the first node refused user or password before anything was answered, connects
+    /// the others that did not. False when that is not so, or when none is left.
+    bool goOnWithoutFirst();
 
     /// Direct subclasses of a class, of none: the top-level classes. In the server's order.
     std::vector<std::string> classNames(const std::string& className);
@@ -113,7 +117,11 @@ public:
 
 private:
     std::vector<Node> nodesToAsk();
+    std::vector<Node> namedNodes() const;
     std::vector<Node> nodesOfEmbeddedMachine();
+    void selectNodes();
+    void open();
+    void requireFirstForMethods() const;
     void setUpHost();
     boost::shared_ptr<NQELVSK20::TCimHTTPNamespace> allocateNamespace();
     void connectNodes();
@@ -128,6 +136,7 @@ private:
 
     const Options options_;
     Notices& notices_;
+    Progress& progress_;
     std::unique_ptr<EmbeddedMachine> embedded_;  // null when nodes were named
     Machine machine_;
     ConsoleLogger logger_;
@@ -136,6 +145,8 @@ private:
     ClientListener listener_;
     bool askedAll_ = false;  // by the last question: every node, not the first one only
     bool methodReturnedOther_ = false;
+    bool wasAnswered_ = false;                                   // by the first node
+    bool isHttpTheOnlyWay_ = false;                              // to the only node
     boost::shared_ptr<NQELVSK20::TCimHTTPNamespace> nameSpace_;  // goes before logger, listener and machine
 };
 

@@ -14,7 +14,7 @@ constexpr const char* kDescription =
     "of three nodes on loopback addresses and asks that.";
 
 constexpr const char* kFooter =
-    "Servers are reached over HTTPS on port 5989, else HTTP on port 5988; certificates are not checked.\n"
+    "Servers are reached over HTTPS on port 5989 or HTTP on port 5988; certificates are not checked.\n"
     "Instances come from every node; class names, instance names, definitions and methods from the first.\n"
     "Exit status:\n"
     "  0  answered\n"
@@ -63,7 +63,8 @@ private:
         const std::map<std::string, Transport> transports{
             {"auto", Transport::kAuto}, {"https", Transport::kHttps}, {"http", Transport::kHttp}};
         app_.add_option("--transport", options_.transport,
-                        "auto (HTTPS, else HTTP), or https or http for a single node")
+                        "https, or http for a single node, or auto: HTTPS, else HTTP, also where that shows "
+                        "a password; left out: HTTPS, else HTTP for nodes without a user")
             ->type_name("NAME")
             ->transform(CLI::CheckedTransformer(transports, CLI::ignore_case).description(""));
         app_.add_option("--namespace", options_.nameSpace, "CIM namespace, root/cimv2 when left out")
@@ -71,6 +72,11 @@ private:
         app_.add_option("--timeout", options_.timeoutMs, kTimeoutHelp)
             ->type_name("MS")
             ->check(CLI::PositiveNumber.description(""));
+        app_.add_option("--connect-timeout", options_.connectTimeoutS,
+                        "How long nodes have to accept a connection, 10 when left out; one that does not is "
+                        "left out of the answer")
+            ->type_name("SECONDS")
+            ->check(CLI::Range(1U, 3600U).description(""));
     }
 
     void addOutputOptions() {

@@ -45,12 +45,24 @@ void say(const std::exception& failure, Notices& notices) {
     }
 }
 
+bool runOnNodesThatAnswer(const CommandContext& context) {
+    for (;;) {
+        try {
+            return runCommand(context);
+        } catch (const Failure&) {
+            if (!context.session.goOnWithoutFirst()) {
+                throw;
+            }
+        }
+    }
+}
+
 ExitStatus answer(const Options& options, Notices& notices, Progress& progress) {
     Output output(std::cout, progress, terminal::isOutput());
     Session session(options, notices, progress);
     try {
         session.connect();
-        const bool found = runCommand({options, session, output, progress, notices});
+        const bool found = runOnNodesThatAnswer({options, session, output, progress, notices});
         output.flush();
         return statusOf(found, session);
     } catch (const Failure& failure) {

@@ -39,6 +39,8 @@ public:
 
     /// An attempt failed. False asks for no further one of this request, where the client would make another;
     /// a client whose credentials were refused then disconnects, so that no later request shows them again.
+    /// Of a connection over HTTPS that could not be opened it asks for none over HTTP, where all is readable
+    /// that is sent: neither now nor in the place of one that breaks, for which this is called again.
     virtual bool AttemptFailed(const ClientFailure& failure) = 0;
 
     /// The attempt after the one that failed so was answered.

@@ -39,13 +39,14 @@ public:
     /// Opens a connection over TLS; the server's certificate is not checked.
     bool HTTPSConnect(std::string host, std::string user, std::string password, int port);
 
-    /// HTTPS on port 5989, and HTTP on port 5988 when that fails.
+    /// HTTPS on port 5989, and HTTP on port 5988 when that fails, unless the observer forbids it.
     bool Connect(std::string host, std::string user, std::string password);
 
     void Disconnect();
 
     /// Disconnects, waits 5000 ms and connects as `Connect` with the host and credentials used last: also
-    /// over plain HTTP when HTTPS fails, whichever of the two the connection was opened with before.
+    /// over plain HTTP when HTTPS fails, whichever of the two the connection was opened with before, unless
+    /// the observer forbids it.
     void Reconnect();
 
     /// The remote library's client; owned by this object and valid as long as it.

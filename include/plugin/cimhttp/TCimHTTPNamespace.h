@@ -81,7 +81,8 @@ public:
     ///
     /// That holds for this connection, not for those that follow it: a request whose connection breaks is
     /// repeated after PegClient::Reconnect, which falls back to plain HTTP when HTTPS fails. User and
-    /// password then go over the network unencrypted although HTTPS was asked for.
+    /// password then go over the network unencrypted although HTTPS was asked for, unless a ClientObserver
+    /// forbids it.
     void ConnectViaHttp(std::string host, std::string user, std::string password, int port);
     void ConnectViaHttps(std::string host, std::string user, std::string password, int port);
 
