@@ -54,6 +54,9 @@ public:
 
     void signal(int number) const;
 
+    /// Its number in the system.
+    int id() const;
+
     /// Waits for its end and returns what it printed and was not read as a line.
     ProcessResult wait();
 

@@ -46,6 +46,7 @@ private:
             socket.set_option(boost::asio::socket_base::linger(true, 0));
             socket.close();  // its destructor would not reset
         }
+        socket.close();  // which a destructor does without the option
     }
 
     boost::asio::io_context context_;

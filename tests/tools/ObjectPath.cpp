@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/tools/support/Sensors.h"
+#include "tools/common/SafeText.h"
 #include "tools/common/UsageError.h"
 
 namespace tool {
@@ -34,6 +35,33 @@ TEST(ObjectPath, ReadsQuotedAndBareKeys) {
     EXPECT_EQ(path.keys[1].name, "Number");
     EXPECT_EQ(path.keys[1].text, "3");
     EXPECT_EQ(path.keys[2].text, "TRUE");
+}
+
+TEST(ObjectPath, ReadsWhatIsPrintedForUnsafeCharacters) {
+    const std::string hostile = "a\n\r\t\x1b\u202e\"\\n.";
+    std::string quoted;
+    for (const char letter : hostile) {
+        quoted += letter == '"' || letter == '\\' ? "\\" : "";
+        quoted += letter;
+    }
+    const std::string printed = safeText("A.ID=\"" + quoted + "\"");
+    EXPECT_EQ(ObjectPath::parse(printed).keys.front().text, hostile) << printed;
+    EXPECT_EQ(ObjectPath::parse(R"(A.ID="\x4\u12g4\z")").keys.front().text, "x4u12g4z") << "no such number";
+}
+
+TEST(ObjectPath, IsTheSameWhateverTheOrderOfItsKeys) {
+    const ObjectPath path = ObjectPath::parse("A.X=1,Y=2");
+    EXPECT_TRUE(path.isSame(ObjectPath::parse("a.y=\"2\",x=1")));
+    for (const char* other : {"B.X=1,Y=2", "A.X=1", "A.X=1,Y=3", "A.X=1,Z=2", "A.X=1,Y=2,Z=3"}) {
+        EXPECT_FALSE(path.isSame(ObjectPath::parse(other))) << other;
+    }
+}
+
+TEST(ObjectPath, RefusesAValueThatIsNoneOfTheKeysType) {
+    EXPECT_THROW(spelled("TST_Sensor.ID=1,Number=abc"), UsageError);
+    EXPECT_THROW(spelled("TST_Sensor.ID=1,Number=256"), UsageError);
+    EXPECT_THROW(spelled("TST_Sensor.ID=1,Number="), UsageError);
+    EXPECT_EQ(spelled("TST_Sensor.ID=abc,Number=255"), R"(TST_Sensor.ID="abc",Number=255)");
 }
 
 TEST(ObjectPath, RefusesWhatIsNone) {

@@ -154,8 +154,8 @@ TEST_F(MarkedInstances, OfAnotherNodeRunNoMethod) {
     const Outcome outcome = switchOff(shownPaths().back());
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_EQ(outcome.err, "cimhttp: " + pathOf("Node2:a") + " is an instance of node 2 (" +
-                               machine_->Host(1) + ":5989): methods go to the first node only\n");
+    EXPECT_EQ(outcome.err, "cimhttp: methods go to the first node only: this is an instance of node 2 (" +
+                               machine_->Host(1) + ":5989)\n");
 }
 
 TEST_F(MarkedInstances, RunMethodsByTheServersPathWhereThereIsOne) {

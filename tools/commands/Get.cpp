@@ -46,7 +46,24 @@ InstancePointer findAny(const std::vector<std::string>& spellings, ICIMClass& ci
     return found;
 }
 
+// The instance that is printed by just that path, although the path lacks keys: servers leave some out.
+InstancePointer findAsPrinted(const ObjectPath& wanted, ICIMClass& cimClass, Session& session) {
+    InstancePointer found;
+    session.enumerateInstances(cimClass, false, [&](const InstancePointer& instance) {
+        if (ObjectPath::parse(instance->GetReference(TContext()).GetPath()).isSame(wanted)) {
+            found = instance;
+        }
+        return !found;
+    });
+    return found;
+}
+
 InstancePointer findInstance(const ObjectPath& wanted, const ClassSchema& schema, Session& session) {
+    if (wanted.keys.empty() || lacksKey(wanted, schema)) {
+        if (const auto found = findAsPrinted(wanted, *schema.chain().front(), session)) {
+            return found;
+        }
+    }
     const std::vector<std::string> spellings = spellingsOf(wanted, schema, session);
     if (spellings.size() > 1) {
         if (const auto found = findAny(spellings, *schema.chain().front(), session)) {

@@ -1,12 +1,16 @@
 // invoke PATH METHOD [NAME=VALUE...]: runs a method on an instance or class.
 
 #include <algorithm>
+#include <optional>
 
 #include "tools/commands/Commands.h"
 #include "tools/common/Failure.h"
+#include "tools/common/Integer.h"
+#include "tools/common/Nearest.h"
 #include "tools/common/UsageError.h"
 #include "tools/machine/InstanceMarks.h"
 #include "tools/machine/SchemaCache.h"
+#include "tools/print/InstanceView.h"
 #include "tools/print/MethodPrinter.h"
 #include "tools/values/ArgumentParser.h"
 #include "tools/values/ObjectPath.h"
@@ -17,10 +21,18 @@ namespace {
 
 using NQELVSK20::TContext;
 
+std::vector<std::string> methodNames(const ClassSchema& schema) {
+    std::vector<std::string> names;
+    for (const ClassSchema::Method& method : schema.methods()) {
+        names.push_back(method.name);
+    }
+    return names;
+}
+
 const ClassSchema::Method& methodOf(const ClassSchema& schema, const std::string& name) {
     const ClassSchema::Method* method = schema.findMethod(name);
     if (method == nullptr) {
-        throw UsageError(schema.cimClass().GetName(TContext()) + " has no method '" + name + "'");
+        throw UsageError("the class has no method '" + name + "'" + suggestion(name, methodNames(schema)));
     }
     return *method;
 }
@@ -48,17 +60,43 @@ bool isServersOwn(const std::string& path, const std::string& className, const C
                        [&](const std::string& name) { return isPath(name, path, className, schema); });
 }
 
+[[noreturn]] void refuseNode(std::size_t node, const Session& session) {
+    throw UsageError("methods go to the first node only: this is an instance of " +
+                     session.machine().where(node));
+}
+
+// Refuses a path that only other nodes have an instance of. One that nobody has is the server's affair: it
+// may know instances that it does not list.
+void requireFirstNodes(const std::string& path, NQELVSK20::ICIMClass& cimClass, Session& session) {
+    const std::size_t first = session.machine().first();
+    std::optional<std::size_t> owner;
+    session.enumerateInstances(
+        cimClass, false, [&](const boost::shared_ptr<NQELVSK20::ICIMInstance>& instance) {
+            const InstanceView view(*instance);
+            const auto number = view.path == path ? parseInteger(view.node) : std::nullopt;
+            if (number && number->size > 0) {
+                owner = static_cast<std::size_t>(number->size - 1);
+            }
+            return !owner;
+        });
+    if (owner && *owner != first && *owner < session.machine().nodes().size()) {
+        refuseNode(*owner, session);
+    }
+}
+
 // The path that the first node's server knows the instance by.
 std::string serversPath(const ObjectPath& wanted, const ClassSchema& schema, Session& session) {
     const std::string path = instancePath(wanted, schema);
     const InstanceMarks marks(session.nameSpaceName(), session.machine().asked());
     const auto unmarked = marks.unmarked(wanted, schema);
+    if (!unmarked && session.machine().asked().size() > 1) {
+        requireFirstNodes(path, *schema.chain().front(), session);
+    }
     if (!unmarked || isServersOwn(path, wanted.className, schema, session)) {
         return path;
     }
     if (unmarked->node != session.machine().first()) {
-        throw UsageError(path + " is an instance of " + session.machine().where(unmarked->node) +
-                         ": methods go to the first node only");
+        refuseNode(unmarked->node, session);
     }
     return instancePath(unmarked->path, schema);
 }

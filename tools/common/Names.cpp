@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "tools/common/Integer.h"
+#include "tools/common/SafeText.h"
 #include "tools/common/UsageError.h"
 
 namespace tool {
@@ -38,7 +39,7 @@ bool isCimName(std::string_view text) {
 
 void requireClassName(const std::string& text) {
     if (!isCimName(text)) {
-        throw UsageError("'" + text + "' cannot be the name of a class");
+        throw UsageError("'" + cutTo(text, 40) + "' cannot be the name of a class");
     }
 }
 

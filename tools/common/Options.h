@@ -30,6 +30,7 @@ struct Options {
     Question question = Question::kClasses;
     std::string className;                ///< Empty where a command takes it and it was left out.
     std::vector<std::string> classNames;  ///< qualifiers
+    std::optional<std::size_t> onNode;    ///< names: counted from 1.
     bool deep = false;                    ///< classes, instances
     bool all = false;                     ///< class
     std::vector<std::string> columns;     ///< instances; empty: no table

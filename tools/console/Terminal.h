@@ -22,7 +22,8 @@ bool lostReader(int error);
 /// input ends first.
 std::string readSecret(const std::string& prompt);
 
-/// To be called first. Ctrl-C and SIGTERM end the process as they would, after the terminal was put in order.
+/// To be called first. Ctrl-C and SIGTERM end the process as they would, and Ctrl-Z stops it, after the
+/// terminal was put in order; a secret that was being asked for is asked for again, unseen, when it goes on.
 /// A closed output pipe shows as a failed write instead of a signal: server connections could raise it just
 /// as well. What is written is UTF-8 and goes out byte by byte as it is, where a system had other habits.
 void prepare();

@@ -98,6 +98,10 @@ bool ClientListener::AttemptFailed(const ClientFailure& failure) {
 }
 
 bool ClientListener::attemptFailed(const ClientFailure& failure) {
+    if (isGuessing_) {
+        hasGuessFailed_ = true;
+        return false;
+    }
     if (failure.kind == Kind::kCannotConnect) {
         return loseLink(failure);
     }

@@ -48,6 +48,11 @@ public:
     /// The plug-in is asked about `subject` from now on, a class or a method.
     void beginQuestion(Wanted wanted, const std::string& subject);
 
+    /// What is asked until endGuess is of no importance: its failures are not told, and not tried again.
+    void beginGuess() { isGuessing_ = true; }
+    void endGuess() { isGuessing_ = false; }
+    bool hasGuessFailed() const { return hasGuessFailed_; }
+
     /// Whether a node has refused user or password.
     bool isRefusedBy(std::size_t node) const { return refusing_.count(node) != 0; }
 
@@ -89,7 +94,9 @@ private:
     Wanted wanted_ = Wanted::kDefinition;
     std::string subject_;
     std::optional<std::string>
-        first_;                       // of a request whose second attempt is under way: how the first failed
+        first_;  // of a request whose second attempt is under way: how the first failed
+    bool isGuessing_ = false;
+    bool hasGuessFailed_ = false;
     bool isLost_ = false;             // the connection of that request did not come back
     std::set<std::size_t> refusing_;  // nodes
     NodeFailures nodeFailures_;

@@ -6,6 +6,7 @@
 #include <fstream>
 #include <map>
 
+#include "tools/common/SafeText.h"
 #include "tools/common/UsageError.h"
 
 namespace tool {
@@ -26,7 +27,7 @@ std::vector<std::string> readLines(const std::string& file) {
         lines.push_back(line);
     }
     if (!input.eof()) {
-        throw UsageError("cannot read the password file '" + file + "': " + std::strerror(errno));
+        throw UsageError("--password-file '" + file + "' cannot be read: " + std::strerror(errno));
     }
     return lines;
 }
@@ -37,9 +38,8 @@ void takeFromFile(std::vector<Node>& nodes, const std::string& file) {
     }
     const std::vector<std::string> lines = readLines(file);
     if (lines.size() != 1 && lines.size() != nodes.size()) {
-        throw UsageError("the password file '" + file + "' has " + std::to_string(lines.size()) +
-                         " lines; one for all nodes or one for each of the " + std::to_string(nodes.size()) +
-                         " nodes is expected");
+        throw UsageError("--password-file '" + cutTo(file, 38) + "' has " + std::to_string(lines.size()) +
+                         " lines, not 1 for all or each");
     }
     for (std::size_t i = 0; i < nodes.size(); ++i) {
         if (hasUser(nodes[i])) {

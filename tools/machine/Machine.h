@@ -30,6 +30,7 @@ public:
     /// to a person counts all nodes.
     const std::vector<std::size_t>& asked() const { return asked_; }
     void leaveOut(std::size_t node);
+    void askOnly(std::size_t node) { asked_ = {node}; }
 
     /// The first of them, whom the plug-in asks for definitions and names.
     std::size_t first() const { return asked_.front(); }

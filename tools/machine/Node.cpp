@@ -4,11 +4,14 @@
 #include <string_view>
 
 #include "tools/common/Integer.h"
+#include "tools/common/SafeText.h"
 #include "tools/common/UsageError.h"
 
 namespace tool {
 
 namespace {
+
+constexpr std::size_t kLongestShown = 40;
 
 std::string withoutBrackets(const std::string& host) {
     const bool bracketed = host.size() > 2 && host.front() == '[' && host.back() == ']';
@@ -28,12 +31,29 @@ bool isControl(char c) {
 void requireUser(const std::string& user) {
     if (user.find(':') != std::string::npos) {
         throw UsageError(
-            "a user's name holds no colon; a password comes from --password-file, from the variable "
-            "CIMHTTP_PASSWORD or from a prompt");
+            "a user's name holds no colon; passwords come from --password-file or CIMHTTP_PASSWORD");
     }
     if (std::any_of(user.begin(), user.end(), isControl)) {
         throw UsageError("a user's name holds no control character");
     }
+}
+
+bool isPort(const std::string& text) {
+    const auto number = parseInteger(text);
+    return number && isDigit(text.front()) && number->size > 0 && number->size <= 65535;
+}
+
+// What follows a colon and is no port may be meant for a password: it is not shown.
+[[noreturn]] void refusePort(const std::string& host, const std::string& port) {
+    const std::string node = "--node " + cutTo(host, kLongestShown);
+    if (!isPort(port)) {
+        throw UsageError(node + ": a host has no colon; ports are 5989 for HTTPS and 5988 for HTTP");
+    }
+    if (port == "5989" || port == "5988") {
+        throw UsageError(node + ':' + port + ": leave the port out; it is 5989 for HTTPS and 5988 for HTTP");
+    }
+    throw UsageError(node + ':' + port + ": first ssh -NL 127.0.0.9:5989:" + cutTo(host, kLongestShown) +
+                     ':' + port + " LOGIN, then --node 127.0.0.9");
 }
 
 // A name or an address; what else there is would end up in the head of a request.
@@ -51,14 +71,13 @@ Node parseNode(const std::string& text, const std::string& defaultUser) {
     const std::string user = at == std::string::npos ? defaultUser : text.substr(0, at);
     requireUser(user);
     if (host.empty()) {
-        throw UsageError("--node '" + text + "' names no host");
+        throw UsageError("--node '" + user + "@': [USER@]HOST is expected");
     }
     if (hasPort(host)) {
-        throw UsageError("--node '" + host.substr(0, host.rfind(':')) +
-                         "': leave out what follows the colon; the port is 5989 for HTTPS and 5988 for HTTP");
+        refusePort(host.substr(0, host.rfind(':')), host.substr(host.rfind(':') + 1));
     }
     if (!std::all_of(host.begin(), host.end(), isOfHost)) {
-        throw UsageError("--node '" + text + "': a host's name or address is expected");
+        throw UsageError("--node '" + cutTo(host, kLongestShown) + "': a host's name or address is expected");
     }
     return {withoutBrackets(host), user, {}};
 }

@@ -53,17 +53,16 @@ void NodeSelection::leaveOutUnreachable() {
     const NodeProbe probe{std::chrono::seconds(options_.connectTimeoutS)};
     const std::vector<NodeProbe::Finding> findings = probe.probe(targets);
     for (std::size_t i = 0; i < nodes.size(); ++i) {
-        judge(nodes[i], findings[i]);
+        judge(nodes[i], findings[i], nodes.size() == 1);
     }
 }
 
-void NodeSelection::judge(std::size_t node, const NodeProbe::Finding& finding) {
+void NodeSelection::judge(std::size_t node, const NodeProbe::Finding& finding, bool isSingle) {
     if (finding.https.answers) {
         return;
     }
     const bool isUsable = finding.http.answers && machine_.nodes()[node].mayUseHttp;
     // The plug-in tries HTTPS first where it has the choice, and it has none for a single node only.
-    const bool isSingle = machine_.nodes().size() == 1;
     if (isUsable && (!finding.https.isSilent || isSingle)) {
         isHttpTheOnlyWay_ = finding.https.isSilent;
         machine_.link(node).httpsFailure = finding.https.reason;

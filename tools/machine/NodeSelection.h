@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstddef>
+#include <string>
+
 #include "tools/common/Options.h"
 #include "tools/machine/ClientListener.h"
 #include "tools/machine/Machine.h"
@@ -24,7 +27,7 @@ public:
     bool isHttpTheOnlyWay() const { return isHttpTheOnlyWay_; }
 
 private:
-    void judge(std::size_t node, const NodeProbe::Finding& finding);
+    void judge(std::size_t node, const NodeProbe::Finding& finding, bool isSingle);
     std::string obstacle(std::size_t node, const NodeProbe::Finding& finding) const;
     bool isTransport(Transport transport) const { return options_.transport == transport; }
 

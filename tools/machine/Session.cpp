@@ -14,6 +14,8 @@
 #include "qelc/TQELCNamespace.h"
 #include "tools/common/Failure.h"
 #include "tools/common/Names.h"
+#include "tools/common/Nearest.h"
+#include "tools/common/SafeText.h"
 #include "tools/common/UsageError.h"
 #include "tools/console/Terminal.h"
 #include "tools/machine/Credentials.h"
@@ -68,8 +70,15 @@ void requireNamespace(const std::string& name) {
     const bool hasSlashTooMany =
         name.empty() || name.front() == '/' || name.back() == '/' || name.find("//") != std::string::npos;
     if (hasSlashTooMany || complaintAbout([&] { const Pegasus::CIMNamespaceName valid(name.c_str()); })) {
-        throw UsageError("--namespace '" + name +
-                         "': names with single slashes between them are expected, as in root/cimv2");
+        throw UsageError("--namespace '" + cutTo(name, 24) +
+                         "': names between single slashes, as in root/cimv2");
+    }
+}
+
+void requireNode(std::optional<std::size_t> node, std::size_t nodes) {
+    if (node && *node > nodes) {
+        throw UsageError("--on " + std::to_string(*node) + ": a node's number from 1 to " +
+                         std::to_string(nodes) + " is expected");
     }
 }
 
@@ -89,6 +98,7 @@ Session::Session(const Options& options, Notices& notices, Progress& progress)
       machine_(nodesToAsk()),
       logger_(notices, options.verbose),
       listener_(machine_, notices, progress, received_, definitions_) {
+    requireNode(options_.onNode, machine_.nodes().size());
     setUpHost();
 }
 
@@ -159,6 +169,9 @@ void Session::connect() {
 }
 
 void Session::selectNodes() {
+    if (options_.onNode) {
+        machine_.askOnly(*options_.onNode - 1);
+    }
     NodeSelection selection(options_, machine_, listener_);
     selection.leaveOutWithoutPassword();
     if (!embedded_ && !machine_.asked().empty()) {
@@ -220,7 +233,7 @@ void Session::open() {
 
 // A method must not run on another node than was meant, only because that one does not answer.
 void Session::requireFirstForMethods() const {
-    if (machine_.first() == 0) {
+    if (machine_.first() == 0 || options_.onNode) {
         return;
     }
     if (options_.question == Question::kInvoke) {
@@ -273,17 +286,46 @@ void Session::requireFirstNode() const {
     }
 }
 
+// The classes are gone through from the top, which takes a question each: not more than a person waits for.
+void Session::suggestClass(const std::string& className) {
+    constexpr std::size_t kMostQuestions = 64;
+    std::vector<std::string> names{""};
+    listener_.beginGuess();
+    for (std::size_t i = 0; i < std::min(names.size(), kMostQuestions) && !listener_.hasGuessFailed(); ++i) {
+        std::vector<std::string> below;
+        const auto ask = [&] { nameSpace_->EnumerateClassNames(options_.nameSpace, names[i], below, false); };
+        if (complaintAbout(ask)) {
+            break;
+        }
+        names.insert(names.end(), below.begin(), below.end());
+    }
+    listener_.endGuess();
+    const auto meant = nearest(className, names);
+    if (meant && !sameName(*meant, className)) {
+        notices_.say("did you mean " + *meant + "?");
+    }
+}
+
+template <typename CALL>
+void Session::askAboutClass(Wanted wanted, const std::string& className, const CALL& call) {
+    const bool isFirstQuestion = !wasAnswered_;
+    askFirstNode(wanted, className, call);
+    if (isFirstQuestion && isOnlyMissing() && !className.empty()) {
+        suggestClass(className);
+    }
+}
+
 std::vector<std::string> Session::classNames(const std::string& className) {
     std::vector<std::string> names;
-    askFirstNode(Wanted::kContent, className,
-                 [&] { nameSpace_->EnumerateClassNames(options_.nameSpace, className, names, false); });
+    askAboutClass(Wanted::kContent, className,
+                  [&] { nameSpace_->EnumerateClassNames(options_.nameSpace, className, names, false); });
     return names;
 }
 
 std::vector<std::string> Session::instanceNames(const std::string& className) {
     std::vector<std::string> names;
-    askFirstNode(Wanted::kContent, className,
-                 [&] { nameSpace_->EnumerateInstanceNames(options_.nameSpace, className, names); });
+    askAboutClass(Wanted::kContent, className,
+                  [&] { nameSpace_->EnumerateInstanceNames(options_.nameSpace, className, names); });
     return names;
 }
 
@@ -298,7 +340,8 @@ boost::shared_ptr<ICIMClass> Session::getClass(const std::string& className) {
     requireClassName(className);
     boost::shared_ptr<ICIMClass> found;
     const std::size_t failuresBefore = failures();
-    askFirstNode(Wanted::kDefinition, className, [&] { found = nameSpace_->GetClass(className, context()); });
+    askAboutClass(Wanted::kDefinition, className,
+                  [&] { found = nameSpace_->GetClass(className, context()); });
     if (!found) {
         if (failures() != failuresBefore) {
             throw Failure();  // said

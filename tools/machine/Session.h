@@ -134,6 +134,12 @@ private:
     template <typename CALL>
     void askFirstNode(ClientListener::Wanted wanted, const std::string& subject, const CALL& call);
 
+    /// The same about a class that a person named: when there is none of that name, and nothing was answered
+    /// before, says which one may have been meant.
+    template <typename CALL>
+    void askAboutClass(ClientListener::Wanted wanted, const std::string& className, const CALL& call);
+    void suggestClass(const std::string& className);
+
     const Options options_;
     Notices& notices_;
     Progress& progress_;

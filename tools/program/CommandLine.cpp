@@ -2,20 +2,31 @@
 
 #include <CLI/CLI.hpp>
 
+#include <limits>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "tools/common/Integer.h"
+#include "tools/common/Names.h"
+#include "tools/common/SafeText.h"
 #include "tools/common/UsageError.h"
+#include "tools/program/HelpFormat.h"
+#include "tools/program/UnknownWords.h"
 
 namespace tool {
 
 namespace {
 
 constexpr const char* kDescription =
-    "Asks CIM servers through the cimhttp plug-in, as its host does. Without --node it starts a sample "
-    "machine\n"
-    "of three nodes on loopback addresses and asks that.";
+    "Asks CIM servers through the cimhttp plug-in, as its host does. Without --node\n"
+    "it starts a sample machine of three nodes on loopback addresses and asks that.";
 
 constexpr const char* kFooter =
-    "Servers are reached over HTTPS on port 5989 or HTTP on port 5988; certificates are not checked.\n"
-    "Instances come from every node; class names, instance names, definitions and methods from the first.\n"
+    "Servers are reached over HTTPS on port 5989 or HTTP on port 5988; certificates\n"
+    "are not checked. Instances come from every node; class names, instance names,\n"
+    "definitions and methods from the first.\n"
+    "\n"
     "Exit status:\n"
     "  0  answered\n"
     "  1  nothing found\n"
@@ -24,19 +35,58 @@ constexpr const char* kFooter =
     "  4  no answer\n"
     "  5  a method returned another number than 0, whatever else happened\n"
     "  6  this side failed: the output cannot be written, for example\n"
-    "Example: cimhttp --node admin@10.0.0.1 --node admin@10.0.0.2 instances CIM_Fan --columns "
-    "Name,HealthState";
+    "\n"
+    "Example:\n"
+    "  cimhttp --node admin@10.0.0.1 --node admin@10.0.0.2 \\\n"
+    "      instances CIM_Fan --columns Name,HealthState";
 
 constexpr const char* kTimeoutHelp =
     "Milliseconds. Lengthens what the plug-in allows for a class (15000) and for the instances or a method "
-    "of "
-    "one (60000), and sets what applies until then; a shorter time has no effect there. Class names (3000) "
-    "and instance names (15000) keep theirs";
+    "of one (60000), and sets what applies until then; a shorter time has no effect there. Class names "
+    "(3000) and instance names (15000) keep theirs";
+
+constexpr unsigned kLongestConnectTimeout = 3600;  // an hour
+constexpr std::size_t kLongestShown = 24;          // of a wrong value, so that the line about it stays short
+
+std::string shown(const std::string& value) {
+    return "'" + cutTo(value, kLongestShown) + "'";
+}
+
+// Reads a whole number from 1; leaves its decimal digits.
+CLI::Validator wholeNumber(unsigned long long highest) {
+    const auto read = [highest](std::string& text) {
+        const auto number = parseInteger(text);
+        if (!number || number->negative || number->size == 0 || number->size > highest) {
+            return shown(text) + ": a whole number from 1 to " + std::to_string(highest) + " is expected";
+        }
+        text = std::to_string(number->size);
+        return std::string();
+    };
+    return {read, ""};
+}
+
+// Reads one of some words; leaves the number of what it stands for.
+template <typename CHOICE>
+CLI::Validator oneOf(const std::vector<std::pair<std::string, CHOICE>>& choices) {
+    const auto read = [choices](std::string& text) {
+        std::string words;
+        for (const auto& [word, choice] : choices) {
+            if (sameName(word, text)) {
+                text = std::to_string(static_cast<int>(choice));
+                return std::string();
+            }
+            words += (words.empty() ? "" : word == choices.back().first ? " or " : ", ") + word;
+        }
+        return shown(text) + ": " + words + " is expected";
+    };
+    return {read, ""};
+}
 
 /// Builds the parser over the options that it fills.
 class Grammar {
 public:
     explicit Grammar(Options& options) : options_(options), app_(kDescription, "cimhttp") {
+        app_.formatter(std::make_shared<HelpFormat>());
         app_.footer(kFooter);
         app_.set_version_flag("--version", std::string("cimhttp ") + CIMHTTP_VERSION);
         app_.fallthrough();
@@ -50,7 +100,49 @@ public:
 
     CLI::App& app() { return app_; }
 
+    /// One line about what is wrong with the command line.
+    std::string complaint(const CLI::ParseError& error) {
+        const std::string text = error.what();
+        const std::string name = text.substr(0, text.find(": "));
+        const bool isUnknown = dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr;
+        const bool lacks = dynamic_cast<const CLI::RequiredError*>(&error) != nullptr;
+        if (isUnknown || (lacks && app_.get_subcommands().empty())) {
+            return unknownWords().complaint();
+        }
+        if (lacks) {
+            const std::string command = app_.get_subcommands().front()->get_name();
+            return command + " needs " + text.substr(0, text.find(" is required")) + "; cimhttp " + command +
+                   " --help tells more";
+        }
+        if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
+            return name + " needs a value; cimhttp --help tells more";
+        }
+        return name == text ? text : name + text.substr(name.size() + 1);  // without the colon
+    }
+
 private:
+    UnknownWords unknownWords() {
+        UnknownWords unknown;
+        unknown.words = app_.remaining(true);
+        addOptions(app_, unknown.options);
+        for (const CLI::App* command : app_.get_subcommands({})) {
+            unknown.commands.push_back(command->get_name());
+        }
+        for (const CLI::App* command : app_.get_subcommands()) {
+            unknown.command = command->get_name();
+            addOptions(*command, unknown.options);
+        }
+        return unknown;
+    }
+
+    static void addOptions(const CLI::App& app, std::vector<std::string>& options) {
+        for (const CLI::Option* option : app.get_options()) {
+            for (const std::string& name : option->get_lnames()) {
+                options.push_back("--" + name);
+            }
+        }
+    }
+
     void addNodeOptions() {
         app_.add_option("--node", options_.nodes, "A node's CIM server; repeated, in node order")
             ->type_name("[USER@]HOST")
@@ -60,31 +152,31 @@ private:
                         "One line for all nodes, or one a node; else the variable CIMHTTP_PASSWORD is taken; "
                         "else, on a terminal, the password is asked for")
             ->type_name("FILE");
-        const std::map<std::string, Transport> transports{
-            {"auto", Transport::kAuto}, {"https", Transport::kHttps}, {"http", Transport::kHttp}};
+        const std::vector<std::pair<std::string, Transport>> transports{
+            {"https", Transport::kHttps}, {"http", Transport::kHttp}, {"auto", Transport::kAuto}};
         app_.add_option("--transport", options_.transport,
                         "https, or http for a single node, or auto: HTTPS, else HTTP, also where that shows "
                         "a password; left out: HTTPS, else HTTP for nodes without a user")
             ->type_name("NAME")
-            ->transform(CLI::CheckedTransformer(transports, CLI::ignore_case).description(""));
+            ->transform(oneOf(transports));
         app_.add_option("--namespace", options_.nameSpace, "CIM namespace, root/cimv2 when left out")
             ->type_name("NAME");
         app_.add_option("--timeout", options_.timeoutMs, kTimeoutHelp)
             ->type_name("MS")
-            ->check(CLI::PositiveNumber.description(""));
+            ->transform(wholeNumber(std::numeric_limits<unsigned>::max()));
         app_.add_option("--connect-timeout", options_.connectTimeoutS,
                         "How long nodes have to accept a connection, 10 when left out; one that does not is "
                         "left out of the answer")
             ->type_name("SECONDS")
-            ->check(CLI::Range(1U, 3600U).description(""));
+            ->transform(wholeNumber(kLongestConnectTimeout));
     }
 
     void addOutputOptions() {
-        const std::map<std::string, Format> formats{
+        const std::vector<std::pair<std::string, Format>> formats{
             {"text", Format::kText}, {"json", Format::kJson}, {"csv", Format::kCsv}};
         app_.add_option("--format", options_.format, "text, json, or csv for instances")
             ->type_name("NAME")
-            ->transform(CLI::CheckedTransformer(formats, CLI::ignore_case).description(""));
+            ->transform(oneOf(formats));
         app_.add_flag("-v,--verbose", options_.verbose, "Show the plug-in's trace lines on standard error");
     }
 
@@ -93,7 +185,11 @@ private:
             add("classes", "Class names right below a class, or the top-level ones", Question::kClasses);
         addClassName(*classes, false);
         classes->add_flag("--deep", options_.deep, "Go down to the last subclass");
-        addClassName(*add("names", "Paths of a class's instances", Question::kNames), true);
+        CLI::App* names = add("names", "Paths of a class's instances on the first node", Question::kNames);
+        addClassName(*names, true);
+        names->add_option("--on", options_.onNode, "Ask this node instead, 1 being the first")
+            ->type_name("N")
+            ->transform(wholeNumber(std::numeric_limits<std::size_t>::max()));
         addClassName(*add("walk", "Read every instance and property, and say how many", Question::kWalk),
                      true);
     }
@@ -120,7 +216,7 @@ private:
             ->allow_extra_args(false);
         instances->add_option("--limit", options_.limit, "Stop after so many")
             ->type_name("N")
-            ->check(CLI::PositiveNumber.description(""));
+            ->transform(wholeNumber(std::numeric_limits<std::size_t>::max()));
         CLI::App* get = add("get", "One instance", Question::kGet);
         get->add_option("PATH", options_.path,
                         "Its path, e.g. 'OMC_Fan.DeviceID=\"1\"', as names or instances prints it")
@@ -150,20 +246,8 @@ private:
 
 void requireFit(const Options& options) {
     if (options.format == Format::kCsv && options.question != Question::kInstances) {
-        throw UsageError("--format csv is for instances");
+        throw UsageError("--format csv is for instances; text and json are for every command");
     }
-}
-
-// What was not expected, without values: one may be a password.
-std::string namesOf(const std::vector<std::string>& unexpected) {
-    std::string names;
-    for (const std::string& text : unexpected) {
-        if (text.size() > 1 && text.front() == '-') {
-            names += (names.empty() ? ": " : ", ") +
-                     (text[1] == '-' ? text.substr(0, text.find('=')) : text.substr(0, 2));
-        }
-    }
-    return names;
 }
 
 }  // namespace
@@ -172,12 +256,12 @@ CommandLine::CommandLine(int argc, const char* const* argv) {
     Grammar grammar(options);
     try {
         grammar.app().parse(argc, argv);
-    } catch (const CLI::ExtrasError&) {
-        throw UsageError("unknown arguments" + namesOf(grammar.app().remaining(true)) +
-                         "; cimhttp --help lists all");
-    } catch (const CLI::ParseError& error) {
-        status = grammar.app().exit(error) == 0 ? kAnswered : kWrongUsage;
+    } catch (const CLI::Success& request) {
+        grammar.app().exit(request);
+        status = kAnswered;
         return;
+    } catch (const CLI::ParseError& error) {
+        throw UsageError(grammar.complaint(error));
     }
     requireFit(options);
 }

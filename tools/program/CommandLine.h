@@ -7,8 +7,8 @@
 
 namespace tool {
 
-/// Reads the command line. When that is all there is to do (help, version, a mistake, each of which is
-/// written to its stream), `status` says how to exit; otherwise `options` are complete. Throws UsageError for
+/// Reads the command line. When that is all there is to do (help and version, which are written), `status`
+/// says how to exit; otherwise `options` are complete. Throws UsageError for what cannot be read and for
 /// options that do not go together.
 struct CommandLine {
     CommandLine(int argc, const char* const* argv);

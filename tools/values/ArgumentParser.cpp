@@ -8,6 +8,7 @@
 #include "tools/common/DateTimeForm.h"
 #include "tools/common/Integer.h"
 #include "tools/common/Names.h"
+#include "tools/common/SafeText.h"
 #include "tools/common/UsageError.h"
 #include "tools/common/Utf8.h"
 #include "tools/values/CimTypeName.h"
@@ -29,7 +30,7 @@ struct Argument {
 
     [[noreturn]] void refuse(const std::string& expected) const {
         throw UsageError(name + " takes " + cimTypeName(type) +
-                         (isArrayType(type) ? " values in brackets" : "") + ", not '" + text +
+                         (isArrayType(type) ? " values in brackets" : "") + ", not '" + cutTo(text, 20) +
                          "': " + expected);
     }
 };
@@ -45,7 +46,7 @@ TCIMValue integerValue(const Argument& argument) {
         number && number->size <= (number->negative ? (Limits::is_signed ? highest + 1 : 0) : highest);
     if (!fits) {
         argument.refuse("a whole number from " + std::to_string(Limits::min()) + " to " +
-                        std::to_string(Limits::max()) + " is expected");
+                        std::to_string(Limits::max()));
     }
     if (!number->negative) {
         return TCIMValue(static_cast<NUMBER>(number->size));
@@ -88,7 +89,7 @@ TCIMValue charValue(const Argument& argument) {
 
 TCIMValue dateTimeValue(const Argument& argument) {
     if (!isDateTime(argument.text)) {
-        argument.refuse("25 characters are expected, yyyymmddhhmmss.mmmmmm+utc or ddddddddhhmmss.mmmmmm:000");
+        argument.refuse("25 characters, as 20240131235959.000000+060");
     }
     return TCIMValue(TCIMDateTime(argument.text));
 }
@@ -215,6 +216,15 @@ TCIMValue ArgumentParser::array(const std::string& name, TType type, const std::
 }
 
 TCIMValue ArgumentParser::scalar(const std::string& name, TType type, const std::string& text) const {
+    if (type != TType::eReference) {
+        return parseScalar(name, type, text);
+    }
+    ObjectPath::parse(text);  // refuses what is none
+    TCIMReference reference = makeReference_(text);
+    return TCIMValue(reference);
+}
+
+TCIMValue parseScalar(const std::string& name, TType type, const std::string& text) {
     const Argument argument{name, type, text};
     switch (type) {
         case TType::eBoolean:
@@ -245,11 +255,6 @@ TCIMValue ArgumentParser::scalar(const std::string& name, TType type, const std:
             return TCIMValue(text);
         case TType::eDateTime:
             return dateTimeValue(argument);
-        case TType::eReference: {
-            ObjectPath::parse(text);  // refuses what is none
-            TCIMReference reference = makeReference_(text);
-            return TCIMValue(reference);
-        }
         default:
             argument.refuse("embedded objects cannot be sent");
     }

@@ -38,6 +38,11 @@ private:
     MakeReference makeReference_;
 };
 
+/// A value of a scalar type other than a reference. `name` is for the message of the UsageError that is
+/// thrown when the text is none.
+NQELVSK20::TCIMValue parseScalar(const std::string& name, NQELVSK20::TCIMValue::TCIMType type,
+                                 const std::string& text);
+
 /// The elements of `[a, "b,c", d]`: blanks around an element are left out, inside quotes `\` escapes. Throws
 /// UsageError for text that is no such list.
 std::vector<std::string> parseList(const std::string& text);

@@ -1,8 +1,15 @@
 #include "tools/values/ObjectPath.h"
 
 #include <algorithm>
+#include <charconv>
+#include <map>
+#include <optional>
+#include <system_error>
 
+#include "tools/common/SafeText.h"
 #include "tools/common/UsageError.h"
+#include "tools/common/Utf8.h"
+#include "tools/values/ArgumentParser.h"
 #include "tools/values/CimTypeName.h"
 
 namespace tool {
@@ -11,8 +18,43 @@ namespace {
 
 using TType = NQELVSK20::TCIMValue::TCIMType;
 
+constexpr std::size_t kLongestShown = 20;
+
+std::string shown(const std::string& text) {
+    return "'" + cutTo(text, kLongestShown) + "'";
+}
+
 [[noreturn]] void refuse(const std::string& text, const std::string& reason) {
-    throw UsageError("'" + text + "' is no object path: " + reason);
+    throw UsageError(shown(text) + " is no object path: " + reason);
+}
+
+// A character that is printed by its number: the digits behind `letter`, if these are that many.
+std::optional<char32_t> numbered(const std::string& text, char letter, std::size_t digits) {
+    unsigned number = 0;
+    const char* const begin = text.data() + 1;
+    if (text.front() != letter || text.size() < digits + 1) {
+        return std::nullopt;
+    }
+    const auto [stop, error] = std::from_chars(begin, begin + digits, number, 16);
+    return error == std::errc() && stop == begin + digits ? std::optional<char32_t>(number) : std::nullopt;
+}
+
+// Appends what stands for the text behind a backslash: what safeText writes for a character that is not safe,
+// or the character itself. Returns how much of the text that is.
+std::size_t appendEscaped(const std::string& text, std::string& value) {
+    static const std::map<char, char> controls = {{'n', '\n'}, {'r', '\r'}, {'t', '\t'}};
+    if (const auto control = controls.find(text.front()); control != controls.end()) {
+        value += control->second;
+        return 1;
+    }
+    for (const auto& [letter, digits] : {std::pair<char, std::size_t>{'x', 2}, {'u', 4}}) {
+        if (const auto number = numbered(text, letter, digits)) {
+            value += toUtf8(*number);
+            return digits + 1;
+        }
+    }
+    value += text.front();
+    return 1;
 }
 
 /// Reads the keys, one after the other.
@@ -25,7 +67,7 @@ public:
     ObjectPath::Key next() {
         const std::size_t equals = text_.find('=', position_);
         if (equals == std::string::npos || !isCimName(text_.substr(position_, equals - position_))) {
-            refuse(text_, "KEY=VALUE is expected at '" + text_.substr(position_) + "'");
+            refuse(text_, "KEY=VALUE is expected at " + shown(text_.substr(position_)));
         }
         ObjectPath::Key key{text_.substr(position_, equals - position_), {}};
         position_ = equals + 1;
@@ -49,8 +91,11 @@ private:
                 position_ = i + 1;
                 return value;
             }
-            i += text_[i] == '\\' && i + 1 < text_.size() ? 1U : 0U;
-            value += text_[i];
+            if (text_[i] == '\\' && i + 1 < text_.size()) {
+                i += appendEscaped(text_.substr(i + 1), value);
+            } else {
+                value += text_[i];
+            }
         }
         refuse(text_, "a quotation mark is missing at the end");
     }
@@ -60,7 +105,7 @@ private:
             return;
         }
         if (text_[position_] != ',' || position_ + 1 == text_.size()) {
-            refuse(text_, "another KEY=VALUE is expected at '" + text_.substr(position_) + "'");
+            refuse(text_, "KEY=VALUE is expected at " + shown(text_.substr(position_)));
         }
         ++position_;
     }
@@ -101,21 +146,26 @@ std::string escaped(const std::string& text) {
 
 std::string keyText(const ClassSchema::Property& property, const std::string& text) {
     const TType type = property.declaration->GetType(NQELVSK20::TContext());
+    if (isBare(type)) {
+        parseScalar("the key " + property.name, scalarType(type), text);
+    }
     if (scalarType(type) == TType::eBoolean) {
         return property.name + '=' + (sameName(text, "true") ? "TRUE" : "FALSE");
     }
     return property.name + '=' + (isBare(type) ? text : '"' + escaped(text) + '"');
 }
 
-void requireAllKeys(const std::vector<ObjectPath::Key>& keys, const ClassSchema& schema) {
+// Null when the path has all keys of the class.
+const ClassSchema::Property* missingKey(const ObjectPath& path, const ClassSchema& schema) {
     for (const ClassSchema::Property& property : schema.properties()) {
-        const bool isThere = std::any_of(keys.begin(), keys.end(), [&](const ObjectPath::Key& key) {
+        const bool isThere = std::any_of(path.keys.begin(), path.keys.end(), [&](const ObjectPath::Key& key) {
             return sameName(key.name, property.name);
         });
         if (schema.isKey(property.name) && !isThere) {
-            throw UsageError("the path lacks the key " + property.name);
+            return &property;
         }
     }
+    return nullptr;
 }
 
 }  // namespace
@@ -138,8 +188,23 @@ ObjectPath ObjectPath::parse(const std::string& text) {
     return path;
 }
 
+bool ObjectPath::isSame(const ObjectPath& other) const {
+    return sameName(className, other.className) && keys.size() == other.keys.size() &&
+           std::all_of(keys.begin(), keys.end(), [&](const Key& key) {
+               return std::any_of(other.keys.begin(), other.keys.end(), [&](const Key& its) {
+                   return sameName(key.name, its.name) && key.text == its.text;
+               });
+           });
+}
+
+bool lacksKey(const ObjectPath& path, const ClassSchema& schema) {
+    return missingKey(path, schema) != nullptr;
+}
+
 std::string instancePath(const ObjectPath& path, const ClassSchema& schema) {
-    requireAllKeys(path.keys, schema);
+    if (const ClassSchema::Property* missing = missingKey(path, schema)) {
+        throw UsageError("the path lacks the key " + missing->name);
+    }
     std::vector<ObjectPath::Key> keys = path.keys;
     std::sort(keys.begin(), keys.end(),
               [](const auto& one, const auto& other) { return NameLess()(one.name, other.name); });

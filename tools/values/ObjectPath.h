@@ -18,13 +18,20 @@ struct ObjectPath {
     std::string className;
     std::vector<Key> keys;  ///< None: the path names the class.
 
-    /// Throws UsageError that says where the text stops being a path.
+    /// Class and keys are the same, whatever their order and the case of names.
+    bool isSame(const ObjectPath& other) const;
+
+    /// Throws UsageError that says where the text stops being a path. In quotes, `\` stands before a
+    /// quotation mark, itself, or what is printed for a character that is not safe: \n, \r, \t, \x1b, \u202e.
     static ObjectPath parse(const std::string& text);
 };
 
+/// Whether the path has not all keys of the class.
+bool lacksKey(const ObjectPath& path, const ClassSchema& schema);
+
 /// The path as the plug-in spells that of an instance: names as declared, keys in the order of their names,
 /// values quoted as their types want it, even if a shell took the quotes away. Throws UsageError when the
-/// path has a key that the class has not, or lacks one.
+/// path has a key that the class has not, lacks one, or has a value that is none of the key's type.
 std::string instancePath(const ObjectPath& path, const ClassSchema& schema);
 
 }  // namespace tool

@@ -133,6 +133,7 @@ public:
     bool readUntil(const std::string& text);
     void type(const std::string& text) const;
     void signal(int number) const;
+    int id() const { return process_; }
     ProcessResult wait();
 
 private:
@@ -335,6 +336,10 @@ void Process::type(const std::string& text) const {
 
 void Process::signal(int number) const {
     impl_->signal(number);
+}
+
+int Process::id() const {
+    return impl_->id();
 }
 
 ProcessResult Process::wait() {

@@ -178,6 +178,7 @@ public:
 
     void type(const std::string& text) const { console_->type(text); }
 
+    int id() const { return static_cast<int>(process_.dwProcessId); }
     void signal() const { TerminateProcess(process_.hProcess, kKilledStatus); }
 
     ProcessResult wait() {
@@ -270,6 +271,10 @@ void Process::type(const std::string& text) const {
 
 void Process::signal(int /*number*/) const {
     impl_->signal();
+}
+
+int Process::id() const {
+    return impl_->id();
 }
 
 ProcessResult Process::wait() {

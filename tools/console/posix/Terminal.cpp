@@ -8,6 +8,7 @@
 #include <csignal>
 #include <cstdio>
 #include <iostream>
+#include <string_view>
 
 #include "tools/common/Failure.h"
 
@@ -15,20 +16,25 @@ namespace tool::terminal {
 
 namespace {
 
-// What the signal handler looks at. It reads `shown` only while `echoIsOff` is set, which is set last and
+// What the signal handlers look at. They read the others only while `echoIsOff` is set, which is set last and
 // cleared first.
 volatile std::sig_atomic_t progressShown = 0;
 volatile std::sig_atomic_t echoIsOff = 0;
 termios shown;
+termios hidden;
+std::string_view shownPrompt;
+
+void writeError(std::string_view text) {
+    [[maybe_unused]] const auto written = write(STDERR_FILENO, text.data(), text.size());
+}
 
 void putInOrder() {
     if (progressShown != 0) {
-        constexpr char wipe[] = "\r\033[K";
-        [[maybe_unused]] const auto written = write(STDERR_FILENO, wipe, sizeof wipe - 1);
+        writeError("\r\033[K");
     }
     if (echoIsOff != 0) {
         tcsetattr(STDIN_FILENO, TCSANOW, &shown);
-        [[maybe_unused]] const auto written = write(STDERR_FILENO, "\n", 1);
+        writeError("\n");
     }
 }
 
@@ -38,14 +44,39 @@ extern "C" void endAfterCleaning(int signal) {
     std::raise(signal);
 }
 
+extern "C" void stopAfterCleaning(int /*signal*/) {
+    const int error = errno;
+    putInOrder();
+    std::raise(SIGSTOP);
+    errno = error;
+}
+
+// Whoever stopped the program may have given the terminal to others: a shell switches the echo on.
+extern "C" void goOnHidden(int /*signal*/) {
+    const int error = errno;
+    if (echoIsOff != 0) {
+        tcsetattr(STDIN_FILENO, TCSANOW, &hidden);
+        writeError(shownPrompt);
+    }
+    errno = error;
+}
+
+void handleUnlessIgnored(int signal, void (*handler)(int)) {
+    if (std::signal(signal, handler) == SIG_IGN) {
+        std::signal(signal, SIG_IGN);
+    }
+}
+
 /// No echo of what is typed, as long as it lives.
 class HiddenInput {
 public:
-    HiddenInput() {
+    /// `prompt` must outlive it.
+    explicit HiddenInput(const std::string& prompt) {
         if (tcgetattr(STDIN_FILENO, &shown) != 0) {
             return;
         }
-        termios hidden = shown;
+        shownPrompt = prompt;
+        hidden = shown;
         hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO);
         echoIsOff = 1;
         tcsetattr(STDIN_FILENO, TCSAFLUSH, &hidden);
@@ -89,7 +120,7 @@ bool lostReader(int error) {
 
 std::string readSecret(const std::string& prompt) {
     // Before the prompt: switching the echo off throws away what was typed until then.
-    const HiddenInput hidden;
+    const HiddenInput noEcho(prompt);
     std::cerr << prompt << std::flush;
     std::string line;
     if (!std::getline(std::cin, line)) {
@@ -102,6 +133,8 @@ void prepare() {
     std::signal(SIGINT, endAfterCleaning);
     std::signal(SIGTERM, endAfterCleaning);
     std::signal(SIGPIPE, SIG_IGN);
+    handleUnlessIgnored(SIGTSTP, stopAfterCleaning);
+    std::signal(SIGCONT, goOnHidden);
 }
 
 void setProgressShown(bool isShown) {
