@@ -42,7 +42,7 @@ void expectTakenBack(const Outcome& printed, const TestMachine& machine) {
     ASSERT_EQ(printed.status, 0) << printed.err;
     const std::string path = linesOf(printed.out).front();
     const Outcome taken = askAll(machine, {"get", path});
-    EXPECT_EQ(taken.status, 0) << path << ": " << taken.err;
+    ASSERT_EQ(taken.status, 0) << path << ": " << taken.err;
     EXPECT_EQ(linesOf(taken.out).front(), path);
 }
 
