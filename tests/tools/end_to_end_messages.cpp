@@ -27,7 +27,7 @@ std::size_t widthOf(const std::string& output) {
 }
 
 /// The line about a mistake, which it must be: one, not too long, and without two blanks in a row.
-std::string complaintAbout(const Arguments& arguments) {
+std::string mistakeIn(const Arguments& arguments) {
     const Outcome outcome = run(arguments);
     EXPECT_EQ(outcome.status, 2) << outcome.err;
     EXPECT_EQ(outcome.out, "");
@@ -40,36 +40,34 @@ std::string complaintAbout(const Arguments& arguments) {
 }  // namespace
 
 TEST(Mistake, InAnOptionsValueNamesBothAndWhatIsAllowed) {
-    EXPECT_EQ(complaintAbout({"--format", "xml", "classes"}),
+    EXPECT_EQ(mistakeIn({"--format", "xml", "classes"}),
               "cimhttp: --format 'xml': text, json or csv is expected\n");
-    EXPECT_EQ(complaintAbout({"--transport", "ftp", "classes"}),
+    EXPECT_EQ(mistakeIn({"--transport", "ftp", "classes"}),
               "cimhttp: --transport 'ftp': https, http or auto is expected\n");
-    EXPECT_EQ(complaintAbout({"--timeout", "soon", "classes"}),
+    EXPECT_EQ(mistakeIn({"--timeout", "soon", "classes"}),
               "cimhttp: --timeout 'soon': a whole number from 1 to 4294967295 is expected\n");
-    EXPECT_EQ(complaintAbout({"--connect-timeout", "4000", "classes"}),
+    EXPECT_EQ(mistakeIn({"--connect-timeout", "4000", "classes"}),
               "cimhttp: --connect-timeout '4000': a whole number from 1 to 3600 is expected\n");
-    EXPECT_EQ(complaintAbout({"instances", "OMC_Part", "--limit", "0"}),
+    EXPECT_EQ(mistakeIn({"instances", "OMC_Part", "--limit", "0"}),
               "cimhttp: --limit '0': a whole number from 1 to 18446744073709551615 is expected\n");
-    EXPECT_EQ(complaintAbout({"--namespace", "root//cimv2", "classes"}),
+    EXPECT_EQ(mistakeIn({"--namespace", "root//cimv2", "classes"}),
               "cimhttp: --namespace 'root//cimv2': names between single slashes, as in root/cimv2\n");
-    EXPECT_EQ(complaintAbout({"classes", "--node"}),
-              "cimhttp: --node needs a value; cimhttp --help tells more\n");
+    EXPECT_EQ(mistakeIn({"classes", "--node"}), "cimhttp: --node needs a value; cimhttp --help tells more\n");
 }
 
 TEST(Mistake, InANameSuggestsTheNearest) {
-    EXPECT_EQ(complaintAbout({"nmaes", "CIM_Fan"}), "cimhttp: 'nmaes' is no command; did you mean names?\n");
-    EXPECT_EQ(complaintAbout({"classes", "--deeep"}),
-              "cimhttp: unknown option --deeep; did you mean --deep?\n");
-    EXPECT_EQ(complaintAbout({"invoke", "OMC_UnitaryComputerSystem", "RequestStateChagne"}),
+    EXPECT_EQ(mistakeIn({"nmaes", "CIM_Fan"}), "cimhttp: 'nmaes' is no command; did you mean names?\n");
+    EXPECT_EQ(mistakeIn({"classes", "--deeep"}), "cimhttp: unknown option --deeep; did you mean --deep?\n");
+    EXPECT_EQ(mistakeIn({"invoke", "OMC_UnitaryComputerSystem", "RequestStateChagne"}),
               "cimhttp: the class has no method 'RequestStateChagne'; did you mean "
               "RequestStateChange?\n");
 }
 
 TEST(Mistake, InTheNumberOfWordsTellsWhatIsMissingOrTooMany) {
-    EXPECT_EQ(complaintAbout({"names"}), "cimhttp: names needs CLASS; cimhttp names --help tells more\n");
-    EXPECT_EQ(complaintAbout({"names", "A", "B"}),
+    EXPECT_EQ(mistakeIn({"names"}), "cimhttp: names needs CLASS; cimhttp names --help tells more\n");
+    EXPECT_EQ(mistakeIn({"names", "A", "B"}),
               "cimhttp: 1 word too many; cimhttp names --help tells what it takes\n");
-    EXPECT_EQ(complaintAbout({}), "cimhttp: a command is missing; cimhttp --help lists all\n");
+    EXPECT_EQ(mistakeIn({}), "cimhttp: a command is missing; cimhttp --help lists all\n");
 }
 
 TEST(Mistake, IsOneShortLineHoweverLongTheWord) {
@@ -90,17 +88,17 @@ TEST(Mistake, IsOneShortLineHoweverLongTheWord) {
                                 {"get", word + " "},
                                 {"get", "CIM_Fan." + word},
                                 {"names", "OMC_Part", "--on", "9999999"}}) {
-        complaintAbout(arguments);
+        mistakeIn(arguments);
     }
 }
 
 TEST(Port, OfANodeIsRefusedWithTheWayToGetThere) {
     EXPECT_EQ(
-        complaintAbout({"--node", "admin@bmc1:15989", "classes"}),
+        mistakeIn({"--node", "admin@bmc1:15989", "classes"}),
         "cimhttp: --node bmc1:15989: first ssh -NL 127.0.0.9:5989:bmc1:15989 LOGIN, then --node 127.0.0.9\n");
-    EXPECT_EQ(complaintAbout({"--node", "bmc1:5989", "classes"}),
+    EXPECT_EQ(mistakeIn({"--node", "bmc1:5989", "classes"}),
               "cimhttp: --node bmc1:5989: leave the port out; it is 5989 for HTTPS and 5988 for HTTP\n");
-    EXPECT_THAT(complaintAbout({"--node", "anna:secret", "classes"}), Not(HasSubstr("secret")));
+    EXPECT_THAT(mistakeIn({"--node", "anna:secret", "classes"}), Not(HasSubstr("secret")));
 }
 
 TEST(Help, FitsATerminal) {

@@ -21,7 +21,7 @@ using ::testing::HasSubstr;
 using ::testing::Not;
 
 constexpr const char* kSystems = "OMC_UnitaryComputerSystem";
-constexpr const char* kSystem =
+constexpr const char* kSystemNamed =
     "OMC_UnitaryComputerSystem.CreationClassName=\"OMC_UnitaryComputerSystem\",Name=";
 
 Outcome askAll(const TestMachine& machine, std::vector<std::string> rest) {
@@ -53,7 +53,7 @@ TEST(NamesOfAnotherNode, AreThatNodesOwn) {
     const Outcome outcome = askAll(machine, {"names", kSystems, "--on", "2"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");
-    EXPECT_EQ(outcome.out, kSystem + std::string("\"node-1.machine.example\"\n"));
+    EXPECT_EQ(outcome.out, kSystemNamed + std::string("\"node-1.machine.example\"\n"));
     EXPECT_THAT(machine.Requests(), Not(Contains(HasSubstr("0 "))));
 }
 
@@ -71,20 +71,20 @@ TEST(NamesOfAnotherNode, NeedANodeOfTheMachine) {
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.err, "cimhttp: --on 4: a node's number from 1 to 3 is expected\n");
     EXPECT_EQ(run({"names", kSystems, "--on", "3"}).out,
-              kSystem + std::string("\"node-2.machine.example\"\n"));
+              kSystemNamed + std::string("\"node-2.machine.example\"\n"));
     EXPECT_EQ(run({"names", kSystems, "--on", "0"}).status, 2);
 }
 
 TEST(MethodOfAnotherNodesInstance, IsRefusedBeforeAnythingIsSent) {
     TestMachine machine(2);
-    const std::string path = kSystem + std::string("\"node-1.machine.example\"");
+    const std::string path = kSystemNamed + std::string("\"node-1.machine.example\"");
     const Outcome outcome = askAll(machine, {"invoke", path, "RequestStateChange", "RequestedState=3"});
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.out, "");
     EXPECT_EQ(outcome.err, "cimhttp: methods go to the first node only: this is an instance of node 2 (" +
                                machine.Host(1) + ":5989)\n");
     EXPECT_THAT(machine.Requests(), Not(Contains(HasSubstr("RequestStateChange"))));
-    const std::string own = kSystem + std::string("\"node-0.machine.example\"");
+    const std::string own = kSystemNamed + std::string("\"node-0.machine.example\"");
     EXPECT_EQ(askAll(machine, {"invoke", own, "RequestStateChange", "RequestedState=3"}).status, 0);
 }
 

@@ -47,7 +47,7 @@ Outcome askSystems(const Texts& hosts, Texts rest = {}) {
     return ask(hosts, rest);
 }
 
-TestMachine::Options askingForPasswords(std::size_t nodes) {
+TestMachine::Options withLogin(std::size_t nodes) {
     TestMachine::Options options;
     options.nodes = nodes;
     options.credentials = cimom::Credentials{"admin", kSecret};
@@ -143,7 +143,7 @@ TEST(FirstNode, IsNotReplacedWhereAMethodRuns) {
 }
 
 TEST(FirstNode, ThatRefusesItsPasswordIsReplacedByTheNext) {
-    TestMachine machine(askingForPasswords(3));
+    TestMachine machine(withLogin(3));
     const TemporaryFile file("wr0ng-guess\n" + std::string(kSecret) + "\n" + kSecret + "\n");
     const Outcome outcome = askSystems(machine.Hosts(), {"--user", "admin", "--password-file", file.path()});
     EXPECT_EQ(outcome.status, 3);
@@ -157,7 +157,7 @@ TEST(FirstNode, ThatRefusesItsPasswordIsReplacedByTheNext) {
 }
 
 TEST(Refusals, OfEveryNodeAreTriedOnceEach) {
-    TestMachine machine(askingForPasswords(3));
+    TestMachine machine(withLogin(3));
     const TemporaryFile file("wr0ng-guess\n");
     const Outcome outcome = askSystems(machine.Hosts(), {"--user", "admin", "--password-file", file.path()});
     EXPECT_EQ(outcome.status, 4);
@@ -181,7 +181,7 @@ TEST(MissingPassword, KeepsItsNodeFromBeingAskedAtAll) {
 }
 
 TEST(PasswordInClear, IsNotSentByAccident) {
-    TestMachine machine(withoutHttps(askingForPasswords(1)));
+    TestMachine machine(withoutHttps(withLogin(1)));
     const Outcome outcome = ask({"admin@" + machine.Host(0)}, {"classes"});
     EXPECT_EQ(outcome.status, 4);
     EXPECT_EQ(outcome.out, "");
@@ -193,7 +193,7 @@ TEST(PasswordInClear, IsNotSentByAccident) {
 }
 
 TEST(PasswordInClear, IsSentWhenThatWasWritten) {
-    TestMachine machine(withoutHttps(askingForPasswords(1)));
+    TestMachine machine(withoutHttps(withLogin(1)));
     for (const char* transport : {"auto", "http"}) {
         const Outcome outcome = ask({"admin@" + machine.Host(0)}, {"--transport", transport, "classes"});
         EXPECT_EQ(outcome.status, 0) << outcome.err;
@@ -201,7 +201,7 @@ TEST(PasswordInClear, IsSentWhenThatWasWritten) {
 }
 
 TEST(PasswordInClear, CostsTheNodeThatOffersNothingElseOnly) {
-    TestMachine::Options second = withoutHttps(askingForPasswords(2));
+    TestMachine::Options second = withoutHttps(withLogin(2));
     TestMachine machine(second);
     cimom::Endpoint https;
     https.address = machine.Host(0);

@@ -25,7 +25,7 @@ using NQELVSK20::TestMachine;
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-constexpr const char* kSecret = "s3cret-w0rd";
+constexpr const char* kTyped = "s3cret-w0rd";
 
 bool becomesTrue(const std::function<bool()>& condition) {
     for (int i = 0; i < 2000 && !condition(); ++i) {
@@ -40,9 +40,9 @@ protected:
     AtThePrompt()
         : process_({CIMHTTP_PROGRAM, "--node", "admin@" + machine_.Host(0), "classes"}, onTerminal()) {}
 
-    static TestMachine::Options guarded() {
+    static TestMachine::Options withLogin() {
         TestMachine::Options options;
-        options.credentials = cimom::Credentials{"admin", kSecret};
+        options.credentials = cimom::Credentials{"admin", kTyped};
         return options;
     }
 
@@ -93,7 +93,7 @@ protected:
             << "it is asked again: " << result.out;
     }
 
-    TestMachine machine_{guarded()};
+    TestMachine machine_{withLogin()};
     support::Process process_;
 };
 
@@ -107,7 +107,7 @@ TEST_F(AtThePrompt, CtrlZGivesTheEchoBackAndGoingOnTakesItAway) {
     EXPECT_TRUE(hasEcho());
     process_.signal(SIGCONT);
     ASSERT_TRUE(becomesTrue([&] { return !hasEcho(); }));
-    expectAnswerTo(kSecret);
+    expectAnswerTo(kTyped);
 }
 
 TEST_F(AtThePrompt, AProgramThatOthersStoppedHidesWhatIsTypedAgain) {
@@ -117,7 +117,7 @@ TEST_F(AtThePrompt, AProgramThatOthersStoppedHidesWhatIsTypedAgain) {
     switchEchoOn();
     process_.signal(SIGCONT);
     ASSERT_TRUE(becomesTrue([&] { return !hasEcho(); }));
-    expectAnswerTo(kSecret);
+    expectAnswerTo(kTyped);
 }
 
 }  // namespace tool

@@ -59,7 +59,7 @@ InstancePointer findAsPrinted(const ObjectPath& wanted, ICIMClass& cimClass, Ses
 }
 
 InstancePointer findInstance(const ObjectPath& wanted, const ClassSchema& schema, Session& session) {
-    if (wanted.keys.empty() || lacksKey(wanted, schema)) {
+    if (lacksKey(wanted, schema)) {
         if (const auto found = findAsPrinted(wanted, *schema.chain().front(), session)) {
             return found;
         }

@@ -11,7 +11,7 @@ namespace tool {
 
 namespace {
 
-constexpr std::size_t kLongestShown = 40;
+constexpr std::size_t kLongestHost = 40;
 
 std::string withoutBrackets(const std::string& host) {
     const bool bracketed = host.size() > 2 && host.front() == '[' && host.back() == ']';
@@ -45,15 +45,15 @@ bool isPort(const std::string& text) {
 
 // What follows a colon and is no port may be meant for a password: it is not shown.
 [[noreturn]] void refusePort(const std::string& host, const std::string& port) {
-    const std::string node = "--node " + cutTo(host, kLongestShown);
+    const std::string node = "--node " + cutTo(host, kLongestHost);
     if (!isPort(port)) {
         throw UsageError(node + ": a host has no colon; ports are 5989 for HTTPS and 5988 for HTTP");
     }
     if (port == "5989" || port == "5988") {
         throw UsageError(node + ':' + port + ": leave the port out; it is 5989 for HTTPS and 5988 for HTTP");
     }
-    throw UsageError(node + ':' + port + ": first ssh -NL 127.0.0.9:5989:" + cutTo(host, kLongestShown) +
-                     ':' + port + " LOGIN, then --node 127.0.0.9");
+    throw UsageError(node + ':' + port + ": first ssh -NL 127.0.0.9:5989:" + cutTo(host, kLongestHost) + ':' +
+                     port + " LOGIN, then --node 127.0.0.9");
 }
 
 // A name or an address; what else there is would end up in the head of a request.
@@ -77,7 +77,7 @@ Node parseNode(const std::string& text, const std::string& defaultUser) {
         refusePort(host.substr(0, host.rfind(':')), host.substr(host.rfind(':') + 1));
     }
     if (!std::all_of(host.begin(), host.end(), isOfHost)) {
-        throw UsageError("--node '" + cutTo(host, kLongestShown) + "': a host's name or address is expected");
+        throw UsageError("--node '" + cutTo(host, kLongestHost) + "': a host's name or address is expected");
     }
     return {withoutBrackets(host), user, {}};
 }

@@ -48,7 +48,7 @@ constexpr const char* kTimeoutHelp =
 constexpr unsigned kLongestConnectTimeout = 3600;  // an hour
 constexpr std::size_t kLongestShown = 24;          // of a wrong value, so that the line about it stays short
 
-std::string shown(const std::string& value) {
+std::string inQuotes(const std::string& value) {
     return "'" + cutTo(value, kLongestShown) + "'";
 }
 
@@ -57,7 +57,7 @@ CLI::Validator wholeNumber(unsigned long long highest) {
     const auto read = [highest](std::string& text) {
         const auto number = parseInteger(text);
         if (!number || number->negative || number->size == 0 || number->size > highest) {
-            return shown(text) + ": a whole number from 1 to " + std::to_string(highest) + " is expected";
+            return inQuotes(text) + ": a whole number from 1 to " + std::to_string(highest) + " is expected";
         }
         text = std::to_string(number->size);
         return std::string();
@@ -77,7 +77,7 @@ CLI::Validator oneOf(const std::vector<std::pair<std::string, CHOICE>>& choices)
             }
             words += (words.empty() ? "" : word == choices.back().first ? " or " : ", ") + word;
         }
-        return shown(text) + ": " + words + " is expected";
+        return inQuotes(text) + ": " + words + " is expected";
     };
     return {read, ""};
 }

@@ -7,7 +7,7 @@ namespace tool {
 
 namespace {
 
-constexpr std::size_t kLongest = 24;  // of an option's name, so that the line stays short
+constexpr std::size_t kLongestName = 24;  // of an option's name, so that the line stays short
 constexpr const char* kSeeHelp = "; cimhttp --help lists all";
 
 bool isOption(const std::string& word) {
@@ -22,7 +22,7 @@ std::vector<std::string> UnknownWords::optionNames() const {
     for (const std::string& word : words) {
         if (isOption(word)) {
             const std::string name = word[1] == '-' ? word.substr(0, word.find('=')) : word.substr(0, 2);
-            names.push_back(cutTo(name, kLongest));
+            names.push_back(cutTo(name, kLongestName));
         }
     }
     return names;

@@ -18,14 +18,14 @@ namespace {
 
 using TType = NQELVSK20::TCIMValue::TCIMType;
 
-constexpr std::size_t kLongestShown = 20;
+constexpr std::size_t kLongestPiece = 20;
 
-std::string shown(const std::string& text) {
-    return "'" + cutTo(text, kLongestShown) + "'";
+std::string piece(const std::string& text) {
+    return "'" + cutTo(text, kLongestPiece) + "'";
 }
 
 [[noreturn]] void refuse(const std::string& text, const std::string& reason) {
-    throw UsageError(shown(text) + " is no object path: " + reason);
+    throw UsageError(piece(text) + " is no object path: " + reason);
 }
 
 // A character that is printed by its number: the digits behind `letter`, if these are that many.
@@ -67,7 +67,7 @@ public:
     ObjectPath::Key next() {
         const std::size_t equals = text_.find('=', position_);
         if (equals == std::string::npos || !isCimName(text_.substr(position_, equals - position_))) {
-            refuse(text_, "KEY=VALUE is expected at " + shown(text_.substr(position_)));
+            refuse(text_, "KEY=VALUE is expected at " + piece(text_.substr(position_)));
         }
         ObjectPath::Key key{text_.substr(position_, equals - position_), {}};
         position_ = equals + 1;
@@ -105,7 +105,7 @@ private:
             return;
         }
         if (text_[position_] != ',' || position_ + 1 == text_.size()) {
-            refuse(text_, "KEY=VALUE is expected at " + shown(text_.substr(position_)));
+            refuse(text_, "KEY=VALUE is expected at " + piece(text_.substr(position_)));
         }
         ++position_;
     }
