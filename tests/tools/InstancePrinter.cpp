@@ -75,7 +75,7 @@ TEST_F(InstancePrinterTest, AnEmptyTableHasNoHeading) {
 }
 
 TEST_F(InstancePrinterTest, JsonIsAnArrayOfInstances) {
-    JsonPrinter printer(text_.output(), {});
+    JsonPrinter printer(text_.output(), {}, schema_);
     printer.print(view("T1"));
     printer.print(view("T\"2\n", "2"));
     printer.end();
@@ -109,13 +109,13 @@ TEST_F(InstancePrinterTest, JsonAndCsvHideNothing) {
 }
 
 TEST_F(InstancePrinterTest, JsonOfNothingIsAnEmptyArray) {
-    JsonPrinter printer(text_.output(), {});
+    JsonPrinter printer(text_.output(), {}, schema_);
     printer.end();
     EXPECT_EQ(text_.text(), "[]\n");
 }
 
 TEST_F(InstancePrinterTest, JsonGivesTheColumnsOnly) {
-    JsonPrinter printer(text_.output(), {"State", "Reading"});
+    JsonPrinter printer(text_.output(), {"State", "Reading"}, schema_);
     printer.print(view("T1"));
     printer.end();
     const auto json = nlohmann::json::parse(text_.text());

@@ -8,6 +8,7 @@
 #include "tools/common/UsageError.h"
 #include "tools/console/Terminal.h"
 #include "tools/print/InstancePrinter.h"
+#include "tools/print/ReadingColumn.h"
 
 namespace tool {
 
@@ -19,6 +20,10 @@ using NQELVSK20::ICIMInstance;
 std::vector<std::string> declaredColumns(const std::vector<std::string>& columns, const ClassSchema& schema) {
     std::vector<std::string> declared;
     for (const std::string& column : columns) {
+        if (isReadingColumn(column, schema)) {
+            declared.emplace_back(kReadingColumn);
+            continue;
+        }
         const ClassSchema::Property* property = schema.findProperty(column);
         if (property == nullptr) {
             throw UsageError(schema.cimClass().GetName(NQELVSK20::TContext()) + " has no property '" +

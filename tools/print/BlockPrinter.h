@@ -4,7 +4,8 @@
 
 namespace tool {
 
-/// Instances as blocks of text: the path, and below it a line a property.
+/// Instances as blocks of text: the path, and below it the node, what a sensor measures, and a line
+/// a property.
 class BlockPrinter : public InstancePrinter {
 public:
     BlockPrinter(Output& output, SchemaCache& schemas) : output_(output), schemas_(schemas) {}

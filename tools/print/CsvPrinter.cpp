@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include "tools/common/SafeText.h"
+#include "tools/print/ReadingColumn.h"
 #include "tools/values/JsonValue.h"
 #include "tools/values/ValueText.h"
 
@@ -10,7 +11,7 @@ namespace tool {
 
 namespace {
 
-std::string textOf(const NQELVSK20::TCIMValue* value) {
+std::string plainField(const NQELVSK20::TCIMValue* value) {
     if (value == nullptr || value->IsNull()) {
         return {};
     }
@@ -31,7 +32,7 @@ std::string csvField(const std::string& text) {
 }
 
 CsvPrinter::CsvPrinter(Output& output, const ClassSchema& schema, const std::vector<std::string>& columns)
-    : output_(output), columns_(columns) {
+    : output_(output), schema_(schema), columns_(columns) {
     if (!columns_.empty()) {
         return;
     }
@@ -40,6 +41,14 @@ CsvPrinter::CsvPrinter(Output& output, const ClassSchema& schema, const std::vec
             columns_.push_back(property.name);
         }
     }
+}
+
+std::string CsvPrinter::textOf(const InstanceView& instance, const std::string& column) const {
+    if (isReadingColumn(column, schema_)) {
+        const auto reading = readingOf(instance);
+        return reading ? reading->text() : "";
+    }
+    return plainField(instance.value(column));
 }
 
 std::string CsvPrinter::field(const std::string& text) const {
@@ -58,7 +67,7 @@ void CsvPrinter::print(const InstanceView& instance) {
     }
     record += field(instance.node) + ',' + field(instance.path);
     for (const std::string& column : columns_) {
-        record += ',' + field(textOf(instance.value(column)));
+        record += ',' + field(textOf(instance, column));
     }
     output_.write(record += "\r\n");
 }

@@ -19,8 +19,10 @@ public:
 
 private:
     std::string field(const std::string& text) const;
+    std::string textOf(const InstanceView& instance, const std::string& column) const;
 
     Output& output_;
+    const ClassSchema& schema_;
     std::vector<std::string> columns_;
     bool headed_ = false;
 };

@@ -10,7 +10,7 @@ namespace tool {
 std::unique_ptr<InstancePrinter> makeInstancePrinter(Format format, const PrinterSetup& setup) {
     switch (format) {
         case Format::kJson:
-            return std::make_unique<JsonPrinter>(setup.output, setup.columns);
+            return std::make_unique<JsonPrinter>(setup.output, setup.columns, setup.schema);
         case Format::kCsv:
             return std::make_unique<CsvPrinter>(setup.output, setup.schema, setup.columns);
         case Format::kText:

@@ -4,6 +4,7 @@
 
 #include "tools/common/SafeText.h"
 #include "tools/common/Utf8.h"
+#include "tools/print/ReadingColumn.h"
 #include "tools/values/ValueText.h"
 
 namespace tool {
@@ -26,8 +27,7 @@ TablePrinter::TablePrinter(Output& output, const ClassSchema& schema, const std:
 void TablePrinter::print(const InstanceView& instance) {
     Row row{safeText(instance.node)};
     for (const std::string& column : columns_) {
-        const NQELVSK20::TCIMValue* value = instance.value(column);
-        row.push_back(value == nullptr ? "" : valueText(*value, schema_.valueMapOf(column)));
+        row.push_back(cellOf(instance, column));
     }
     if (started_) {
         write(row);
@@ -37,6 +37,15 @@ void TablePrinter::print(const InstanceView& instance) {
     if (waiting_.size() > kWindow) {
         start();
     }
+}
+
+std::string TablePrinter::cellOf(const InstanceView& instance, const std::string& column) const {
+    if (isReadingColumn(column, schema_)) {
+        const auto reading = readingOf(instance);
+        return reading ? reading->text() : "";
+    }
+    const NQELVSK20::TCIMValue* value = instance.value(column);
+    return value == nullptr ? "" : valueText(*value, schema_.valueMapOf(column));
 }
 
 void TablePrinter::end() {

@@ -19,6 +19,7 @@ public:
 private:
     using Row = std::vector<std::string>;
 
+    std::string cellOf(const InstanceView& instance, const std::string& column) const;
     void start();
     void write(const Row& row);
 
