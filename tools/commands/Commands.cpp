@@ -25,6 +25,8 @@ bool runCommand(const CommandContext& context) {
             return runInstances(context);
         case Question::kGet:
             return runGet(context);
+        case Question::kHealth:
+            return runHealth(context);
         case Question::kInvoke:
             break;
     }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "tools/common/Options.h"
 #include "tools/console/Notices.h"
 #include "tools/console/Output.h"
@@ -31,6 +34,14 @@ bool runQualifiers(const CommandContext& context);
 bool runInstances(const CommandContext& context);
 bool runGet(const CommandContext& context);
 bool runInvoke(const CommandContext& context);
+bool runHealth(const CommandContext& context);
+
+/// The health as a monitoring plug-in tells it; returns such a plug-in's exit status.
+int runMonitoring(const CommandContext& context);
+
+/// What such a plug-in says and returns when the machine cannot be asked.
+constexpr int kMonitoringUnknown = 3;
+std::string unknownLine(const std::string& reason);
 
 /// The one that the options ask for.
 bool runCommand(const CommandContext& context);

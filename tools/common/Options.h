@@ -13,7 +13,18 @@ enum class Transport { kAuto, kHttps, kHttp };
 enum class Format { kText, kJson, kCsv };
 
 /// What to ask.
-enum class Question { kClasses, kNames, kWalk, kClass, kTree, kQualifiers, kInstances, kGet, kInvoke };
+enum class Question {
+    kClasses,
+    kNames,
+    kWalk,
+    kClass,
+    kTree,
+    kQualifiers,
+    kInstances,
+    kGet,
+    kInvoke,
+    kHealth
+};
 
 /// What the command line says, read but not yet interpreted.
 struct Options {
@@ -32,7 +43,8 @@ struct Options {
     std::vector<std::string> classNames;  ///< qualifiers
     std::optional<std::size_t> onNode;    ///< names: counted from 1.
     bool deep = false;                    ///< classes, instances
-    bool all = false;                     ///< class
+    bool all = false;                     ///< class, health
+    bool nagios = false;                  ///< health
     std::vector<std::string> columns;     ///< instances; empty: no table
     std::optional<std::size_t> limit;     ///< instances
     std::string path;                     ///< get, invoke

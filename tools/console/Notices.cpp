@@ -17,6 +17,7 @@ std::string withoutFinalNewline(std::string text) {
 }  // namespace
 
 void Notices::say(const std::string& text) {
+    last_ = text;
     if (said_.insert(text).second) {
         write("cimhttp: " + text);
     }

@@ -22,6 +22,9 @@ public:
     /// The same of a failure, which counts even when it was told before.
     void fail(const std::string& text);
 
+    /// What was said last; empty when nothing was.
+    const std::string& last() const { return last_; }
+
     /// How many failures there were so far.
     std::size_t failures() const { return failures_; }
 
@@ -34,6 +37,7 @@ private:
     std::ostream& error_;
     Progress& progress_;
     std::set<std::string> said_;
+    std::string last_;
     std::size_t failures_ = 0;
 };
 

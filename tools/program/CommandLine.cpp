@@ -96,6 +96,7 @@ public:
         addNameCommands();
         addSchemaCommands();
         addInstanceCommands();
+        addHealthCommand();
     }
 
     CLI::App& app() { return app_; }
@@ -228,6 +229,13 @@ private:
             ->required();
         invoke->add_option("METHOD", options_.method, "Name of the method")->required();
         invoke->add_option("NAME=VALUE", options_.arguments, "Arguments; an array as NAME=[a,b]");
+    }
+
+    void addHealthCommand() {
+        CLI::App* health = add("health", "What is not well on any node", Question::kHealth);
+        health->add_flag("--all", options_.all, "What is well, too");
+        health->add_flag("--nagios", options_.nagios,
+                         "One line with performance data, and the exit status, of a monitoring plug-in");
     }
 
     CLI::App* add(const std::string& name, const std::string& description, Question question) {

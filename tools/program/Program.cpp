@@ -9,6 +9,7 @@
 #include "tools/console/Terminal.h"
 #include "tools/program/CommandLine.h"
 #include "tools/program/ExitStatus.h"
+#include "tools/program/Monitoring.h"
 
 namespace tool {
 
@@ -93,12 +94,33 @@ ExitStatus run(int argc, const char* const* argv, Notices& notices, Progress& pr
 
 }  // namespace
 
+namespace {
+
+int runMonitor(int argc, const char* const* argv, Notices& notices, Progress& progress) {
+    Output output(std::cout, progress, terminal::isOutput());
+    const auto askMachine = [&] {
+        const CommandLine commandLine(argc, argv);
+        if (commandLine.status) {
+            return *commandLine.status == kAnswered ? 0 : kMonitoringUnknown;
+        }
+        Session session(commandLine.options, notices, progress);
+        session.connect();
+        const int status = runMonitoring({commandLine.options, session, output, progress, notices});
+        output.flush();
+        return status;
+    };
+    return runAsMonitor(askMachine, output, notices);
+}
+
+}  // namespace
+
 int runProgram(int argc, const char* const* argv) {
     terminal::prepare();
     std::ios::sync_with_stdio(false);
     Progress progress(std::cerr, terminal::isError(), terminal::width(true));
     Notices notices(std::cerr, progress);
-    return run(argc, argv, notices, progress);
+    return isMonitoring(argc, argv) ? runMonitor(argc, argv, notices, progress)
+                                    : run(argc, argv, notices, progress);
 }
 
 }  // namespace tool
