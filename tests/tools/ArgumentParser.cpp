@@ -100,6 +100,23 @@ TEST_F(ArgumentParserTest, RefusesUnknownRepeatedAndNamelessArguments) {
     EXPECT_THAT(refusal({"=1"}), HasSubstr("no parameter ''"));
 }
 
+TEST_F(ArgumentParserTest, TakesTheNameOfANumber) {
+    const ValueMap meanings({"2", "0x10", "3..7"}, {"OK", "Hot", "5"});
+    const auto number = [&](const std::string& text) {
+        return parser_.value("U16", TType(TType::eUint16), text, &meanings).ToString(10);
+    };
+    EXPECT_EQ(number("ok"), "2");
+    EXPECT_EQ(number("Hot"), "16");
+    EXPECT_EQ(number("5"), "5");
+    EXPECT_EQ(parser_.value("U16s", TType(TType::eUint16Array), "[OK, 7]", &meanings).ToString(10), "2,7");
+    try {
+        number("Cold");
+        FAIL();
+    } catch (const UsageError& error) {
+        EXPECT_THAT(error.what(), ::testing::EndsWith("from 0 to 65535 is expected, or one of OK, Hot, 5"));
+    }
+}
+
 TEST(ParseList, SplitsAtCommasOutsideQuotes) {
     EXPECT_THAT(parseList("[a, b ,c d]"), ElementsAre("a", "b", "c d"));
     EXPECT_THAT(parseList(R"(["a,b","say \"x\" \\", ""])"), ElementsAre("a,b", R"(say "x" \)", ""));

@@ -50,4 +50,13 @@ TEST(ValueMap, HasNoTextForNullAndUnreadableEntries) {
     EXPECT_EQ(map.textOf(TCIMValue(1)), "one");
 }
 
+TEST(ValueMap, FindsTheValueOfAText) {
+    const ValueMap map({"2", "0x10", "3..7"}, {"OK", "Hot", "Reserved"});
+    EXPECT_EQ(map.valueOf("ok"), "2");
+    EXPECT_EQ(map.valueOf("Hot"), "0x10");
+    EXPECT_FALSE(map.valueOf("Reserved"));
+    EXPECT_FALSE(map.valueOf("Cold"));
+    EXPECT_EQ(map.texts(), "OK, Hot, Reserved");
+}
+
 }  // namespace tool

@@ -2,6 +2,9 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <optional>
+
 #include "tools/commands/Commands.h"
 #include "tools/commands/RowCount.h"
 #include "tools/common/Failure.h"
@@ -9,6 +12,8 @@
 #include "tools/console/Terminal.h"
 #include "tools/print/InstancePrinter.h"
 #include "tools/print/ReadingColumn.h"
+#include "tools/query/Condition.h"
+#include "tools/query/SortOrder.h"
 
 namespace tool {
 
@@ -51,28 +56,88 @@ void fetchSubclasses(const CommandContext& context, const std::string& className
     }
 }
 
-std::size_t print(const CommandContext& context, NQELVSK20::ICIMClass& cimClass, SchemaCache& schemas,
-                  InstancePrinter& printer) {
+/// Those instances that were asked for, in the order that was asked for, on their way to a printer.
+class Selection {
+public:
+    Selection(const Options& options, const ClassSchema& schema, InstancePrinter& printer)
+        : limit_(options.limit), isCount_(options.count), printer_(printer) {
+        if (!options.where.empty()) {
+            condition_.emplace(options.where, schema);
+        }
+        if (!options.sort.empty() && !isCount_) {
+            order_.emplace(options.sort, schema);
+        }
+    }
+
+    void take(const InstanceView& instance) {
+        const PropertySource properties = [&](const std::string& name) { return instance.value(name); };
+        if (condition_ && !condition_->holds(properties)) {
+            return;
+        }
+        ++count_;
+        if (order_) {
+            waiting_.push_back({order_->keyOf(properties), instance});
+        } else if (!isCount_) {
+            printer_.print(instance);
+        }
+    }
+
+    /// Whether more instances would change nothing.
+    bool isComplete() const { return limit_ && count_ >= *limit_ && !order_; }
+
+    void end() {
+        std::stable_sort(waiting_.begin(), waiting_.end(), [this](const Waiting& one, const Waiting& other) {
+            return order_->isBefore(one.key, other.key);
+        });
+        count_ = limit_ ? std::min(count_, *limit_) : count_;
+        for (std::size_t i = 0; i < std::min(count_, waiting_.size()); ++i) {
+            printer_.print(waiting_[i].instance);
+        }
+        if (!isCount_) {
+            printer_.end();
+        }
+    }
+
+    std::size_t count() const { return count_; }
+
+private:
+    struct Waiting {
+        SortOrder::Key key;
+        InstanceView instance;
+    };
+
+    std::optional<std::size_t> limit_;
+    bool isCount_;
+    InstancePrinter& printer_;
+    std::optional<Condition> condition_;
+    std::optional<SortOrder> order_;
+    std::vector<Waiting> waiting_;
+    std::size_t count_ = 0;
+};
+
+void ask(const CommandContext& context, NQELVSK20::ICIMClass& cimClass, SchemaCache& schemas,
+         Selection& selection) {
     const NullCells nullCells(context.session, schemas);
     RowCount rows;
-    std::size_t count = 0;
-    const auto isEnough = [&] { return context.options.limit && count >= *context.options.limit; };
     context.session.enumerateInstances(
         cimClass, context.options.deep, [&](const boost::shared_ptr<ICIMInstance>& instance) {
-            if (isEnough()) {
+            if (selection.isComplete()) {
                 return false;  // a subclass's turn, which an earlier false did not stop
             }
             const InstanceView view(*instance, &nullCells);
             rows.add(view.className);
-            printer.print(view);
-            context.progress.note(fmt::format("node {}: {} instances so far", view.node, ++count));
-            return !isEnough();
+            selection.take(view);
+            context.progress.note(fmt::format("node {}: {} instances so far", view.node, selection.count()));
+            return !selection.isComplete();
         });
-    printer.end();
-    if (!isEnough()) {
+    selection.end();
+    if (!selection.isComplete()) {
         rows.tell(context, schemas, context.options.deep);
     }
-    return count;
+}
+
+void writeCount(const CommandContext& context, std::size_t count) {
+    context.output.line(context.isJson() ? fmt::format("{{\"count\": {}}}", count) : std::to_string(count));
 }
 
 }  // namespace
@@ -89,8 +154,15 @@ bool runInstances(const CommandContext& context) {
     }
     const auto printer = makeInstancePrinter(context.options.format,
                                              {context.output, schemas, schema, columns, terminal::width()});
-    const std::size_t count = print(context, *cimClass, schemas, *printer);
-    return count != 0 || nothingFound(context, "there are no instances of " + className);
+    Selection selection(context.options, schema, *printer);
+    ask(context, *cimClass, schemas, selection);
+    if (context.options.count) {
+        writeCount(context, selection.count());
+        return selection.count() != 0;
+    }
+    return selection.count() != 0 ||
+           nothingFound(context, context.options.where.empty() ? "there are no instances of " + className
+                                                               : "no instance of " + className + " fits");
 }
 
 }  // namespace tool

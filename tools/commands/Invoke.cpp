@@ -110,8 +110,9 @@ bool runInvoke(const CommandContext& context) {
     SchemaCache schemas(context.session);
     const ClassSchema& schema = schemas.of(cimClass);
     const ClassSchema::Method& method = methodOf(schema, options.method);
-    const ArgumentParser parser(*method.declaration,
-                                [&](const std::string& path) { return context.session.reference(path); });
+    const ArgumentParser parser(
+        *method.declaration, [&](const std::string& path) { return context.session.reference(path); },
+        [&](const std::string& name) { return schema.valueMapOf(name); });
     const TContext inputs = parser.parse(options.arguments);
     const std::string path =
         wanted.keys.empty() ? cimClass->GetName(TContext()) : serversPath(wanted, schema, context.session);

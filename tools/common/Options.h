@@ -47,6 +47,9 @@ struct Options {
     bool nagios = false;                  ///< health
     std::vector<std::string> columns;     ///< instances; empty: no table
     std::optional<std::size_t> limit;     ///< instances
+    std::string where;                    ///< instances: which; empty: all
+    std::vector<std::string> sort;        ///< instances: NAME or -NAME; empty: as they come
+    bool count = false;                   ///< instances: only how many
     std::string path;                     ///< get, invoke
     std::string method;                   ///< invoke
     std::vector<std::string> arguments;   ///< invoke: NAME=VALUE each

@@ -218,6 +218,7 @@ private:
         instances->add_option("--limit", options_.limit, "Stop after so many")
             ->type_name("N")
             ->transform(wholeNumber(std::numeric_limits<std::size_t>::max()));
+        addSelection(*instances);
         CLI::App* get = add("get", "One instance", Question::kGet);
         get->add_option("PATH", options_.path,
                         "Its path, e.g. 'OMC_Fan.DeviceID=\"1\"', as names or instances prints it")
@@ -229,6 +230,21 @@ private:
             ->required();
         invoke->add_option("METHOD", options_.method, "Name of the method")->required();
         invoke->add_option("NAME=VALUE", options_.arguments, "Arguments; an array as NAME=[a,b]");
+    }
+
+    void addSelection(CLI::App& instances) {
+        instances
+            .add_option(
+                "--where", options_.where,
+                "Those that fit only, e.g. 'HealthState!=OK and ElementName~fan'; operators = != < <= > "
+                ">= ~ (contains) !~, and, or, not, parentheses")
+            ->type_name("CONDITION");
+        instances
+            .add_option("--sort", options_.sort, "In the order of these properties; -A: the greatest first")
+            ->type_name("A,-B")
+            ->delimiter(',')
+            ->allow_extra_args(false);
+        instances.add_flag("--count", options_.count, "Only how many there are");
     }
 
     void addHealthCommand() {

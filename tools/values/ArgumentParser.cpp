@@ -13,6 +13,7 @@
 #include "tools/common/Utf8.h"
 #include "tools/values/CimTypeName.h"
 #include "tools/values/ObjectPath.h"
+#include "tools/values/Qualifiers.h"
 #include "vskcore/ICIMParameterDecl.h"
 
 namespace tool {
@@ -27,11 +28,12 @@ struct Argument {
     const std::string& name;
     TType type = TType::eUnknown;
     const std::string& text;
+    const ValueMap* meanings = nullptr;
 
     [[noreturn]] void refuse(const std::string& expected) const {
         throw UsageError(name + " takes " + cimTypeName(type) +
                          (isArrayType(type) ? " values in brackets" : "") + ", not '" + cutTo(text, 20) +
-                         "': " + expected);
+                         "': " + expected + (meanings == nullptr ? "" : ", or one of " + meanings->texts()));
     }
 };
 
@@ -151,6 +153,12 @@ private:
     std::size_t position_ = 1;
 };
 
+// The number that stands behind a name; the text as it is when it is none.
+std::string meaningOf(const std::string& text, const ValueMap* meanings) {
+    const auto value = meanings == nullptr || parseInteger(text) ? std::nullopt : meanings->valueOf(text);
+    return value.value_or(text);
+}
+
 std::string parameterNames(const ICIMMethodDecl& method) {
     std::string names;
     method.EnumerateParameterDecls(
@@ -171,8 +179,9 @@ std::vector<std::string> parseList(const std::string& text) {
     return ListReader(text).read();
 }
 
-ArgumentParser::ArgumentParser(const ICIMMethodDecl& method, MakeReference makeReference)
-    : method_(method), makeReference_(std::move(makeReference)) {}
+ArgumentParser::ArgumentParser(const ICIMMethodDecl& method, MakeReference makeReference,
+                               MeaningsOf meaningsOf)
+    : method_(method), makeReference_(std::move(makeReference)), meaningsOf_(std::move(meaningsOf)) {}
 
 TContext ArgumentParser::parse(const std::vector<std::string>& arguments) const {
     TContext values;
@@ -188,7 +197,10 @@ TContext ArgumentParser::parse(const std::vector<std::string>& arguments) const 
                              parameterNames(method_));
         }
         const std::string& declared = parameter->GetName(TContext());
-        const TCIMValue given = value(declared, parameter->GetType(TContext()), argument.substr(equals + 1));
+        const auto own = valueMapIn(qualifiersOf(*parameter));
+        const ValueMap* others = meaningsOf_ ? meaningsOf_(declared) : nullptr;
+        const TCIMValue given = value(declared, parameter->GetType(TContext()), argument.substr(equals + 1),
+                                      own ? &*own : others);
         if (!values.emplace(declared, given).second) {
             throw UsageError("the parameter " + declared + " is given twice");
         }
@@ -196,11 +208,13 @@ TContext ArgumentParser::parse(const std::vector<std::string>& arguments) const 
     return values;
 }
 
-TCIMValue ArgumentParser::value(const std::string& name, TType type, const std::string& text) const {
-    return isArrayType(type) ? array(name, type, text) : scalar(name, type, text);
+TCIMValue ArgumentParser::value(const std::string& name, TType type, const std::string& text,
+                                const ValueMap* meanings) const {
+    return isArrayType(type) ? array(name, type, text, meanings) : scalar(name, type, text, meanings);
 }
 
-TCIMValue ArgumentParser::array(const std::string& name, TType type, const std::string& text) const {
+TCIMValue ArgumentParser::array(const std::string& name, TType type, const std::string& text,
+                                const ValueMap* meanings) const {
     const TType element = scalarType(type);
     if (element == TType::eReference) {
         Argument{name, type, text}.refuse("arrays of references cannot be sent");
@@ -210,22 +224,25 @@ TCIMValue ArgumentParser::array(const std::string& name, TType type, const std::
     }
     std::vector<TCIMValue> elements;
     for (const std::string& part : parseList(text)) {
-        elements.push_back(scalar(name, element, part));
+        elements.push_back(scalar(name, element, part, meanings));
     }
     return TCIMValue(element, 0, elements);
 }
 
-TCIMValue ArgumentParser::scalar(const std::string& name, TType type, const std::string& text) const {
+TCIMValue ArgumentParser::scalar(const std::string& name, TType type, const std::string& text,
+                                 const ValueMap* meanings) const {
     if (type != TType::eReference) {
-        return parseScalar(name, type, text);
+        return parseScalar(name, type, text, meanings);
     }
     ObjectPath::parse(text);  // refuses what is none
     TCIMReference reference = makeReference_(text);
     return TCIMValue(reference);
 }
 
-TCIMValue parseScalar(const std::string& name, TType type, const std::string& text) {
-    const Argument argument{name, type, text};
+TCIMValue parseScalar(const std::string& name, TType type, const std::string& text,
+                      const ValueMap* meanings) {
+    const std::string meant = meaningOf(text, meanings);
+    const Argument argument{name, type, meant, meanings};
     switch (type) {
         case TType::eBoolean:
             return booleanValue(argument);

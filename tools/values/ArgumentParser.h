@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "tools/values/ValueMap.h"
 #include "vskcore/ICIMMethodDecl.h"
 #include "vskcore/TCIMReference.h"
 #include "vskcore/TCIMValue.h"
@@ -17,31 +18,38 @@ class ArgumentParser {
 public:
     using MakeReference = std::function<NQELVSK20::TCIMReference(const std::string& path)>;
 
-    /// `makeReference` binds a path to the namespace.
-    ArgumentParser(const NQELVSK20::ICIMMethodDecl& method, MakeReference makeReference);
+    /// Tells what the values of a property mean; null when nothing does.
+    using MeaningsOf = std::function<const ValueMap*(const std::string& property)>;
 
-    /// NAME=VALUE each, names without regard to case.
+    /// `makeReference` binds a path to the namespace. `meaningsOf` is asked
+    /// about a property of a parameter's name where the parameter itself has no names for its values.
+    ArgumentParser(const NQELVSK20::ICIMMethodDecl& method, MakeReference makeReference,
+                   MeaningsOf meaningsOf = nullptr);
+
+    /// NAME=VALUE each, names without regard to case. A number may be given by the name that a ValueMap has
+    /// for it.
     NQELVSK20::TContext parse(const std::vector<std::string>& arguments) const;
 
     /// A value of a type, scalar or array (`[a,b]`, elements with commas or quotes as `"a,b"`). `name` is for
-    /// the message.
+    /// the message; with `meanings`, which may be null, a number can be given by its name.
     NQELVSK20::TCIMValue value(const std::string& name, NQELVSK20::TCIMValue::TCIMType type,
-                               const std::string& text) const;
+                               const std::string& text, const ValueMap* meanings = nullptr) const;
 
 private:
     NQELVSK20::TCIMValue scalar(const std::string& name, NQELVSK20::TCIMValue::TCIMType type,
-                                const std::string& text) const;
+                                const std::string& text, const ValueMap* meanings) const;
     NQELVSK20::TCIMValue array(const std::string& name, NQELVSK20::TCIMValue::TCIMType type,
-                               const std::string& text) const;
+                               const std::string& text, const ValueMap* meanings) const;
 
     const NQELVSK20::ICIMMethodDecl& method_;
     MakeReference makeReference_;
+    MeaningsOf meaningsOf_;
 };
 
 /// A value of a scalar type other than a reference. `name` is for the message of the UsageError that is
-/// thrown when the text is none.
+/// thrown when the text is none. With `meanings`, which may be null, a number can be given by its name.
 NQELVSK20::TCIMValue parseScalar(const std::string& name, NQELVSK20::TCIMValue::TCIMType type,
-                                 const std::string& text);
+                                 const std::string& text, const ValueMap* meanings = nullptr);
 
 /// The elements of `[a, "b,c", d]`: blanks around an element are left out, inside quotes `\` escapes. Throws
 /// UsageError for text that is no such list.

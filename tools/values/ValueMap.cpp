@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "tools/common/Integer.h"
+#include "tools/common/Names.h"
 #include "tools/values/CimTypeName.h"
 
 namespace tool {
@@ -65,6 +66,23 @@ std::optional<std::string> ValueMap::textOf(const TCIMValue& scalar) const {
                              [](const Entry& entry) { return entry.value == kAllOthers; });
     }
     return found == entries_.end() ? std::nullopt : std::optional(found->text);
+}
+
+std::optional<std::string> ValueMap::valueOf(const std::string& text) const {
+    for (const Entry& entry : entries_) {
+        if (sameName(entry.text, text) && entry.value.find("..") == std::string::npos) {
+            return entry.value;
+        }
+    }
+    return std::nullopt;
+}
+
+std::string ValueMap::texts() const {
+    std::string texts;
+    for (const Entry& entry : entries_) {
+        texts += (texts.empty() ? "" : ", ") + entry.text;
+    }
+    return texts;
 }
 
 }  // namespace tool

@@ -25,6 +25,12 @@ public:
     /// The text of a scalar value; none when the map has none for it.
     std::optional<std::string> textOf(const NQELVSK20::TCIMValue& scalar) const;
 
+    /// The value that a text stands for, case aside; none when it stands for a range or for nothing.
+    std::optional<std::string> valueOf(const std::string& text) const;
+
+    /// All texts, for a message.
+    std::string texts() const;
+
 private:
     std::vector<Entry> entries_;
 };
