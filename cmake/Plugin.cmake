@@ -21,22 +21,29 @@ target_compile_definitions(cimhttp_core PRIVATE CIMHTTP_BUILDING_PLUGIN INTERFAC
 
 file(WRITE "${CMAKE_BINARY_DIR}/plugin.cpp.in" "// The shared library takes every object of cimhttp_core.\n")
 configure_file("${CMAKE_BINARY_DIR}/plugin.cpp.in" "${CMAKE_BINARY_DIR}/plugin.cpp" COPYONLY)
+# A host's own SDK is installed by whoever made it: its folders are none of what is told to those who use the plug-in.
+set(CIMHTTP_HOST_SDK VSK::SDK)
+if(VSK_SDK_ROOT)
+  set(CIMHTTP_HOST_SDK $<BUILD_INTERFACE:VSK::SDK>)
+endif()
 add_library(cimhttp SHARED "${CMAKE_BINARY_DIR}/plugin.cpp")
 if(MINGW)
   target_sources(cimhttp PRIVATE "${PROJECT_SOURCE_DIR}/cmake/mingw/OnExit.cpp")
 endif()
 target_link_libraries(cimhttp PRIVATE "$<LINK_LIBRARY:WHOLE_ARCHIVE,cimhttp_core>"
-                      PUBLIC VSK::SDK OpenPegasus::Client Boost::headers)
+                      PUBLIC ${CIMHTTP_HOST_SDK} OpenPegasus::Client Boost::headers)
+target_compile_features(cimhttp INTERFACE cxx_std_17)
 if(NOT MSVC)
   # What headers of other libraries show is the plug-in's own here, too: it would keep the library from being unloaded.
   set(exports "${PROJECT_SOURCE_DIR}/cmake/PluginExports.map")
   target_link_options(cimhttp PRIVATE "-Wl,--version-script=${exports}")
   set_property(TARGET cimhttp APPEND PROPERTY LINK_DEPENDS "${exports}")
 endif()
-target_include_directories(cimhttp PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include/plugin>")
+target_include_directories(cimhttp PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include/plugin>"
+                           "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>")
 
 cimhttp_describe_library(cimhttp "CIM-XML namespace provider")
 
-install(TARGETS cimhttp RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-install(DIRECTORY include/plugin/cimhttp DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
+cimhttp_install_library(cimhttp cimhttpTargets)
+install(DIRECTORY include/plugin/cimhttp DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development
+        FILES_MATCHING PATTERN "*.h")

@@ -1,0 +1,28 @@
+# A person's own installation from this build must stay known to "uninstall": its list is put aside for a while.
+
+function(put_manifests_aside build)
+  file(GLOB manifests "${build}/install_manifest*.txt")
+  foreach(manifest IN LISTS manifests)
+    file(RENAME "${manifest}" "${manifest}.aside")
+  endforeach()
+endfunction()
+
+function(put_manifests_back build)
+  file(GLOB manifests "${build}/install_manifest*.txt")
+  if(manifests)
+    file(REMOVE ${manifests})
+  endif()
+  file(GLOB manifests "${build}/install_manifest*.txt.aside")
+  foreach(manifest IN LISTS manifests)
+    string(REGEX REPLACE "\\.aside$" "" name "${manifest}")
+    file(RENAME "${manifest}" "${name}")
+  endforeach()
+endfunction()
+
+function(install_to build prefix)
+  execute_process(COMMAND "${CMAKE_COMMAND}" --install "${build}" --prefix "${prefix}" OUTPUT_QUIET RESULT_VARIABLE status)
+  if(NOT status EQUAL 0)
+    put_manifests_back("${build}")
+    message(FATAL_ERROR "installing failed: ${status}")
+  endif()
+endfunction()
