@@ -54,8 +54,10 @@ std::optional<int> readOptions(int argc, char** argv, Options& options) {
         ->type_name("N");
     app.add_option("--https-port", options.httpsPort, "Port for HTTPS; 0: any free one (default 5989)")
         ->type_name("N");
-    app.add_flag("!--no-http", options.http, "Serve HTTPS only");
-    app.add_flag("!--no-https", options.https, "Serve HTTP only");
+    app.add_flag_callback(
+        "--no-http", [&options] { options.http = false; }, "Serve HTTPS only");
+    app.add_flag_callback(
+        "--no-https", [&options] { options.https = false; }, "Serve HTTP only");
     app.add_option("--user", options.user, "User name to ask for")->type_name("NAME");
     app.add_option("--password-file", options.passwordFile, "File whose first line is the password")
         ->type_name("FILE");

@@ -12,6 +12,7 @@ namespace {
 
 using NQELVSK20::TestMachine;
 using ::testing::Contains;
+using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
 constexpr const char* kInstalled = INSTALLED;
@@ -76,3 +77,15 @@ TEST(InstalledPrograms, FindTheirLibrariesWhereverTheyWereMoved) {
         EXPECT_THAT(support::linesOf(result.out), Contains(program + " " + CIMHTTP_VERSION));
     }
 }
+
+#ifdef MANUAL_PAGES_ARE_MADE
+TEST(InstalledPrograms, HaveManualPagesOfTheirVersion) {
+    for (const std::string program : {"cimhttp", "cimom"}) {
+        const std::string page = std::string(kInstalled) + "/share/man/man1/" + program + ".1.gz";
+        const support::ProcessResult result = support::runProcess({"gzip", "-dc", page});
+        EXPECT_EQ(result.status, 0) << result.err;
+        EXPECT_THAT(result.out, HasSubstr(".TH \"" + program + "\" \"1\""));
+        EXPECT_THAT(result.out, HasSubstr(std::string("\"cimhttp ") + CIMHTTP_VERSION + "\""));
+    }
+}
+#endif
