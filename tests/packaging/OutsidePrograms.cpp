@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -86,6 +87,15 @@ TEST(InstalledPrograms, HaveManualPagesOfTheirVersion) {
         EXPECT_EQ(result.status, 0) << result.err;
         EXPECT_THAT(result.out, HasSubstr(".TH \"" + program + "\" \"1\""));
         EXPECT_THAT(result.out, HasSubstr(std::string("\"cimhttp ") + CIMHTTP_VERSION + "\""));
+    }
+}
+#endif
+
+#ifndef _WIN32
+TEST(InstalledPrograms, HaveCompletionWhereTheShellsLook) {
+    for (const std::string file : {"bash-completion/completions/cimhttp", "bash-completion/completions/cimom",
+                                   "zsh/site-functions/_cimhttp", "zsh/site-functions/_cimom"}) {
+        EXPECT_TRUE(std::filesystem::exists(std::string(kInstalled) + "/share/" + file)) << file;
     }
 }
 #endif

@@ -5,6 +5,7 @@
 
 #include "tools/commands/Commands.h"
 #include "tools/common/Names.h"
+#include "tools/common/SeenClasses.h"
 
 namespace tool {
 
@@ -47,6 +48,7 @@ bool runClasses(const CommandContext& context) {
                                          ? "there are no classes in " + context.session.nameSpaceName()
                                          : "there are no classes below " + className);
     }
+    SeenClasses().keep(names);
     return true;
 }
 

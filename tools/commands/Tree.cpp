@@ -6,6 +6,7 @@
 #include "tools/common/Failure.h"
 #include "tools/common/Names.h"
 #include "tools/common/SafeText.h"
+#include "tools/common/SeenClasses.h"
 #include "tools/values/JsonValue.h"
 
 namespace tool {
@@ -38,7 +39,7 @@ public:
         context_.output.line(jsonText(json, 2, context_.output.isTerminal()));
     }
 
-    std::size_t classes() const { return seen_.size(); }
+    std::vector<std::string> classes() const { return {seen_.begin(), seen_.end()}; }
 
 private:
     // The class that was asked for must be there; those below it are shown even when they cannot be read.
@@ -120,8 +121,12 @@ bool runTree(const CommandContext& context) {
     } else {
         tree.writeText(context.options.className);
     }
-    return tree.classes() != 0 ||
-           nothingFound(context, "there are no classes in " + context.session.nameSpaceName());
+    const std::vector<std::string> classes = tree.classes();
+    if (classes.empty()) {
+        return nothingFound(context, "there are no classes in " + context.session.nameSpaceName());
+    }
+    SeenClasses().keep(classes);
+    return true;
 }
 
 }  // namespace tool

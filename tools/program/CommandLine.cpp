@@ -1,6 +1,7 @@
 #include "tools/program/CommandLine.h"
 
 #include <CLI/CLI.hpp>
+#include <iostream>
 
 #include <limits>
 #include <memory>
@@ -11,6 +12,8 @@
 #include "tools/common/Names.h"
 #include "tools/common/SafeText.h"
 #include "tools/common/UsageError.h"
+#include "tools/program/Choice.h"
+#include "tools/program/Completion.h"
 #include "tools/program/HelpFormat.h"
 #include "tools/program/UnknownWords.h"
 
@@ -46,11 +49,6 @@ constexpr const char* kTimeoutHelp =
     "(3000) and instance names (15000) keep theirs";
 
 constexpr unsigned kLongestConnectTimeout = 3600;  // an hour
-constexpr std::size_t kLongestShown = 24;          // of a wrong value, so that the line about it stays short
-
-std::string inQuotes(const std::string& value) {
-    return "'" + cutTo(value, kLongestShown) + "'";
-}
 
 // Reads a whole number from 1; leaves its decimal digits.
 CLI::Validator wholeNumber(unsigned long long highest) {
@@ -61,23 +59,6 @@ CLI::Validator wholeNumber(unsigned long long highest) {
         }
         text = std::to_string(number->size);
         return std::string();
-    };
-    return {read, ""};
-}
-
-// Reads one of some words; leaves the number of what it stands for.
-template <typename CHOICE>
-CLI::Validator oneOf(const std::vector<std::pair<std::string, CHOICE>>& choices) {
-    const auto read = [choices](std::string& text) {
-        std::string words;
-        for (const auto& [word, choice] : choices) {
-            if (sameName(word, text)) {
-                text = std::to_string(static_cast<int>(choice));
-                return std::string();
-            }
-            words += (words.empty() ? "" : word == choices.back().first ? " or " : ", ") + word;
-        }
-        return inQuotes(text) + ": " + words + " is expected";
     };
     return {read, ""};
 }
@@ -278,6 +259,13 @@ void requireFit(const Options& options) {
 
 CommandLine::CommandLine(int argc, const char* const* argv) {
     Grammar grammar(options);
+    if (Completion::isAskedFor(argc, argv)) {
+        for (const std::string& word : Completion(grammar.app(), {argv + 2, argv + argc}).words()) {
+            std::cout << word << '\n';
+        }
+        status = kAnswered;
+        return;
+    }
     try {
         grammar.app().parse(argc, argv);
     } catch (const CLI::Success& request) {

@@ -1,0 +1,91 @@
+#include "tools/common/SeenClasses.h"
+
+#include <cstdlib>
+#include <exception>
+#include <fstream>
+#include <random>
+#include <system_error>
+#include <utility>
+
+#include "tools/common/Names.h"
+
+namespace tool {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// A variable's folder; one that depends on where the person stands is none.
+fs::path folderIn(const char* variable) {
+    const char* text = std::getenv(variable);
+    fs::path folder(text != nullptr ? text : "");
+    return folder.is_absolute() ? folder : fs::path();
+}
+
+fs::path cacheFolder() {
+    for (const char* variable : {"XDG_CACHE_HOME", "LOCALAPPDATA"}) {
+        const fs::path folder = folderIn(variable);
+        if (!folder.empty()) {
+            return folder;
+        }
+    }
+    const fs::path home = folderIn("HOME");
+    return home.empty() ? home : home / ".cache";
+}
+
+bool write(const fs::path& file, const std::vector<std::string>& names) {
+    std::ofstream stream(file, std::ios::binary);
+    for (const std::string& name : names) {
+        if (isCimName(name)) {
+            stream << name << '\n';
+        }
+    }
+    stream.close();
+    return !stream.fail();
+}
+
+}  // namespace
+
+SeenClasses::SeenClasses() {
+    const fs::path folder = cacheFolder();
+    if (!folder.empty()) {
+        file_ = folder / "cimhttp" / "classes";
+    }
+}
+
+SeenClasses::SeenClasses(fs::path file) : file_(std::move(file)) {}
+
+void SeenClasses::keep(const std::vector<std::string>& names) const noexcept {
+    try {
+        if (file_.empty()) {
+            return;
+        }
+        std::error_code failed;
+        fs::create_directories(file_.parent_path(), failed);
+        fs::path unfinished = file_;
+        unfinished += "." + std::to_string(std::random_device()());
+        if (write(unfinished, names)) {
+            fs::rename(unfinished, file_, failed);
+        }
+        fs::remove(unfinished, failed);
+    } catch (const std::exception&) {
+        // Then they are not completed.
+    }
+}
+
+std::vector<std::string> SeenClasses::names() const noexcept {
+    std::vector<std::string> names;
+    try {
+        std::ifstream stream(file_, std::ios::binary);
+        for (std::string line; std::getline(stream, line);) {
+            if (isCimName(line)) {
+                names.push_back(line);
+            }
+        }
+    } catch (const std::exception&) {
+        names.clear();
+    }
+    return names;
+}
+
+}  // namespace tool
