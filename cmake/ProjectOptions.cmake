@@ -3,6 +3,7 @@
 option(CIMHTTP_BUILD_TESTS "Build the tests" ON)
 option(CIMHTTP_BUILD_BENCH "Build the benchmarks" OFF)
 option(CIMHTTP_BUILD_FUZZERS "Build the fuzzers (clang only)" OFF)
+option(CIMHTTP_DEBIAN "Make Debian packages with cpack" OFF)
 option(CIMHTTP_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" ON)
 set(CIMHTTP_SANITIZE "" CACHE STRING "Sanitizers to build with, e.g. address,undefined or thread")
 option(CIMHTTP_COVERAGE "Instrument for gcov" OFF)

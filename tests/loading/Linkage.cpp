@@ -84,7 +84,7 @@ TEST(Linkage, ThePluginNeedsTheHostAndWindowsOnly) {
 #elif defined(CIMHTTP_KNOWN_IMPORTS)
 TEST(Linkage, ThePluginNeedsTheHostTheClientLibraryAndTheSystemOnly) {
     EXPECT_THAT(BinaryFile(CIMHTTP_LIBRARY).imports(),
-                UnorderedElementsAre("libvskhost.so", "libcimxml.so.0", "libstdc++.so.6", "libgcc_s.so.1",
+                UnorderedElementsAre("libvskhost.so.0", "libcimxml.so.0", "libstdc++.so.6", "libgcc_s.so.1",
                                      "libc.so.6"));
 }
 #endif

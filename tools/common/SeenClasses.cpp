@@ -33,7 +33,7 @@ fs::path cacheFolder() {
     return home.empty() ? home : home / ".cache";
 }
 
-bool write(const fs::path& file, const std::vector<std::string>& names) {
+bool writeLines(const fs::path& file, const std::vector<std::string>& names) {
     std::ofstream stream(file, std::ios::binary);
     for (const std::string& name : names) {
         if (isCimName(name)) {
@@ -64,7 +64,7 @@ void SeenClasses::keep(const std::vector<std::string>& names) const noexcept {
         fs::create_directories(file_.parent_path(), failed);
         fs::path unfinished = file_;
         unfinished += "." + std::to_string(std::random_device()());
-        if (write(unfinished, names)) {
+        if (writeLines(unfinished, names)) {
             fs::rename(unfinished, file_, failed);
         }
         fs::remove(unfinished, failed);

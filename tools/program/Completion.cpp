@@ -22,12 +22,12 @@ bool takesValue(const CLI::Option& option) {
     return option.get_items_expected_max() > 0;
 }
 
-bool isShown(const std::string& group) {
+bool isListed(const std::string& group) {
     return !group.empty();
 }
 
 std::vector<CLI::App*> commandsIn(CLI::App& command) {
-    return command.get_subcommands([](const CLI::App* inner) { return isShown(inner->get_group()); });
+    return command.get_subcommands([](const CLI::App* inner) { return isListed(inner->get_group()); });
 }
 
 CLI::App* findCommand(CLI::App& command, const std::string& name) {
@@ -37,7 +37,7 @@ CLI::App* findCommand(CLI::App& command, const std::string& name) {
     return found == commands.end() ? nullptr : *found;
 }
 
-std::vector<std::string> valuesOf(CLI::Option& option) {
+std::vector<std::string> valueWords(CLI::Option& option) {
     return option.get_type_name() == "FILE" ? std::vector<std::string>{Completion::kFiles} : wordsOf(option);
 }
 
@@ -96,7 +96,7 @@ std::vector<std::string> Completion::optionNames() const {
     std::vector<std::string> names;
     for (CLI::App* command : commands_) {
         for (const CLI::Option* option : command->get_options()) {
-            if (isShown(option->get_group())) {
+            if (isListed(option->get_group())) {
                 for (const std::string& name : option->get_lnames()) {
                     names.push_back("--" + name);
                 }
@@ -131,12 +131,12 @@ std::vector<std::string> Completion::positionalWords() const {
     }
     const std::string name = option.get_name(true);
     // A path begins with its class, and a method's "path" may be one.
-    return name == "CLASS" || name == "PATH" ? SeenClasses().names() : valuesOf(option);
+    return name == "CLASS" || name == "PATH" ? SeenClasses().names() : valueWords(option);
 }
 
 std::vector<std::string> Completion::candidates() const {
     if (pending_ != nullptr) {
-        return valuesOf(*pending_);
+        return valueWords(*pending_);
     }
     if (!prefix_.empty()) {
         return {};
