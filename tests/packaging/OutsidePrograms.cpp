@@ -37,7 +37,7 @@ support::ProcessResult runInstalled(const std::string& program, const std::strin
     const TestMachine machine(1);
     const support::ProcessResult result = runOutside(way, "client", machine.Host(0));
     EXPECT_EQ(result.status, 0) << result.err;
-    EXPECT_THAT(support::linesOf(result.out), Contains("CIM_ManagedElement"));
+    EXPECT_THAT(result.out, HasSubstr("CIM_ManagedElement"));
 }
 
 void expectThatHostLoadsThePlugin(const std::string& way) {
