@@ -46,9 +46,12 @@ if(CIMHTTP_BUNDLED_CLIENT)
   set(CIMHTTP_CLIENT_REQUIRES "cimxml = ${PROJECT_VERSION}")
   set(finders "")
 else()
-  # Its own build installs no package: what found it here finds it there.
-  set(CIMHTTP_CLIENT_DEPENDENCY
-      "list(INSERT CMAKE_MODULE_PATH 0 \"\${CMAKE_CURRENT_LIST_DIR}\")\nfind_dependency(OpenPegasus)\nlist(POP_FRONT CMAKE_MODULE_PATH)")
+  # Its own build installs no package: what found it here finds it there, first where it was found.
+  get_filename_component(pegasus "${OpenPegasus_INCLUDE_DIR}" DIRECTORY)
+  string(JOIN "\n" CIMHTTP_CLIENT_DEPENDENCY
+    "if(NOT OpenPegasus_ROOT)" "  set(OpenPegasus_ROOT \"${pegasus}\")" "endif()"
+    "list(INSERT CMAKE_MODULE_PATH 0 \"\${CMAKE_CURRENT_LIST_DIR}\")" "find_dependency(OpenPegasus)"
+    "list(POP_FRONT CMAKE_MODULE_PATH)")
   get_target_property(definitions OpenPegasus::Common INTERFACE_COMPILE_DEFINITIONS)
   include_flags(CIMHTTP_CLIENT_FLAGS "${OpenPegasus_INCLUDE_DIR}")
   foreach(definition IN LISTS definitions)

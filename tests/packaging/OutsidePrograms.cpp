@@ -18,19 +18,27 @@ using ::testing::StartsWith;
 
 constexpr const char* kInstalled = INSTALLED;
 
-/// A program that was built by the way given, run against a node; it finds the libraries where they are now.
+/// Runs a program of others or of ours. OpenPegasus may stand anywhere, and tells nobody where.
+support::ProcessResult runWithClientLibrary(const std::vector<std::string>& command,
+                                            const std::string& libraries = CLIENT_LIBRARIES) {
+    support::ProcessOptions options;
+    options.variables["LD_LIBRARY_PATH"] = libraries;
+    return support::runProcess(command, options);
+}
+
+/// A program that was built by the way given, run against a node. CMake has written into it where the
+/// libraries are.
 support::ProcessResult runOutside(const std::string& way, const std::string& program,
                                   const std::string& host) {
-    support::ProcessOptions options;
-    if (way == "pkg-config") {
-        options.variables["LD_LIBRARY_PATH"] = std::string(kInstalled) + "/" + LIBDIR;
-    }
-    return support::runProcess(
-        {std::string(OUTSIDE) + "/" + way + "/outside_" + program + PROGRAM_SUFFIX, host}, options);
+    const std::vector<std::string> command{
+        std::string(OUTSIDE) + "/" + way + "/outside_" + program + PROGRAM_SUFFIX, host};
+    return way == "cmake" ? runWithClientLibrary(command)
+                          : runWithClientLibrary(
+                                command, std::string(kInstalled) + "/" + LIBDIR + ":" + CLIENT_LIBRARIES);
 }
 
 support::ProcessResult runInstalled(const std::string& program, const std::string& argument) {
-    return support::runProcess({std::string(kInstalled) + "/bin/" + program + PROGRAM_SUFFIX, argument});
+    return runWithClientLibrary({std::string(kInstalled) + "/bin/" + program + PROGRAM_SUFFIX, argument});
 }
 
 [[maybe_unused]] void expectThatClientAsks(const std::string& way) {
