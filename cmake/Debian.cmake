@@ -3,6 +3,7 @@
 
 find_program(GZIP gzip REQUIRED)
 set(CIMHTTP_DEBIAN_VERSION "${PROJECT_VERSION}-1")
+string(TIMESTAMP CIMHTTP_DEBIAN_DATE "%a, %d %b %Y %H:%M:%S +0000" UTC)
 # As Debian's own tools name whoever makes a package.
 set(CIMHTTP_PACKAGER "$ENV{DEBFULLNAME} <$ENV{DEBEMAIL}>")
 if(NOT DEFINED ENV{DEBFULLNAME} OR NOT DEFINED ENV{DEBEMAIL})

@@ -9,6 +9,8 @@ foreach(file IN LISTS of_others)
 endforeach()
 put_manifests_aside("${BUILD}")
 install_to("${BUILD}" "${FOLDER}")
+# What cpack leaves behind when it makes a package, which somebody installed by other means.
+file(WRITE "${BUILD}/install_manifest_runtime.txt" "${FOLDER}/bin/another\n")
 file(GLOB_RECURSE before RELATIVE "${FOLDER}" "${FOLDER}/*")
 execute_process(COMMAND "${CMAKE_COMMAND}" --build "${BUILD}" --target uninstall OUTPUT_VARIABLE said RESULT_VARIABLE status)
 put_manifests_back("${BUILD}")

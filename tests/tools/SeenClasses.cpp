@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-std::size_t entriesOf(const fs::path& folder) {
+std::size_t filesIn(const fs::path& folder) {
     return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
 }
 
@@ -30,7 +30,7 @@ TEST(SeenClasses, AreThoseOfTheLastAnswer) {
     EXPECT_THAT(SeenClasses(file).names(), ElementsAre("CIM_Fan", "OMC_Fan", "CIM_Sensor"));
     SeenClasses(file).keep({"CIM_Slot"});
     EXPECT_THAT(SeenClasses(file).names(), ElementsAre("CIM_Slot"));
-    EXPECT_EQ(entriesOf(file.parent_path()), 1U) << "nothing unfinished is left";
+    EXPECT_EQ(filesIn(file.parent_path()), 1U) << "nothing unfinished is left";
 }
 
 TEST(SeenClasses, AreReplacedAsAWholeUnderWhoeverReadsThem) {
@@ -74,7 +74,7 @@ TEST(SeenClasses, LeaveNothingUnfinishedWhereTheFileCannotBeReplaced) {
     const fs::path taken = folder.path() / "classes";
     fs::create_directories(taken / "full");
     SeenClasses(taken).keep({"CIM_Fan"});
-    EXPECT_EQ(entriesOf(folder.path()), 1U);
+    EXPECT_EQ(filesIn(folder.path()), 1U);
 }
 
 }  // namespace tool
