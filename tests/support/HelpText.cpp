@@ -40,7 +40,7 @@ HelpText::HelpText(const std::string& text) {
             const std::string word = match[1];
             if (word.front() == '-') {
                 addNames(word, options);
-            } else if (section != "Positionals") {
+            } else if (section == "Subcommands") {
                 commands.insert(word);
             }
         }

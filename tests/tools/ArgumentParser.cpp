@@ -113,7 +113,7 @@ TEST_F(ArgumentParserTest, TakesTheNameOfANumber) {
         number("Cold");
         FAIL();
     } catch (const UsageError& error) {
-        EXPECT_THAT(error.what(), ::testing::EndsWith("from 0 to 65535 is expected, or one of OK, Hot, 5"));
+        EXPECT_THAT(error.what(), ::testing::EndsWith("from 0 to 65535, or one of OK, Hot, 5"));
     }
 }
 

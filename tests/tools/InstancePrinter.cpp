@@ -92,7 +92,7 @@ TEST_F(InstancePrinterTest, JsonIsAnArrayOfInstances) {
 }
 
 TEST_F(InstancePrinterTest, JsonHasNoNodeWhereNoneIsKnown) {
-    JsonPrinter printer(text_.output(), {});
+    JsonPrinter printer(text_.output(), {}, schema_);
     printer.print(view("T", ""));
     printer.end();
     EXPECT_TRUE(nlohmann::json::parse(text_.text())[0]["node"].is_null());
@@ -100,7 +100,7 @@ TEST_F(InstancePrinterTest, JsonHasNoNodeWhereNoneIsKnown) {
 
 TEST_F(InstancePrinterTest, JsonAndCsvHideNothing) {
     const std::string id = "T\xe2\x80\xae\x7f";
-    JsonPrinter(text_.output(), {}).print(view(id));
+    JsonPrinter(text_.output(), {}, schema_).print(view(id));
     EXPECT_NE(text_.text().find(R"("ID": "T\u202e\u007f")"), std::string::npos) << text_.text();
     EXPECT_EQ(nlohmann::json::parse(text_.text() + ']')[0]["properties"]["ID"], id);
     OutputText csv;

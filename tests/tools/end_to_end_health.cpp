@@ -102,7 +102,7 @@ TEST(HealthCommand, ShowsAnElementOnceAsItsOwnClassTellsIt) {
     const json health = json::parse(run({"health", "--all", "--format", "json"}).out);
     std::set<std::string> names;
     for (const json& element : health["found"]) {
-        names.insert(element["node"].get<std::string>() + element["name"].get<std::string>());
+        names.insert(std::to_string(element["node"].get<int>()) + element["name"].get<std::string>());
     }
     EXPECT_EQ(names.size(), 53U);
     EXPECT_EQ(health["elements"], 53);
@@ -183,7 +183,7 @@ TEST(Monitoring, AMachineThatCannotBeAskedIsUnknown) {
 TEST(Monitoring, WrongUsageIsUnknownToo) {
     const Outcome outcome = run({"health", "--nagios", "--al"});
     EXPECT_EQ(outcome.status, 3);
-    EXPECT_THAT(outcome.out, StartsWith("CIMHTTP UNKNOWN - unknown arguments: --al"));
+    EXPECT_THAT(outcome.out, StartsWith("CIMHTTP UNKNOWN - unknown option --al; did you mean --all?"));
     EXPECT_EQ(run({"health", "--nagios", "--help"}).status, 0);
 }
 

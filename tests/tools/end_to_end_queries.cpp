@@ -23,7 +23,7 @@ std::vector<std::string> names(std::vector<std::string> arguments) {
     EXPECT_EQ(outcome.err, "");
     std::vector<std::string> found;
     for (const json& instance : json::parse(outcome.out)) {
-        found.push_back(instance["node"].get<std::string>() + ' ' +
+        found.push_back(std::to_string(instance["node"].get<int>()) + ' ' +
                         instance["properties"]["ElementName"].get<std::string>());
     }
     return found;
@@ -71,7 +71,7 @@ TEST(Sort, OrdersTheInstancesOfAllNodes) {
     EXPECT_THAT(names({"--sort", "-CurrentReading", "--where", "BaseUnits='Degrees C'", "--limit", "3"}),
                 ElementsAre("1 DIMM 4 Temp", "3 CPU 1 Temp", "3 CPU 2 Temp"));
     EXPECT_THAT(names({"--sort", "BaseUnits,CurrentReading", "--limit", "2"}),
-                ElementsAre("3 Coolant Temp", "1 VRM Temp"));
+                ElementsAre("3 Coolant Temp", "1 Ambient Temp"));
     EXPECT_EQ(ask({"--sort", "Speed"}).err, "cimhttp: OMC_NumericSensor has no property 'Speed'\n");
 }
 

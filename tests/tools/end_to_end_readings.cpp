@@ -18,7 +18,7 @@ using ::testing::Not;
 // The instance of a display name on a node.
 json sensorOf(const json& instances, const std::string& node, const std::string& name) {
     for (const json& instance : instances) {
-        if (instance["node"] == node && instance["properties"]["ElementName"] == name) {
+        if (instance["node"] == std::stoi(node) && instance["properties"]["ElementName"] == name) {
             return instance;
         }
     }

@@ -15,7 +15,7 @@ namespace tool {
 namespace {
 
 HealthReport reportOf(const CommandContext& context) {
-    context.progress.showNow("asking how the machine is");
+    context.progress.note("asking how the machine is");
     SchemaCache schemas(context.session);
     return HealthReport::of(context.session, schemas, context.progress);
 }

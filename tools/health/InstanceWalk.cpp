@@ -45,7 +45,7 @@ void InstanceWalk::descendOrSay(const std::string& className, const std::string&
 
 // `top` is the highest class with keys above this one; empty above that.
 void InstanceWalk::descend(const std::string& className, const std::string& top, const Visit& visit) {
-    progress_.show(std::to_string(seen_.size()) + " classes: " + className);
+    progress_.note(std::to_string(seen_.size()) + " classes: " + className);
     const ClassSchema& schema = schemas_.of(className);
     const std::string keyed = top.empty() && hasKey(schema) ? className : top;
     if (!keyed.empty() && !visitInstances(schema, keyed, visit)) {

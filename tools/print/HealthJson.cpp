@@ -12,7 +12,7 @@ ordered_json jsonEntries(const std::vector<LogEntry>& entries) {
     ordered_json array = ordered_json::array();
     for (const LogEntry& entry : entries) {
         ordered_json json;
-        json["node"] = entry.node;
+        json["node"] = jsonNode(entry.node);
         json["time"] = entry.time;
         json["severity"] = nameOf(entry.severity);
         json["text"] = entry.text;
@@ -23,7 +23,7 @@ ordered_json jsonEntries(const std::vector<LogEntry>& entries) {
 
 ordered_json jsonElement(const Element& element, const HealthReport& report) {
     ordered_json json;
-    json["node"] = element.node;
+    json["node"] = jsonNode(element.node);
     json["path"] = element.path;
     json["class"] = element.className;
     json["name"] = element.name;
