@@ -22,6 +22,9 @@ struct Endpoint {
     std::shared_ptr<Repository> repository;  ///< The node's data; shared between endpoints of one node.
     std::optional<Credentials> credentials;  ///< Absent: no authentication.
     LocalOnlyRules localOnly;                ///< Which family of servers this one is like.
+    /// Out-parameters that are null come as PARAMVALUEs without a value; else they are left out, since the
+    /// client wbemcli does not survive them.
+    bool sendNullOutputs = true;
     /// Chunked answers with trailers, in chunks of at most that many bytes, to requests that say
     /// "TE: trailers"; 0: always Content-Length.
     std::size_t chunkBytes = 0;

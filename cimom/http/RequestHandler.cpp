@@ -119,7 +119,8 @@ bool needsAnswer(Fault::Kind kind) {
            kind != Fault::Kind::NoAnswer && kind != Fault::Kind::RawAnswer;
 }
 
-std::string run(const CimRequest& call, Repository::Data& data, const LocalOnlyRules& localOnly) {
+std::string run(const CimRequest& call, const Endpoint& endpoint) {
+    Repository::Data& data = endpoint.repository->data();
     const std::lock_guard<std::mutex> lock(data.mutex);
     try {
         NameSpace* nameSpace = data.find(call.nameSpace);
@@ -128,9 +129,9 @@ std::string run(const CimRequest& call, Repository::Data& data, const LocalOnlyR
         }
         return successMessage(call, [&](std::string& out) {
             if (call.intrinsic) {
-                runIntrinsicOperation(call, *nameSpace, out, localOnly);
+                runIntrinsicOperation(call, *nameSpace, out, endpoint.localOnly);
             } else {
-                runExtrinsicMethod(call, *nameSpace, out);
+                runExtrinsicMethod(call, *nameSpace, out, endpoint.sendNullOutputs);
             }
         });
     } catch (const CimError& error) {
@@ -235,7 +236,7 @@ HttpAnswer RequestHandler::answerCall(const CimRequest& call, const std::optiona
     if (fault && fault->kind == Fault::Kind::CimError) {
         answer.body = errorMessage(call, fault->code, fault->text);
     } else if (!fault || needsAnswer(fault->kind)) {
-        answer.body = run(call, endpoint_.repository->data(), endpoint_.localOnly);
+        answer.body = run(call, endpoint_);
     }
     return answer;
 }

@@ -54,10 +54,12 @@ void appendReturnValue(std::string& out, const MethodCall& call, const MethodRes
     out.append(">").append(result.returnXml).append("</RETURNVALUE>");
 }
 
-void appendOutParameters(std::string& out, const MethodCall& call, const MethodResult& result) {
+void appendOutParameters(std::string& out, const MethodCall& call, const MethodResult& result,
+                         bool sendNulls) {
     for (const ParameterView& parameter : call.method->parameters) {
         for (const MethodResult::Out& value : result.out) {
-            if (value.name == parameter.name) {
+            const bool sent = sendNulls || !value.valueXml.empty();
+            if (sent && value.name == parameter.name) {
                 out += "<PARAMVALUE";
                 appendAttribute(out, "NAME", parameter.name);
                 appendAttribute(out, "PARAMTYPE", parameter.type());
@@ -69,7 +71,7 @@ void appendOutParameters(std::string& out, const MethodCall& call, const MethodR
 
 }  // namespace
 
-void runExtrinsicMethod(const CimRequest& request, NameSpace& nameSpace, std::string& out) {
+void runExtrinsicMethod(const CimRequest& request, NameSpace& nameSpace, std::string& out, bool sendNulls) {
     const MethodCall call = MethodCall::prepare(request, nameSpace);
     const Entry* implementation = findImplementation(call);
     if (implementation == nullptr) {
@@ -78,7 +80,7 @@ void runExtrinsicMethod(const CimRequest& request, NameSpace& nameSpace, std::st
     }
     const MethodResult result = implementation->run(call);
     appendReturnValue(out, call, result);
-    appendOutParameters(out, call, result);
+    appendOutParameters(out, call, result, sendNulls);
 }
 
 }  // namespace cimom

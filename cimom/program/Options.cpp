@@ -54,10 +54,11 @@ std::optional<int> readOptions(int argc, char** argv, Options& options) {
         ->type_name("N");
     app.add_option("--https-port", options.httpsPort, "Port for HTTPS; 0: any free one (default 5989)")
         ->type_name("N");
+    // As callbacks: a negated flag would show its "{false}" in the help.
     app.add_flag_callback(
-        "--no-http", [&options] { options.http = false; }, "Serve HTTPS only");
+        "--no-http", [&] { options.http = false; }, "Serve HTTPS only");
     app.add_flag_callback(
-        "--no-https", [&options] { options.https = false; }, "Serve HTTP only");
+        "--no-https", [&] { options.https = false; }, "Serve HTTP only");
     app.add_option("--user", options.user, "User name to ask for")->type_name("NAME");
     app.add_option("--password-file", options.passwordFile, "File whose first line is the password")
         ->type_name("FILE");
@@ -75,7 +76,7 @@ std::optional<int> readOptions(int argc, char** argv, Options& options) {
         "Under LocalOnly, send of an instance what its own class declares (default: all that it holds)");
     app.add_option("--idle-limit", options.idleSeconds,
                    "Close a connection on which nothing comes for N seconds (default 30)")
-        ->check(CLI::Range(1, 86400))
+        ->check(CLI::Range(1, 86400).description(""))
         ->type_name("N");
     app.add_flag("--log", options.log, "Print a line for each request");
     try {

@@ -69,6 +69,7 @@ void listenEverywhere(cimom::Server& server, const Options& options) {
         endpoint.address = options.addresses[node];
         endpoint.repository = makeRepository(options, static_cast<unsigned>(node));
         endpoint.localOnly = options.localOnly;
+        endpoint.sendNullOutputs = false;
         endpoint.idleLimit = std::chrono::seconds(options.idleSeconds);
         if (!options.user.empty()) {
             endpoint.credentials = cimom::Credentials{options.user, readPassword(options.passwordFile)};

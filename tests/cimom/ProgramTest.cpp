@@ -221,6 +221,8 @@ TEST(Program, PrintsHelpAndVersion) {
                                "--declared-properties", "--idle-limit", "--log", "--version"}) {
         EXPECT_NE(help.out.find(option), std::string::npos) << option;
     }
+    EXPECT_EQ(help.out.find_first_of("{}"), std::string::npos) << "a flag shows the value behind it";
+    EXPECT_NE(help.out.find("--idle-limit N  "), std::string::npos) << help.out;
     const ProcessResult version = runProcess({kProgram, "--version"});
     EXPECT_EQ(version.status, 0);
     EXPECT_EQ(version.out.substr(0, 6), "cimom ");

@@ -22,6 +22,7 @@ protected:
     WbemcliTest() {
         Endpoint endpoint;
         endpoint.repository = repository_;
+        endpoint.sendNullOutputs = false;  // which wbemcli does not survive
         httpPort_ = server_.listen(endpoint);
         endpoint.tls = true;
         endpoint.credentials = Credentials{"operator", "s3cret"};
@@ -72,6 +73,8 @@ protected:
     std::uint16_t httpsPort_ = 0;
 };
 
+const char* const kSystem =
+    ":OMC_UnitaryComputerSystem.CreationClassName=\"OMC_UnitaryComputerSystem\",Name=\"node-0.machine.example\"";
 const char* const kSlot =
     ":OMC_ProcessorSlot.CreationClassName=\"OMC_ProcessorSlot\",Tag=\"Processor Socket 3\"";
 const char* const kEcho =
@@ -144,6 +147,11 @@ TEST_F(WbemcliTest, CallsAMethod) {
     EXPECT_EQ(succeed({"wbemcli", "cm", http(kEcho), "EchoUint8.Value=7,Values=1,2,255"}),
               (Lines{host(httpPort_) + kEcho +
                      " EchoUint8: 7, ValueEcho (uint8): 7, ValuesEcho (uint8): 1,2,255"}));
+}
+
+TEST_F(WbemcliTest, CallsMethodsWhoseOutputsAreNull) {
+    EXPECT_EQ(succeed({"wbemcli", "cm", http(kSystem), "RequestStateChange.RequestedState=3"}),
+              (Lines{host(httpPort_) + kSystem + " RequestStateChange: 0"}));
 }
 
 TEST_F(WbemcliTest, IsToldWhatIsMissing) {
