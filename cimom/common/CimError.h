@@ -14,9 +14,21 @@ enum class CimStatus {
     InvalidClass = 5,
     NotFound = 6,
     NotSupported = 7,
+    ClassHasChildren = 8,
+    ClassHasInstances = 9,
+    InvalidSuperclass = 10,
+    AlreadyExists = 11,
     NoSuchProperty = 12,
+    TypeMismatch = 13,
+    QueryLanguageNotSupported = 14,
+    InvalidQuery = 15,
     MethodNotAvailable = 16,
-    MethodNotFound = 17
+    MethodNotFound = 17,
+    InvalidEnumerationContext = 21,
+    InvalidOperationTimeout = 22,
+    FilteredEnumerationNotSupported = 25,
+    ContinuationOnErrorNotSupported = 26,
+    ServerLimitsExceeded = 27
 };
 
 /// An operation that ends in an ERROR element (DSP0201). The text becomes the element's DESCRIPTION.

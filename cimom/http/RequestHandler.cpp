@@ -129,10 +129,10 @@ std::string run(const CimRequest& call, const Endpoint& endpoint) {
         }
         return successMessage(call, [&](std::string& out) {
             if (call.intrinsic) {
-                runIntrinsicOperation(call, *nameSpace, out, endpoint.localOnly);
-            } else {
-                runExtrinsicMethod(call, *nameSpace, out, endpoint.sendNullOutputs);
+                return runIntrinsicOperation(call, *nameSpace, out, endpoint.localOnly);
             }
+            runExtrinsicMethod(call, *nameSpace, out, endpoint.sendNullOutputs);
+            return AnswerExtras();
         });
     } catch (const CimError& error) {
         return errorMessage(call, static_cast<int>(error.status()), error.what());
@@ -221,8 +221,11 @@ Handled RequestHandler::answerOperation(const HttpRequest& request) const {
     checkContentType(request);
     checkOperationField(request);
     pugi::xml_document document;
-    const CimRequest call = CimRequest::read(request.body, document);
+    CimRequest call = CimRequest::read(request.body, document);
     checkMatch(request, call);
+    if (const std::string* host = request.field("Host"); host != nullptr && !host->empty()) {
+        call.host = *host;
+    }
     const auto fault = faults_.take(endpoint_.address, call.operation, call.className());
     return {answerCall(call, fault), fault};
 }

@@ -7,8 +7,15 @@
 
 namespace cimom {
 
+/// What the answer to an intrinsic operation has besides what stands inside its IRETURNVALUE element.
+struct AnswerExtras {
+    bool returnsValue = true;  ///< False: the operation has no return value, and its answer no IRETURNVALUE.
+    std::string parameters;    ///< The PARAMVALUE elements of output parameters.
+};
+
 /// The message that answers a request; `appendResult(text)` appends what stands inside the IRETURNVALUE or
-/// METHODRESPONSE element. The result goes straight into the message, since it can be very long.
+/// METHODRESPONSE element, and returns AnswerExtras. The result goes straight into the message, since it can
+/// be very long.
 template <typename AppendResult>
 std::string successMessage(const CimRequest& request, const AppendResult& appendResult);
 
@@ -23,9 +30,15 @@ template <typename AppendResult>
 std::string successMessage(const CimRequest& request, const AppendResult& appendResult) {
     std::string message;
     appendMessageStart(message, request);
+    const std::size_t start = message.size();
     message += request.intrinsic ? "<IRETURNVALUE>" : "";
-    appendResult(message);
-    message += request.intrinsic ? "</IRETURNVALUE>" : "";
+    const AnswerExtras extras = appendResult(message);
+    if (extras.returnsValue) {
+        message += request.intrinsic ? "</IRETURNVALUE>" : "";
+    } else {
+        message.resize(start);
+    }
+    message += extras.parameters;
     appendMessageEnd(message, request);
     return message;
 }

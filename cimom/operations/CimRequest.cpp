@@ -105,8 +105,14 @@ std::string CimRequest::className() const {
         if (sameName(argument.name, "ClassName") && kind == "CLASSNAME") {
             return argument.value.attribute("NAME").value();
         }
-        if (kind == "INSTANCENAME") {
+        if (kind == "INSTANCENAME" || kind == "INSTANCE") {
             return argument.value.attribute("CLASSNAME").value();
+        }
+        if (kind == "VALUE.NAMEDINSTANCE") {
+            return argument.value.child("INSTANCENAME").attribute("CLASSNAME").value();
+        }
+        if (kind == "CLASS" || (kind == "CLASSNAME" && sameName(argument.name, "ObjectName"))) {
+            return argument.value.attribute("NAME").value();
         }
     }
     return {};

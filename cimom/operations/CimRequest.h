@@ -23,6 +23,8 @@ struct CimRequest {
     std::string operation;
     std::string nameSpace;
     ObjectPath target;  ///< Of an extrinsic method.
+    std::string host =
+        "localhost";  ///< By which the client knows the server; stands in the paths of answers.
     std::vector<CimArgument> arguments;
 
     /// The class that the operation names, directly or in a path; empty when it names none.

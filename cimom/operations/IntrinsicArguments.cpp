@@ -47,7 +47,7 @@ pugi::xml_node IntrinsicArguments::find(std::string_view name) const {
     return {};
 }
 
-pugi::xml_node IntrinsicArguments::require(std::string_view name, std::string_view element) const {
+pugi::xml_node IntrinsicArguments::required(std::string_view name, std::string_view element) const {
     const pugi::xml_node value = find(name);
     if (!value) {
         refuse(name, "is missing");
@@ -74,7 +74,7 @@ std::string IntrinsicArguments::className(std::string_view name) const {
 }
 
 std::string IntrinsicArguments::requiredClassName(std::string_view name) const {
-    const std::string className = require(name, "CLASSNAME").attribute("NAME").value();
+    const std::string className = required(name, "CLASSNAME").attribute("NAME").value();
     if (className.empty()) {
         refuse(name, "names no class");
     }
@@ -82,11 +82,38 @@ std::string IntrinsicArguments::requiredClassName(std::string_view name) const {
 }
 
 std::string IntrinsicArguments::requiredText(std::string_view name) const {
-    return textOf(require(name, "VALUE"));
+    return textOf(required(name, "VALUE"));
+}
+
+std::optional<std::string> IntrinsicArguments::text(std::string_view name) const {
+    return find(name) ? std::optional<std::string>(requiredText(name)) : std::nullopt;
+}
+
+std::optional<std::uint32_t> IntrinsicArguments::number(std::string_view name) const {
+    const auto given = text(name);
+    if (!given) {
+        return std::nullopt;
+    }
+    const auto number = canonicalValue("uint32", *given);
+    if (!number) {
+        refuse(name, "is no uint32");
+    }
+    return static_cast<std::uint32_t>(std::stoul(*number));
+}
+
+ObjectPath IntrinsicArguments::requiredObjectName(std::string_view name) const {
+    const pugi::xml_node value = find(name);
+    if (!value) {
+        refuse(name, "is missing");
+    }
+    if (std::string_view(value.name()) != "CLASSNAME") {
+        requireKind(name, value, "INSTANCENAME");
+    }
+    return readObjectPath(value);
 }
 
 ObjectPath IntrinsicArguments::requiredInstanceName(std::string_view name) const {
-    return readObjectPath(require(name, "INSTANCENAME"));
+    return readObjectPath(required(name, "INSTANCENAME"));
 }
 
 PropertySelection IntrinsicArguments::propertyList() const {

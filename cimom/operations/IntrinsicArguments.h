@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -25,13 +27,25 @@ public:
     std::string requiredText(std::string_view name) const;
     ObjectPath requiredInstanceName(std::string_view name) const;
 
+    /// The text of an argument, or nothing when it is missing or null.
+    std::optional<std::string> text(std::string_view name) const;
+
+    /// The number that a uint32 argument holds, or nothing when it is missing or null.
+    std::optional<std::uint32_t> number(std::string_view name) const;
+
+    /// The element that an argument holds, which has this name.
+    pugi::xml_node required(std::string_view name, std::string_view element) const;
+
+    /// An argument that names a class or an instance: CLASSNAME or INSTANCENAME.
+    ObjectPath requiredObjectName(std::string_view name) const;
+
+    /// An argument's value as it is, or a null node when it is missing or null.
+    pugi::xml_node find(std::string_view name) const;
+
     /// The argument PropertyList.
     PropertySelection propertyList() const;
 
 private:
-    pugi::xml_node find(std::string_view name) const;
-    pugi::xml_node require(std::string_view name, std::string_view element) const;
-
     const CimRequest& request_;
 };
 

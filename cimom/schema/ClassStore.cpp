@@ -1,5 +1,6 @@
 #include "cimom/schema/ClassStore.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "cimom/common/Text.h"
@@ -31,6 +32,13 @@ void ClassStore::declare(pugi::xml_node element, const QualifierTable& table) {
     }
     classes_.push_back(std::make_unique<ClassView>(ClassView::merge(element, parent, table)));
     byName_[classes_.back()->key] = classes_.back().get();
+}
+
+void ClassStore::remove(const ClassView& view) {
+    byName_.erase(view.key);
+    classes_.erase(std::remove_if(classes_.begin(), classes_.end(),
+                                  [&](const auto& known) { return known.get() == &view; }),
+                   classes_.end());
 }
 
 void ClassStore::mergeAgain(const ClassView& parent, const QualifierTable& table) {

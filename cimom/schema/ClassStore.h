@@ -19,7 +19,10 @@ public:
     /// would inherit from itself. The element must outlive the store.
     void declare(pugi::xml_node element, const QualifierTable& table);
 
-    /// The class of that name, or null. It stays where it is for the life of the store.
+    /// Takes a class out, which neither a subclass nor an instance may have any more.
+    void remove(const ClassView& view);
+
+    /// The class of that name, or null. It stays where it is until it is taken out.
     const ClassView* find(const std::string& name) const;
 
     /// The subclasses of `parent`, or the top-level classes when it is null; with `deep` those below them

@@ -31,6 +31,19 @@ void QualifierTable::declare(pugi::xml_node declaration) {
     }
 }
 
+void QualifierTable::remove(const std::string& name) {
+    const auto found = indexByName_.find(lowered(name));
+    if (found == indexByName_.end()) {
+        return;
+    }
+    const std::size_t index = found->second;
+    declarations_.erase(declarations_.begin() + static_cast<std::ptrdiff_t>(index));
+    indexByName_.erase(found);
+    for (auto& entry : indexByName_) {
+        entry.second -= entry.second > index ? 1 : 0;
+    }
+}
+
 pugi::xml_node QualifierTable::find(const std::string& name) const {
     const auto found = indexByName_.find(lowered(name));
     return found == indexByName_.end() ? pugi::xml_node() : declarations_[found->second];

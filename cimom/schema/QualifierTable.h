@@ -21,6 +21,9 @@ public:
     /// Adds a QUALIFIER.DECLARATION or replaces that of the same name. The element must outlive the table.
     void declare(pugi::xml_node declaration);
 
+    /// Harmless when there is none of that name.
+    void remove(const std::string& name);
+
     /// The declaration of that name, or a null node.
     pugi::xml_node find(const std::string& name) const;
 

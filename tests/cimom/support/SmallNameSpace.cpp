@@ -96,8 +96,14 @@ pugi::xml_node SmallNameSpace::run(const std::string& operation, const Arguments
     pugi::xml_document document;
     const CimRequest request = CimRequest::read(intrinsicMessage(operation, arguments), document);
     std::string result;
-    runIntrinsicOperation(request, nameSpace_, result);
+    extras_ = runIntrinsicOperation(request, nameSpace_, result);
     return parse(result);
+}
+
+std::string SmallNameSpace::output(const std::string& name) const {
+    pugi::xml_document outputs;
+    parseXml("<Outputs>" + extras_.parameters + "</Outputs>", outputs);
+    return named(firstElement(outputs), name.c_str()).child_value("VALUE");
 }
 
 pugi::xml_node SmallNameSpace::invoke(const std::string& method, const std::string& path,

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "cimom/data/NameSpace.h"
+#include "cimom/operations/CimAnswer.h"
 #include "tests/cimom/support/Requests.h"
 
 namespace cimom::test {
@@ -31,6 +32,12 @@ public:
     /// next call. Throws what the operation throws.
     pugi::xml_node run(const std::string& operation, const Arguments& arguments);
 
+    /// What the answer to that operation has besides: its output parameters, and whether it returns a value.
+    const AnswerExtras& extras() const { return extras_; }
+
+    /// Value of an output parameter of that operation.
+    std::string output(const std::string& name) const;
+
     /// Likewise a method; `path` is an INSTANCENAME or CLASSNAME element.
     pugi::xml_node invoke(const std::string& method, const std::string& path, const Arguments& arguments);
 
@@ -39,6 +46,7 @@ private:
 
     NameSpace nameSpace_;
     pugi::xml_document result_;
+    AnswerExtras extras_;
 };
 
 /// The path of an instance of the small namespace.
