@@ -139,6 +139,16 @@ ObjectPath readObjectPath(pugi::xml_node element) {
     return path;
 }
 
+std::string nameSpaceOf(pugi::xml_node element) {
+    const pugi::xml_node whole = element.child("NAMESPACEPATH");
+    std::string name;
+    for (const pugi::xml_node part :
+         (whole ? whole : element).child("LOCALNAMESPACEPATH").children("NAMESPACE")) {
+        name.append(name.empty() ? "" : "/").append(part.attribute("NAME").value());
+    }
+    return name;
+}
+
 KeyBinding makeKeyBinding(const std::string& name, const std::string& cimType, pugi::xml_node value) {
     if (std::string_view(value.name()) == "VALUE.REFERENCE") {
         return makeReferenceKey(name, value);

@@ -31,6 +31,9 @@ struct ObjectPath {
 /// INSTANCEPATH, LOCALCLASSPATH, CLASSPATH). Throws CimError (invalid parameter) for anything else.
 ObjectPath readObjectPath(pugi::xml_node element);
 
+/// The namespace that a path element names, e.g. "root/cimv2"; empty when it names none.
+std::string nameSpaceOf(pugi::xml_node element);
+
 /// A key made of a property's value element (VALUE or VALUE.REFERENCE). Throws CimError as above.
 KeyBinding makeKeyBinding(const std::string& name, const std::string& cimType, pugi::xml_node value);
 

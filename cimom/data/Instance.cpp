@@ -94,7 +94,14 @@ void Instance::addProperty(pugi::xml_node element) {
     }
     text_.append("</").append(element.name()).append(">");
     slot.end = sizeOf(text_);
+    addLink(firstElement(element.child("VALUE.REFERENCE")));
     slots_.push_back(slot);
+}
+
+void Instance::addLink(pugi::xml_node reference) {
+    if (reference) {
+        links_.push_back({slots_.size(), readObjectPath(reference).canonical(), nameSpaceOf(reference)});
+    }
 }
 
 void Instance::takeKeys(pugi::xml_node element) {

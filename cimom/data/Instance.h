@@ -19,6 +19,13 @@ struct PropertyText {
     std::string_view rest;        ///< The value and the end tag.
 };
 
+/// A property that refers to another object.
+struct Link {
+    std::size_t property = 0;  ///< It is the n-th that the instance holds.
+    std::string target;        ///< Canonical path of the object.
+    std::string nameSpace;     ///< Where that is; empty: where the instance is.
+};
+
 /// An instance, its properties kept as the XML text that answers need, so that an answer with ten
 /// thousand instances is ten thousand copies of text and no more.
 class Instance {
@@ -43,6 +50,12 @@ public:
     /// The class's index of the n-th property that this instance holds.
     std::size_t memberOf(std::size_t n) const { return slots_[n].member; }
     PropertyText property(std::size_t n) const;
+
+    /// The references that the instance holds, in the order of its properties.
+    const std::vector<Link>& links() const { return links_; }
+
+    /// The property that holds a link, as its class declares it.
+    const MemberView& roleOf(const Link& link) const { return type_->properties[memberOf(link.property)]; }
 
     /// The value element of a property, the class's default where the instance does not hold it; empty
     /// when it is null or unknown.
@@ -70,6 +83,7 @@ private:
     };
 
     void addProperty(pugi::xml_node element);
+    void addLink(pugi::xml_node reference);
     void takeKeys(pugi::xml_node element);
     void replaceText(std::size_t slot, std::uint32_t from, const std::string& replacement);
     int findSlot(const std::string& propertyName) const;
@@ -79,6 +93,7 @@ private:
     std::string nameXml_;
     std::string text_;
     std::vector<Slot> slots_;
+    std::vector<Link> links_;
     bool hasQualifiers_ = false;
 };
 

@@ -69,6 +69,20 @@ Instance* InstanceStore::find(const ObjectPath& path) {
     return found == indexByPath_.end() ? nullptr : instances_[found->second].get();
 }
 
+const Instance* InstanceStore::find(const std::string& canonicalPath) const {
+    const auto found = indexByPath_.find(canonicalPath);
+    return found == indexByPath_.end() ? nullptr : instances_[found->second].get();
+}
+
+void InstanceStore::remove(const Instance& instance) {
+    const auto found = std::find_if(instances_.begin(), instances_.end(),
+                                    [&](const auto& known) { return known.get() == &instance; });
+    if (found != instances_.end()) {
+        instances_.erase(found);
+        rebuildIndex();
+    }
+}
+
 std::vector<const Instance*> InstanceStore::ofClassAndBelow(const ClassView& type) const {
     std::vector<const Instance*> found;
     for (const auto& instance : instances_) {

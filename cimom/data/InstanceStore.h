@@ -19,6 +19,15 @@ public:
     /// The instance of that path, or null; owned by the store.
     Instance* find(const ObjectPath& path);
 
+    /// The instance of that canonical path, or null; owned by the store.
+    const Instance* find(const std::string& canonicalPath) const;
+
+    /// Takes an instance of this store out of it.
+    void remove(const Instance& instance);
+
+    /// All instances. Owned by the store.
+    const std::vector<std::unique_ptr<Instance>>& all() const { return instances_; }
+
     /// The instances of `type` and of all classes that inherit from it. Owned by the store.
     std::vector<const Instance*> ofClassAndBelow(const ClassView& type) const;
 

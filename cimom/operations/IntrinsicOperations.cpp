@@ -6,6 +6,7 @@
 #include "cimom/common/CimError.h"
 #include "cimom/common/Text.h"
 #include "cimom/operations/IntrinsicCall.h"
+#include "cimom/operations/intrinsic/AssociationOperations.h"
 #include "cimom/operations/intrinsic/ClassOperations.h"
 #include "cimom/operations/intrinsic/InstanceOperations.h"
 #include "cimom/operations/intrinsic/QualifierOperations.h"
@@ -18,7 +19,7 @@ struct Operation {
     RunIntrinsic run;
 };
 
-constexpr std::array<Operation, 14> kOperations{{{"GetClass", getClass},
+constexpr std::array<Operation, 18> kOperations{{{"GetClass", getClass},
                                                  {"EnumerateClasses", enumerateClasses},
                                                  {"EnumerateClassNames", enumerateClassNames},
                                                  {"CreateClass", createClass},
@@ -31,7 +32,11 @@ constexpr std::array<Operation, 14> kOperations{{{"GetClass", getClass},
                                                  {"GetQualifier", getQualifier},
                                                  {"EnumerateQualifiers", enumerateQualifiers},
                                                  {"SetQualifier", setQualifier},
-                                                 {"DeleteQualifier", deleteQualifier}}};
+                                                 {"DeleteQualifier", deleteQualifier},
+                                                 {"Associators", associators},
+                                                 {"AssociatorNames", associatorNames},
+                                                 {"References", references},
+                                                 {"ReferenceNames", referenceNames}}};
 
 }  // namespace
 

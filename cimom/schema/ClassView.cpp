@@ -122,6 +122,11 @@ const MemberView* ClassView::findMethod(const std::string& methodName) const {
     return found == methods.end() ? nullptr : &*found;
 }
 
+bool ClassView::flag(const std::string& qualifierKey) const {
+    const auto found = findByKey(qualifiers, qualifierKey);
+    return found != qualifiers.end() && isTrue(found->element);
+}
+
 bool ClassView::isOrInherits(const ClassView& ancestor) const {
     const ClassView* view = this;
     while (view != nullptr && view != &ancestor) {

@@ -64,6 +64,10 @@ struct ClassView {
     /// Whether this class is `ancestor` or inherits from it.
     bool isOrInherits(const ClassView& ancestor) const;
 
+    /// Whether the class has a boolean qualifier, and it is true. The key is its name in lower case.
+    bool flag(const std::string& qualifierKey) const;
+    bool isAssociation() const { return flag("association"); }
+
     /// Merges the declaration `declared` with the members of `parent`, which may be null.
     static ClassView merge(pugi::xml_node declared, const ClassView* parent, const QualifierTable& table);
 };
