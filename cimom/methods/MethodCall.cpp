@@ -1,10 +1,8 @@
 #include "cimom/methods/MethodCall.h"
 
 #include <algorithm>
-#include <string_view>
 
 #include "cimom/common/CimError.h"
-#include "cimom/common/CimType.h"
 #include "cimom/common/Text.h"
 #include "cimom/common/Xml.h"
 
@@ -13,39 +11,6 @@ namespace {
 
 [[noreturn]] void refuse(const std::string& parameter, const std::string& why) {
     throw CimError(CimStatus::InvalidParameter, "the parameter '" + parameter + "' " + why);
-}
-
-std::string checkedScalar(const ParameterView& parameter, pugi::xml_node value) {
-    const bool reference = parameter.type() == "reference";
-    const std::string_view expected = reference ? "VALUE.REFERENCE" : "VALUE";
-    if (value.name() != expected) {
-        refuse(parameter.name,
-               "holds " + std::string(value.name()) + " where " + std::string(expected) + " was expected");
-    }
-    if (reference) {
-        readObjectPath(firstElement(value));
-        std::string xml;
-        appendElement(xml, value);
-        return xml;
-    }
-    const auto text = canonicalValue(parameter.type(), textOf(value));
-    if (!text) {
-        refuse(parameter.name, "is no " + parameter.type() + ": '" + textOf(value) + "'");
-    }
-    return valueElement(*text);
-}
-
-std::string checkedArray(const ParameterView& parameter, pugi::xml_node array) {
-    const std::string name = parameter.type() == "reference" ? "VALUE.REFARRAY" : "VALUE.ARRAY";
-    if (array.name() != name) {
-        refuse(parameter.name, "is an array and holds " + std::string(array.name()));
-    }
-    std::string xml = "<" + name + ">";
-    for (pugi::xml_node value = firstElement(array); value; value = nextElement(value)) {
-        const bool null = std::string_view(value.name()) == "VALUE.NULL";
-        xml += null ? "<VALUE.NULL></VALUE.NULL>" : checkedScalar(parameter, value);
-    }
-    return xml + "</" + name + ">";
 }
 
 const ParameterView& findParameter(const MemberView& method, const std::string& name) {
@@ -68,8 +33,8 @@ MethodArgument checkedArgument(const MemberView& method, const CimArgument& argu
     if (!argument.value) {
         return {&parameter, ""};
     }
-    return {&parameter, parameter.isArray() ? checkedArray(parameter, argument.value)
-                                            : checkedScalar(parameter, argument.value)};
+    const ValueRule rule{"the parameter '" + parameter.name + "'", parameter.type(), parameter.isArray()};
+    return {&parameter, checkedValue(rule, argument.value)};
 }
 
 void checkArguments(const CimRequest& request, MethodCall& call) {
@@ -130,12 +95,6 @@ Instance& MethodCall::requireInstance() const {
         throw CimError(CimStatus::InvalidParameter, "the method '" + method->name + "' needs an instance");
     }
     return *instance;
-}
-
-std::string valueElement(const std::string& text) {
-    std::string xml = "<VALUE>";
-    appendEscaped(xml, text);
-    return xml + "</VALUE>";
 }
 
 }  // namespace cimom

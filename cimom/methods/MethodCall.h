@@ -5,6 +5,7 @@
 
 #include "cimom/data/NameSpace.h"
 #include "cimom/operations/CimRequest.h"
+#include "cimom/schema/ValueCheck.h"
 
 namespace cimom {
 
@@ -44,8 +45,5 @@ struct MethodResult {
     std::string returnXml;  ///< VALUE element; empty: no return value.
     std::vector<Out> out;   ///< Names of out-parameters that the method declares.
 };
-
-/// The VALUE element of a scalar.
-std::string valueElement(const std::string& text);
 
 }  // namespace cimom

@@ -8,6 +8,7 @@
 #include "cimom/operations/IntrinsicCall.h"
 #include "cimom/operations/intrinsic/AssociationOperations.h"
 #include "cimom/operations/intrinsic/ClassOperations.h"
+#include "cimom/operations/intrinsic/InstanceChanges.h"
 #include "cimom/operations/intrinsic/InstanceOperations.h"
 #include "cimom/operations/intrinsic/QualifierOperations.h"
 
@@ -19,7 +20,7 @@ struct Operation {
     RunIntrinsic run;
 };
 
-constexpr std::array<Operation, 18> kOperations{{{"GetClass", getClass},
+constexpr std::array<Operation, 22> kOperations{{{"GetClass", getClass},
                                                  {"EnumerateClasses", enumerateClasses},
                                                  {"EnumerateClassNames", enumerateClassNames},
                                                  {"CreateClass", createClass},
@@ -29,6 +30,10 @@ constexpr std::array<Operation, 18> kOperations{{{"GetClass", getClass},
                                                  {"EnumerateInstances", enumerateInstances},
                                                  {"EnumerateInstanceNames", enumerateInstanceNames},
                                                  {"GetProperty", getProperty},
+                                                 {"CreateInstance", createInstance},
+                                                 {"ModifyInstance", modifyInstance},
+                                                 {"DeleteInstance", deleteInstance},
+                                                 {"SetProperty", setProperty},
                                                  {"GetQualifier", getQualifier},
                                                  {"EnumerateQualifiers", enumerateQualifiers},
                                                  {"SetQualifier", setQualifier},

@@ -44,6 +44,13 @@ protected:
         return linesOf(result.out);
     }
 
+    /// What a run that must fail prints.
+    static std::string failure(const std::vector<std::string>& command) {
+        const ProcessResult result = runProcess(command);
+        EXPECT_NE(result.status, 0);
+        return result.err;
+    }
+
     /// Names of the classes below one, as wbemcli prints them, from the data that the server serves.
     Lines expectedClasses(std::uint16_t port) const {
         Lines names;
@@ -74,7 +81,8 @@ protected:
 };
 
 const char* const kSystem =
-    ":OMC_UnitaryComputerSystem.CreationClassName=\"OMC_UnitaryComputerSystem\",Name=\"node-0.machine.example\"";
+    ":OMC_UnitaryComputerSystem.CreationClassName=\"OMC_UnitaryComputerSystem\",Name=\"node-0.machine."
+    "example\"";
 const char* const kSlot =
     ":OMC_ProcessorSlot.CreationClassName=\"OMC_ProcessorSlot\",Tag=\"Processor Socket 3\"";
 const char* const kEcho =
@@ -152,6 +160,47 @@ TEST_F(WbemcliTest, CallsAMethod) {
 TEST_F(WbemcliTest, CallsMethodsWhoseOutputsAreNull) {
     EXPECT_EQ(succeed({"wbemcli", "cm", http(kSystem), "RequestStateChange.RequestedState=3"}),
               (Lines{host(httpPort_) + kSystem + " RequestStateChange: 0"}));
+}
+
+TEST_F(WbemcliTest, FollowsAssociations) {
+    const Lines sensors = expectedSensors(host(httpPort_));
+    const Lines all = succeed({"wbemcli", "ain", http(kSystem)});
+    EXPECT_EQ(all.size(), 5U);
+    EXPECT_EQ(succeed({"wbemcli", "ain", "-ac", "OMC_SystemDevice", "-arc", "CIM_Sensor", "-ar",
+                       "GroupComponent", "-arr", "PartComponent", http(kSystem)}),
+              Lines(sensors.begin(), sensors.begin() + 3));
+    EXPECT_EQ(succeed({"wbemcli", "ain", "-ar", "PartComponent", http(kSystem)}), Lines());
+    EXPECT_EQ(succeed({"wbemcli", "ai", "-arc", "CIM_Sensor", http(kSystem), "CurrentReading"}).at(0),
+              sensors[0] + " CurrentReading=23");
+    EXPECT_EQ(succeed({"wbemcli", "rin", http(kSystem)}).size(), 6U);
+    EXPECT_EQ(
+        succeed({"wbemcli", "ri", "-arc", "OMC_AssociatedSensor", "-ar", "Dependent", http(kSystem)}).size(),
+        1U);
+    EXPECT_EQ(succeed({"wbemcli", "ri", "-ar", "Antecedent", http(kSystem)}), Lines());
+}
+
+TEST_F(WbemcliTest, CreatesChangesAndDeletesAnInstance) {
+    const std::string slot = ":OMC_ProcessorSlot.CreationClassName=\"OMC_ProcessorSlot\",Tag=\"New\"";
+    EXPECT_EQ(succeed({"wbemcli", "ci", http(slot), "CreationClassName=OMC_ProcessorSlot,Tag=New,Number=5"}),
+              Lines{host(httpPort_) + slot});
+    EXPECT_EQ(succeed({"wbemcli", "mi", http(slot), "Occupied=TRUE"}), Lines());
+    EXPECT_EQ(succeed({"wbemcli", "gi", http(slot), "Number,Occupied"}),
+              Lines{host(httpPort_) + slot + " Number=5,Occupied=TRUE"});
+    EXPECT_EQ(succeed({"wbemcli", "sp", http(slot), "Number=6"}), Lines());
+    EXPECT_EQ(succeed({"wbemcli", "gp", http(slot), "Number"}), Lines{"6"});
+    EXPECT_NE(failure({"wbemcli", "ci", http(slot), "CreationClassName=OMC_ProcessorSlot,Tag=New"})
+                  .find("(11) CIM_ERR_ALREADY_EXISTS"),
+              std::string::npos);
+    EXPECT_EQ(succeed({"wbemcli", "di", http(slot)}), Lines());
+    EXPECT_NE(failure({"wbemcli", "di", http(slot)}).find("(6) CIM_ERR_NOT_FOUND"), std::string::npos);
+}
+
+TEST_F(WbemcliTest, DeletesAClassThatNothingHangsOn) {
+    EXPECT_NE(failure({"wbemcli", "dc", http(":OMC_ProcessorSlot")}).find("(9) CIM_ERR_CLASS_HAS_INSTANCES"),
+              std::string::npos);
+    EXPECT_EQ(succeed({"wbemcli", "dc", http(":OMC_SensorAlert")}), Lines());
+    EXPECT_NE(failure({"wbemcli", "gc", http(":OMC_SensorAlert")}).find("(6) CIM_ERR_NOT_FOUND"),
+              std::string::npos);
 }
 
 TEST_F(WbemcliTest, IsToldWhatIsMissing) {
