@@ -11,6 +11,7 @@
 #include "cimom/operations/intrinsic/InstanceChanges.h"
 #include "cimom/operations/intrinsic/InstanceOperations.h"
 #include "cimom/operations/intrinsic/QualifierOperations.h"
+#include "cimom/operations/intrinsic/QueryOperations.h"
 
 namespace cimom {
 namespace {
@@ -20,7 +21,7 @@ struct Operation {
     RunIntrinsic run;
 };
 
-constexpr std::array<Operation, 22> kOperations{{{"GetClass", getClass},
+constexpr std::array<Operation, 23> kOperations{{{"GetClass", getClass},
                                                  {"EnumerateClasses", enumerateClasses},
                                                  {"EnumerateClassNames", enumerateClassNames},
                                                  {"CreateClass", createClass},
@@ -41,7 +42,8 @@ constexpr std::array<Operation, 22> kOperations{{{"GetClass", getClass},
                                                  {"Associators", associators},
                                                  {"AssociatorNames", associatorNames},
                                                  {"References", references},
-                                                 {"ReferenceNames", referenceNames}}};
+                                                 {"ReferenceNames", referenceNames},
+                                                 {"ExecQuery", execQuery}}};
 
 }  // namespace
 
