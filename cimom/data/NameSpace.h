@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "cimom/data/InstanceStore.h"
+#include "cimom/enumerations/EnumerationTable.h"
 #include "cimom/schema/ClassStore.h"
 #include "cimom/schema/QualifierTable.h"
 
@@ -17,6 +18,7 @@ struct NameSpace {
     QualifierTable qualifiers;
     ClassStore classes;
     InstanceStore instances;
+    EnumerationTable enumerations;  ///< That clients have open over it.
 
     /// Keeps a parsed declaration text, to whose elements the stores refer, for the life of the namespace.
     pugi::xml_document& newDocument() {

@@ -10,6 +10,7 @@
 #include "cimom/operations/intrinsic/ClassOperations.h"
 #include "cimom/operations/intrinsic/InstanceChanges.h"
 #include "cimom/operations/intrinsic/InstanceOperations.h"
+#include "cimom/operations/intrinsic/PullOperations.h"
 #include "cimom/operations/intrinsic/QualifierOperations.h"
 #include "cimom/operations/intrinsic/QueryOperations.h"
 
@@ -21,7 +22,7 @@ struct Operation {
     RunIntrinsic run;
 };
 
-constexpr std::array<Operation, 23> kOperations{{{"GetClass", getClass},
+constexpr std::array<Operation, 34> kOperations{{{"GetClass", getClass},
                                                  {"EnumerateClasses", enumerateClasses},
                                                  {"EnumerateClassNames", enumerateClassNames},
                                                  {"CreateClass", createClass},
@@ -43,7 +44,18 @@ constexpr std::array<Operation, 23> kOperations{{{"GetClass", getClass},
                                                  {"AssociatorNames", associatorNames},
                                                  {"References", references},
                                                  {"ReferenceNames", referenceNames},
-                                                 {"ExecQuery", execQuery}}};
+                                                 {"ExecQuery", execQuery},
+                                                 {"OpenEnumerateInstances", openEnumerateInstances},
+                                                 {"OpenEnumerateInstancePaths", openEnumerateInstancePaths},
+                                                 {"OpenReferenceInstances", openReferenceInstances},
+                                                 {"OpenReferenceInstancePaths", openReferenceInstancePaths},
+                                                 {"OpenAssociatorInstances", openAssociatorInstances},
+                                                 {"OpenAssociatorInstancePaths", openAssociatorInstancePaths},
+                                                 {"OpenQueryInstances", openQueryInstances},
+                                                 {"PullInstancesWithPath", pullInstancesWithPath},
+                                                 {"PullInstancePaths", pullInstancePaths},
+                                                 {"PullInstances", pullInstances},
+                                                 {"CloseEnumeration", closeEnumeration}}};
 
 }  // namespace
 
