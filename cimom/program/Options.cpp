@@ -39,14 +39,17 @@ void checkTogether(const Options& options) {
 }  // namespace
 
 std::optional<int> readOptions(int argc, char** argv, Options& options) {
-    CLI::App app("A CIM server (CIM-XML over HTTP and HTTPS) that serves the nodes of a sample machine.",
-                 "cimom");
+    CLI::App app(
+        "A CIM server (CIM-XML over HTTP and HTTPS) that serves the nodes of a sample machine, or of a "
+        "snapshot.",
+        "cimom");
     std::vector<std::string> multiply;
     std::vector<std::string> load;
     app.set_version_flag("--version", "cimom " CIMOM_VERSION);
     app.add_option(
            "--address", options.addresses,
-           "Address to listen on; each further one serves the machine's next node (default 127.0.0.1)")
+           "Address to listen on; each further one serves the machine's next node (default 127.0.0.1; of a "
+           "snapshot, an address for each node from there on)")
         ->take_all()
         ->allow_extra_args(false)
         ->type_name("A");
@@ -61,6 +64,9 @@ std::optional<int> readOptions(int argc, char** argv, Options& options) {
         "--no-https", [&] { options.https = false; }, "Serve HTTP only");
     app.add_option("--user", options.user, "User name to ask for")->type_name("NAME");
     app.add_option("--password-file", options.passwordFile, "File whose first line is the password")
+        ->type_name("FILE");
+    app.add_option("--snapshot", options.snapshot,
+                   "Serve the machine in this file instead of the sample machine")
         ->type_name("FILE");
     app.add_option("--instances", multiply, "Make N instances of CLASS on every node")
         ->allow_extra_args(false)

@@ -21,7 +21,8 @@ struct Options {
         std::string file;
     };
 
-    std::vector<std::string> addresses{"127.0.0.1"};
+    std::vector<std::string> addresses;  ///< Empty: none was given.
+    std::string snapshot;
     std::uint16_t httpPort = 5988;
     std::uint16_t httpsPort = 5989;
     bool http = true;

@@ -5,6 +5,7 @@
 #include <io.h>
 #endif
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdio>
@@ -14,10 +15,12 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "cimom/Server.h"
 #include "cimom/program/Options.h"
 #include "cimom/program/StopSignal.h"
+#include "cimom/snapshot/Snapshot.h"
 
 namespace {
 
@@ -37,8 +40,32 @@ std::string readPassword(const std::string& name) {
     return text.substr(0, text.find_first_of("\r\n"));
 }
 
-std::shared_ptr<cimom::Repository> makeRepository(const Options& options, unsigned node) {
-    auto repository = cimom::Repository::sampleNode(node);
+using Repositories = std::vector<std::shared_ptr<cimom::Repository>>;
+
+/// An address for each node to be served.
+std::vector<std::string> addressesFor(const Options& options, const Repositories& snapshot) {
+    std::vector<std::string> addresses = options.addresses;
+    for (std::size_t node = 0; options.addresses.empty() && node < std::max<std::size_t>(1, snapshot.size());
+         ++node) {
+        addresses.push_back("127.0.0." + std::to_string(node + 1));
+    }
+    if (options.snapshot.empty() || addresses.size() == snapshot.size()) {
+        return addresses;
+    }
+    const std::string difference = std::to_string(addresses.size()) + " addresses for the " +
+                                   std::to_string(snapshot.size()) + " nodes of " + options.snapshot;
+    if (addresses.size() > snapshot.size()) {
+        throw std::runtime_error(difference);
+    }
+    std::fprintf(stderr, "cimom: warning: %s\n", difference.c_str());
+    return addresses;
+}
+
+/// What a node of the machine holds: that of the snapshot, or of the sample machine when there is none.
+std::shared_ptr<cimom::Repository> makeRepository(const Options& options, const Repositories& snapshot,
+                                                  std::size_t node) {
+    auto repository =
+        snapshot.empty() ? cimom::Repository::sampleNode(static_cast<unsigned>(node)) : snapshot[node];
     for (const Options::Load& load : options.load) {
         repository->addDeclarations(load.nameSpace, readFile(load.file), load.file);
     }
@@ -64,10 +91,14 @@ void listen(cimom::Server& server, const Endpoint& endpoint, std::size_t node) {
 }
 
 void listenEverywhere(cimom::Server& server, const Options& options) {
-    for (std::size_t node = 0; node < options.addresses.size(); ++node) {
+    const Repositories snapshot = options.snapshot.empty()
+                                      ? Repositories()
+                                      : cimom::readSnapshot(readFile(options.snapshot), options.snapshot);
+    const std::vector<std::string> addresses = addressesFor(options, snapshot);
+    for (std::size_t node = 0; node < addresses.size(); ++node) {
         Endpoint endpoint;
-        endpoint.address = options.addresses[node];
-        endpoint.repository = makeRepository(options, static_cast<unsigned>(node));
+        endpoint.address = addresses[node];
+        endpoint.repository = makeRepository(options, snapshot, node);
         endpoint.localOnly = options.localOnly;
         endpoint.sendNullOutputs = false;
         endpoint.idleLimit = std::chrono::seconds(options.idleSeconds);

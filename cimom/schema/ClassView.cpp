@@ -29,7 +29,21 @@ auto findByKey(View& views, const std::string& key) {
     return std::find_if(views.begin(), views.end(), [&](const auto& view) { return view.key == key; });
 }
 
+bool isPropagated(pugi::xml_node element) {
+    return sameName(trimmed(element.attribute("PROPAGATED").value()), "true");
+}
+
+/// Takes out what a declaration only repeats from its superclass.
+void dropRepeated(std::vector<QualifierView>& qualifiers, const std::vector<QualifierView>& inherited) {
+    const auto repeated = [&](const QualifierView& qualifier) {
+        const auto original = findByKey(inherited, qualifier.key);
+        return isPropagated(qualifier.element) && original != inherited.end() && original->flavor.toSubclass;
+    };
+    qualifiers.erase(std::remove_if(qualifiers.begin(), qualifiers.end(), repeated), qualifiers.end());
+}
+
 void inheritQualifiers(std::vector<QualifierView>& qualifiers, const std::vector<QualifierView>& inherited) {
+    dropRepeated(qualifiers, inherited);
     for (const QualifierView& candidate : inherited) {
         if (candidate.flavor.toSubclass && findByKey(qualifiers, candidate.key) == qualifiers.end()) {
             qualifiers.push_back(candidate);
@@ -77,6 +91,9 @@ void addMember(std::vector<MemberView>& members, MemberView member) {
     const auto overridden = findByKey(members, member.key);
     if (overridden == members.end()) {
         members.push_back(std::move(member));
+        return;
+    }
+    if (isPropagated(member.element)) {
         return;
     }
     member.origin = overridden->origin;

@@ -68,7 +68,8 @@ struct ClassView {
     bool flag(const std::string& qualifierKey) const;
     bool isAssociation() const { return flag("association"); }
 
-    /// Merges the declaration `declared` with the members of `parent`, which may be null.
+    /// Merges the declaration `declared` with the members of `parent`, which may be null. What the
+    /// declaration marks as propagated is the parent's, if that has it.
     static ClassView merge(pugi::xml_node declared, const ClassView* parent, const QualifierTable& table);
 };
 

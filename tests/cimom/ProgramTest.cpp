@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <fstream>
 
+#include "tests/cimom/support/Gzipped.h"
 #include "tests/cimom/support/RawConnection.h"
 #include "tests/cimom/support/Requests.h"
 #include "tests/cimom/support/SmallNameSpace.h"
@@ -142,6 +143,69 @@ TEST(Program, PlaysServersThatTakeLocalOnlyOtherwise) {
     EXPECT_EQ(countOf(declared, "<VALUE.NAMEDINSTANCE>"), 2U);
 }
 
+/// A snapshot of two nodes: the small data, and nothing.
+std::string snapshotOfTwoNodes() {
+    std::string text = test::kSmallDeclarations;
+    text.insert(
+        text.find("<DECLGROUP>") + 11,
+        "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root\"/><NAMESPACE NAME=\"cimv2\"/></LOCALNAMESPACEPATH>");
+    text.insert(text.find("</CIM>"), "<DECLARATION></DECLARATION>");
+    return test::gzipped(text);
+}
+
+TEST(Program, ServesTheNodesOfASnapshotEachOnAnAddressOfItsOwn) {
+    const TemporaryFile file(snapshotOfTwoNodes());
+    for (const std::vector<std::string>& addresses :
+         {std::vector<std::string>{}, {"--address", "127.0.0.1", "--address", "127.0.0.2"}}) {
+        std::vector<std::string> command{kProgram,     "--http-port", "0",
+                                         "--no-https", "--snapshot",  file.name()};
+        command.insert(command.end(), addresses.begin(), addresses.end());
+        Process program(command);
+        const std::string first = program.readLine();
+        const std::string second = program.readLine();
+        EXPECT_EQ(first.substr(0, 33), "Node 0 ready at http://127.0.0.1:");
+        EXPECT_EQ(second.substr(0, 33), "Node 1 ready at http://127.0.0.2:");
+        const std::string request =
+            test::intrinsicRequest("EnumerateInstanceNames", {{"ClassName", test::classNameXml("Base")}});
+        EXPECT_EQ(countOf(ask("127.0.0.1", portOf(first), request).body, "<INSTANCENAME"), 3U);
+        EXPECT_NE(ask("127.0.0.2", portOf(second), request).body.find("<ERROR CODE=\"3\""),
+                  std::string::npos);
+    }
+}
+
+TEST(Program, ServesTheFirstNodesOfASnapshotWhenThereAreTooFewAddresses) {
+    const TemporaryFile file(snapshotOfTwoNodes());
+    Process program({kProgram, "--http-port", "0", "--no-https", "--snapshot", file.name(), "--address",
+                     "127.0.0.1", "--instances", "Leaf=5"});
+    const std::uint16_t port = portOf(program.readLine());
+    const std::string request =
+        test::intrinsicRequest("EnumerateInstanceNames", {{"ClassName", test::classNameXml("Leaf")}});
+    EXPECT_EQ(countOf(ask("127.0.0.1", port, request).body, "<INSTANCENAME"), 5U);
+    program.signal(SIGTERM);
+    EXPECT_EQ(program.wait().err, "cimom: warning: 1 addresses for the 2 nodes of " + file.name() + "\n");
+}
+
+TEST(Program, RefusesASnapshotInOneLine) {
+    const auto errorOf = [](const std::string& content, const std::vector<std::string>& more = {}) {
+        const TemporaryFile file(content);
+        std::vector<std::string> command{kProgram,     "--http-port", "0",
+                                         "--no-https", "--snapshot",  file.name()};
+        command.insert(command.end(), more.begin(), more.end());
+        const ProcessResult result = runProcess(command);
+        EXPECT_EQ(result.status, 1);
+        EXPECT_EQ(result.out, "");
+        const auto at = result.err.find(file.name());
+        EXPECT_NE(at, std::string::npos) << result.err;
+        return result.err.substr(0, at) + "FILE" + result.err.substr(at + file.name().size());
+    };
+    EXPECT_EQ(errorOf("<CIM>\n</CIM>"), "cimom: FILE:1: no CIM element with a DECLARATION in it\n");
+    EXPECT_EQ(errorOf(snapshotOfTwoNodes().substr(0, 100)),
+              "cimom: FILE: the compressed data end early, at byte 100\n");
+    EXPECT_EQ(errorOf(snapshotOfTwoNodes(),
+                      {"--address", "127.0.0.1", "--address", "127.0.0.2", "--address", "127.0.0.3"}),
+              "cimom: 3 addresses for the 2 nodes of FILE\n");
+}
+
 TEST(Program, AsksForThePasswordInTheFile) {
     const TemporaryFile file("secret\nnot this\n");
     Process program({kProgram, "--http-port", "0", "--no-https", "--user", "user", "--password-file",
@@ -182,6 +246,7 @@ TEST(Program, SaysInOneLineWhatElseIsWrong) {
         return result.err;
     };
     EXPECT_EQ(errorOf({"--load", "root/x=/nowhere/x.xml"}), "cimom: cannot read /nowhere/x.xml\n");
+    EXPECT_EQ(errorOf({"--snapshot", "/nowhere/s"}), "cimom: cannot read /nowhere/s\n");
     EXPECT_EQ(errorOf({"--instances", "Nothing=5"}), "cimom: there is no class 'Nothing' in 'root/cimv2'\n");
     EXPECT_EQ(errorOf({"--user", "u", "--password-file", "/nowhere/p"}), "cimom: cannot read /nowhere/p\n");
     EXPECT_EQ(errorOf({"--address", "machine"}),
@@ -216,9 +281,10 @@ TEST(Program, RefusesWrongUsageWithStatus2) {
 TEST(Program, PrintsHelpAndVersion) {
     const ProcessResult help = runProcess({kProgram, "--help"});
     EXPECT_EQ(help.status, 0);
-    for (const char* option : {"--address", "--http-port", "--https-port", "--no-http", "--no-https",
-                               "--user", "--password-file", "--instances", "--load", "--flat-classes",
-                               "--declared-properties", "--idle-limit", "--log", "--version"}) {
+    for (const char* option :
+         {"--address", "--http-port", "--https-port", "--no-http", "--no-https", "--user", "--password-file",
+          "--snapshot", "--instances", "--load", "--flat-classes", "--declared-properties", "--idle-limit",
+          "--log", "--version"}) {
         EXPECT_NE(help.out.find(option), std::string::npos) << option;
     }
     EXPECT_EQ(help.out.find_first_of("{}"), std::string::npos) << "a flag shows the value behind it";

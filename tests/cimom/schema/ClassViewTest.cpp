@@ -107,5 +107,28 @@ TEST_F(ClassViewTest, TakesABooleanQualifierWithoutValueAsTrue) {
     EXPECT_TRUE(property("Bare", "K").isKey);
 }
 
+TEST_F(ClassViewTest, TakesWhatIsMarkedAsPropagatedFromTheSuperclass) {
+    space_.add(test::object(
+        "<CLASS NAME=\"Whole\" SUPERCLASS=\"Middle\">"
+        "<QUALIFIER NAME=\"Description\" TYPE=\"string\" PROPAGATED=\"true\"><VALUE>The "
+        "base</VALUE></QUALIFIER>"
+        "<QUALIFIER NAME=\"Version\" TYPE=\"string\" PROPAGATED=\"true\"><VALUE>1.0</VALUE></QUALIFIER>"
+        "<PROPERTY NAME=\"Id\" TYPE=\"string\" CLASSORIGIN=\"Base\" PROPAGATED=\"true\"/>"
+        "<PROPERTY NAME=\"Level\" TYPE=\"uint16\"><QUALIFIER NAME=\"Units\" TYPE=\"string\" "
+        "PROPAGATED=\"TRUE\"/>"
+        "</PROPERTY>"
+        "<PROPERTY NAME=\"Colour\" TYPE=\"string\" PROPAGATED=\"true\"/>"
+        "<METHOD NAME=\"Touch\" TYPE=\"uint32\" PROPAGATED=\"true\"/></CLASS>"));
+    const ClassView& whole = view("Whole");
+    EXPECT_EQ(namesOf(whole.qualifiers), "version description*") << "no Version comes from above";
+    EXPECT_EQ(namesOf(whole.properties), "Id Caption Level Size Colour");
+    EXPECT_TRUE(property("Whole", "Id").propagated);
+    EXPECT_TRUE(property("Whole", "Id").isKey);
+    EXPECT_FALSE(property("Whole", "Level").propagated);
+    EXPECT_EQ(namesOf(property("Whole", "Level").qualifiers), "description* units*");
+    EXPECT_EQ(property("Whole", "Colour").origin, "Whole") << "which nothing above has";
+    EXPECT_EQ(whole.findMethod("Touch")->parameters.size(), 5U);
+}
+
 }  // namespace
 }  // namespace cimom
