@@ -113,7 +113,7 @@ void DeclarationReader::requireAttribute(pugi::xml_node element, const char* nam
 }
 
 pugi::xml_node DeclarationReader::kept(pugi::xml_node element, NameSpace& nameSpace) const {
-    return elements_ == Elements::Borrowed ? element : nameSpace.newDocument().append_copy(element);
+    return elements_ == Elements::Borrowed ? element : nameSpace.keep(element);
 }
 
 void readDeclarations(std::string_view xml, const std::string& source, NameSpace& nameSpace) {

@@ -26,8 +26,12 @@ struct NameSpace {
         return *documents_.back();
     }
 
+    /// Copies an element of another document that the stores are to refer to; the copy is kept likewise.
+    pugi::xml_node keep(pugi::xml_node element) { return kept_.append_copy(element); }
+
 private:
     std::vector<std::unique_ptr<pugi::xml_document>> documents_;
+    pugi::xml_document kept_;  ///< One for all: each document takes tens of kilobytes.
 };
 
 }  // namespace cimom

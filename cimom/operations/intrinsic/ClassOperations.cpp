@@ -37,7 +37,7 @@ std::string sentClassName(pugi::xml_node element) {
 }
 
 void declareSentClass(const IntrinsicCall& call, pugi::xml_node element) {
-    const pugi::xml_node kept = call.nameSpace.newDocument().append_copy(element);
+    const pugi::xml_node kept = call.nameSpace.keep(element);
     try {
         call.nameSpace.classes.declare(kept, call.nameSpace.qualifiers);
     } catch (const std::runtime_error& error) {

@@ -36,7 +36,7 @@ void setQualifier(const IntrinsicCall& call, std::string& /*out*/) {
     if (*declaration.attribute("NAME").value() == '\0' || !isCimType(type) || type == "reference") {
         throw CimError(CimStatus::InvalidParameter, "a qualifier declaration needs NAME and TYPE");
     }
-    call.nameSpace.qualifiers.declare(call.nameSpace.newDocument().append_copy(declaration));
+    call.nameSpace.qualifiers.declare(call.nameSpace.keep(declaration));
     call.extras.returnsValue = false;
 }
 
