@@ -80,7 +80,7 @@ protected:
     std::uint16_t httpsPort_ = 0;
 };
 
-const char* const kSystem =
+const char* const kComputerSystem =
     ":OMC_UnitaryComputerSystem.CreationClassName=\"OMC_UnitaryComputerSystem\",Name=\"node-0.machine."
     "example\"";
 const char* const kSlot =
@@ -158,25 +158,26 @@ TEST_F(WbemcliTest, CallsAMethod) {
 }
 
 TEST_F(WbemcliTest, CallsMethodsWhoseOutputsAreNull) {
-    EXPECT_EQ(succeed({"wbemcli", "cm", http(kSystem), "RequestStateChange.RequestedState=3"}),
-              (Lines{host(httpPort_) + kSystem + " RequestStateChange: 0"}));
+    EXPECT_EQ(succeed({"wbemcli", "cm", http(kComputerSystem), "RequestStateChange.RequestedState=3"}),
+              (Lines{host(httpPort_) + kComputerSystem + " RequestStateChange: 0"}));
 }
 
 TEST_F(WbemcliTest, FollowsAssociations) {
     const Lines sensors = expectedSensors(host(httpPort_));
-    const Lines all = succeed({"wbemcli", "ain", http(kSystem)});
+    const Lines all = succeed({"wbemcli", "ain", http(kComputerSystem)});
     EXPECT_EQ(all.size(), 5U);
     EXPECT_EQ(succeed({"wbemcli", "ain", "-ac", "OMC_SystemDevice", "-arc", "CIM_Sensor", "-ar",
-                       "GroupComponent", "-arr", "PartComponent", http(kSystem)}),
+                       "GroupComponent", "-arr", "PartComponent", http(kComputerSystem)}),
               Lines(sensors.begin(), sensors.begin() + 3));
-    EXPECT_EQ(succeed({"wbemcli", "ain", "-ar", "PartComponent", http(kSystem)}), Lines());
-    EXPECT_EQ(succeed({"wbemcli", "ai", "-arc", "CIM_Sensor", http(kSystem), "CurrentReading"}).at(0),
+    EXPECT_EQ(succeed({"wbemcli", "ain", "-ar", "PartComponent", http(kComputerSystem)}), Lines());
+    EXPECT_EQ(succeed({"wbemcli", "ai", "-arc", "CIM_Sensor", http(kComputerSystem), "CurrentReading"}).at(0),
               sensors[0] + " CurrentReading=23");
-    EXPECT_EQ(succeed({"wbemcli", "rin", http(kSystem)}).size(), 6U);
+    EXPECT_EQ(succeed({"wbemcli", "rin", http(kComputerSystem)}).size(), 6U);
     EXPECT_EQ(
-        succeed({"wbemcli", "ri", "-arc", "OMC_AssociatedSensor", "-ar", "Dependent", http(kSystem)}).size(),
+        succeed({"wbemcli", "ri", "-arc", "OMC_AssociatedSensor", "-ar", "Dependent", http(kComputerSystem)})
+            .size(),
         1U);
-    EXPECT_EQ(succeed({"wbemcli", "ri", "-ar", "Antecedent", http(kSystem)}), Lines());
+    EXPECT_EQ(succeed({"wbemcli", "ri", "-ar", "Antecedent", http(kComputerSystem)}), Lines());
 }
 
 TEST_F(WbemcliTest, CreatesChangesAndDeletesAnInstance) {

@@ -19,7 +19,7 @@ std::string hello() {
         26);
 }
 
-std::string whyNot(const std::string& bytes, std::size_t limit = kMuch) {
+std::string whyDamaged(const std::string& bytes, std::size_t limit = kMuch) {
     try {
         gunzipped(bytes, limit);
     } catch (const std::runtime_error& error) {
@@ -53,7 +53,7 @@ TEST(Gzip, ReadsWhatIsLongerThanItsBuffers) {
 
 TEST(Gzip, SaysWhereAFileEndsEarly) {
     for (std::size_t size = 0; size < hello().size(); ++size) {
-        EXPECT_EQ(whyNot(hello().substr(0, size)),
+        EXPECT_EQ(whyDamaged(hello().substr(0, size)),
                   "the compressed data end early, at byte " + std::to_string(size));
     }
 }
@@ -61,15 +61,15 @@ TEST(Gzip, SaysWhereAFileEndsEarly) {
 TEST(Gzip, SaysWhereAFileIsDamaged) {
     std::string wrongSum = hello();
     wrongSum[18] = 'x';
-    EXPECT_EQ(whyNot(wrongSum), "the compressed data are damaged at byte 22");
-    EXPECT_EQ(whyNot(hello() + "rest").substr(0, 41), "the compressed data are damaged at byte 2");
-    EXPECT_EQ(whyNot("hello"), "the compressed data are damaged at byte 2");
+    EXPECT_EQ(whyDamaged(wrongSum), "the compressed data are damaged at byte 22");
+    EXPECT_EQ(whyDamaged(hello() + "rest").substr(0, 41), "the compressed data are damaged at byte 2");
+    EXPECT_EQ(whyDamaged("hello"), "the compressed data are damaged at byte 2");
 }
 
 TEST(Gzip, HoldsNoMoreThanItMay) {
     const std::string bytes = test::gzipped(std::string(100000, 'x'));
     EXPECT_EQ(gunzipped(bytes, 100000).size(), 100000U);
-    EXPECT_EQ(whyNot(bytes, 99999), "there are more than 99999 bytes in it");
+    EXPECT_EQ(whyDamaged(bytes, 99999), "there are more than 99999 bytes in it");
 }
 
 }  // namespace

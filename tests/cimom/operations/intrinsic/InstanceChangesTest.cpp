@@ -195,7 +195,7 @@ TEST_F(InstanceChangesTest, RefusesModificationsAsAWhole) {
     EXPECT_EQ(get("Leaf", "a"), before);
 }
 
-TEST_F(InstanceChangesTest, ModifyingKeepsTheInstancesOwnQualifiersOut) {
+TEST_F(InstanceChangesTest, ModifyingTakesAwayTheInstancesOwnQualifiers) {
     space_.add(
         test::object(instance("Leaf",
                               "<PROPERTY NAME=\"Id\" TYPE=\"string\"><QUALIFIER NAME=\"Q\" "
