@@ -87,6 +87,12 @@ TEST(Snapshot, NeedsItsTextNoMoreOnceItIsRead) {
     auto text = std::make_unique<std::string>(machine(node(group("a", kFan + fan("1", "10")))));
     const Nodes nodes = readSnapshot(*text, "machine");
     text.reset();
+    // Of the same length, so that it lies where the first one lay.
+    std::string other = machine(node(group("a", kFan + fan("1", "10"))));
+    for (auto at = other.find("Fan"); at != std::string::npos; at = other.find("Fan")) {
+        other.replace(at, 3, "Fox");
+    }
+    const Nodes others = readSnapshot(other, "other");
     NameSpace& space = *nodes[0]->data().find("root/a");
     std::string xml;
     appendClass(xml, *space.classes.find("Fan"), ClassOptions());
