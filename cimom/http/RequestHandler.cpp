@@ -4,6 +4,7 @@
 #include <openssl/evp.h>
 
 #include <cctype>
+#include <exception>
 #include <mutex>
 
 #include "cimom/common/CimError.h"
@@ -136,6 +137,9 @@ std::string run(const CimRequest& call, const Endpoint& endpoint) {
         });
     } catch (const CimError& error) {
         return errorMessage(call, static_cast<int>(error.status()), error.what());
+    } catch (const std::exception& error) {
+        // E.g. a method whose class in these data lacks what it changes: one call fails, not the server.
+        return errorMessage(call, static_cast<int>(CimStatus::Failed), error.what());
     }
 }
 

@@ -206,6 +206,33 @@ TEST_F(WireTest, Queries) {
                        "<ERROR CODE=\"14\" DESCRIPTION=\"queries are in WQL, not in 'SQL'\"></ERROR>"));
 }
 
+TEST_F(WireTest, AMethodThatTheDataAreNotMadeForFailsAndTheServerGoesOn) {
+    repository_->addDeclarations(
+        "root/cimv2",
+        test::declarations(
+            test::object(
+                "<CLASS NAME=\"CIM_EnabledLogicalElement\"><PROPERTY NAME=\"Id\" TYPE=\"string\"><QUALIFIER "
+                "NAME=\"Key\" TYPE=\"boolean\"/></PROPERTY><METHOD NAME=\"RequestStateChange\" "
+                "TYPE=\"uint32\">"
+                "<PARAMETER NAME=\"RequestedState\" TYPE=\"uint16\"/></METHOD></CLASS>") +
+            test::object(
+                "<INSTANCE CLASSNAME=\"CIM_EnabledLogicalElement\"><PROPERTY NAME=\"Id\" TYPE=\"string\">"
+                "<VALUE>e</VALUE></PROPERTY></INSTANCE>")),
+        "stateless.xml");
+    const std::string body =
+        test::extrinsicMessage("RequestStateChange", smallPath("CIM_EnabledLogicalElement", "e"),
+                               {{"RequestedState", valueXml("2")}});
+    const std::string request =
+        test::httpRequest("RequestStateChange", "root%2Fcimv2%3ACIM_EnabledLogicalElement.Id=%22e%22", body);
+    EXPECT_NE(ask(port_, request)
+                  .body.find("<ERROR CODE=\"1\" DESCRIPTION=\"the class 'CIM_EnabledLogicalElement' has no "
+                             "property 'RequestedState'\">"),
+              std::string::npos);
+    EXPECT_EQ(send("GetQualifier", {{"QualifierName", valueXml("No")}}),
+              response("GetQualifier",
+                       "<ERROR CODE=\"6\" DESCRIPTION=\"there is no qualifier declaration 'No'\"></ERROR>"));
+}
+
 TEST_F(WireTest, TheLogNamesTheClassOfWhateverIsAskedFor) {
     const auto logged = [&](const std::string& operation, const Arguments& arguments) {
         server_.clearRequests();
