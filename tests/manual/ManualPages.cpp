@@ -22,14 +22,19 @@ std::string sourceOf(const std::string& page) {
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-/// Each option-like word of a text.
-std::set<std::string> optionsIn(const std::string& text) {
-    static const std::regex option("(^|[^A-Za-z0-9-])(--?[A-Za-z][A-Za-z0-9-]*)");
-    std::set<std::string> options;
-    for (std::sregex_iterator found(text.begin(), text.end(), option), end; found != end; ++found) {
-        options.insert((*found)[2]);
+/// What the pattern's last group matches in a text.
+std::set<std::string> findAll(const std::string& text, const std::string& pattern) {
+    const std::regex expression(pattern);
+    std::set<std::string> result;
+    for (std::sregex_iterator found(text.begin(), text.end(), expression), end; found != end; ++found) {
+        result.insert((*found)[found->size() - 1]);
     }
-    return options;
+    return result;
+}
+
+/// The options of a line that describes one under all its names, in bold letters each.
+std::set<std::string> optionsIn(const std::string& line) {
+    return findAll(line, R"(\*(--?[A-Za-z][A-Za-z0-9-]*)\*)");
 }
 
 /// What a page describes: lines that start with an option, and below COMMANDS a heading for each command.
@@ -84,7 +89,8 @@ void expectToMentionKnownOptionsOnly(const std::string& page, const std::string&
     for (const auto& [command, options] : support::optionsOf(program)) {
         known.insert(options.begin(), options.end());
     }
-    for (const std::string& mentioned : optionsIn(sourceOf(page))) {
+    for (const std::string& mentioned :
+         findAll(sourceOf(page), "(^|[^A-Za-z0-9-])(--[A-Za-z][A-Za-z0-9-]*)")) {
         EXPECT_EQ(known.count(mentioned), 1U) << "docs/man/" << page << " mentions " << mentioned;
     }
 }
@@ -95,7 +101,8 @@ TEST(HelpText, IsReadWithTheNamesOfOptionsAndCommandsAlone) {
     const support::HelpText help(
         "Asks --nobody.\nUsage: x [OPTIONS]\n\nPositionals:\n  CLASS TEXT    Its name\n\n"
         "Options:\n  -v,--verbose                Say --more\n  --node [USER@]HOST ...\n"
-        "                              A node\n\nSubcommands:\n  tree          All\n\nExample: x --deep\n");
+        "                              A node\n\nSubcommands:\n  tree          All\n\nExit status:\n  0  "
+        "answered\n\nExample:\n  x --deep\n");
     EXPECT_EQ(help.options, (std::set<std::string>{"-v", "--verbose", "--node"}));
     EXPECT_EQ(help.commands, (std::set<std::string>{"tree"}));
 }
