@@ -37,6 +37,7 @@ TEST(Moment, TellsIntervalsFromPointsInTime) {
 
 TEST(Moment, TakesWhatIsNotKnownAsTheEarliest) {
     EXPECT_EQ(microsecondsOf("20240912081511.******+000"), microsecondsOf("20240912081511.000000+000"));
+    EXPECT_EQ(microsecondsOf("20240912081511.12****+000"), microsecondsOf("20240912081511.120000+000"));
     EXPECT_EQ(microsecondsOf("2024****081511.000000+000"), microsecondsOf("20240101081511.000000+000"));
     EXPECT_FALSE(Moment::of("yesterday"));
     EXPECT_FALSE(Moment::of(""));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -7,7 +8,9 @@
 #include "tools/console/Notices.h"
 #include "tools/console/Output.h"
 #include "tools/console/Progress.h"
+#include "tools/machine/SchemaCache.h"
 #include "tools/machine/Session.h"
+#include "tools/print/InstancePrinter.h"
 
 namespace tool {
 
@@ -18,6 +21,8 @@ struct CommandContext {
     Output& output;
     Progress& progress;
     Notices& notices;
+    std::shared_ptr<SchemaCache> schemas = std::make_shared<SchemaCache>(session);
+    InstancePrinter* instances = nullptr;  ///< Where instances go instead of to the output; may be null.
 
     bool isJson() const { return options.format == Format::kJson; }
 };
@@ -42,6 +47,9 @@ int runMonitoring(const CommandContext& context);
 /// What such a plug-in says and returns when the machine cannot be asked.
 constexpr int kMonitoringUnknown = 3;
 std::string unknownLine(const std::string& reason);
+
+/// The one that the options ask for, again and again.
+bool runWatch(const CommandContext& context);
 
 /// The one that the options ask for.
 bool runCommand(const CommandContext& context);

@@ -58,14 +58,17 @@ InstancePointer findAsPrinted(const ObjectPath& wanted, ICIMClass& cimClass, Ses
     return found;
 }
 
-InstancePointer findInstance(const ObjectPath& wanted, const ClassSchema& schema, Session& session) {
+// With `anew` as it is now: what the plug-in found once it tells from memory the next time, unless all of the
+// class are enumerated.
+InstancePointer findInstance(const ObjectPath& wanted, const ClassSchema& schema, Session& session,
+                             bool anew) {
     if (lacksKey(wanted, schema)) {
         if (const auto found = findAsPrinted(wanted, *schema.chain().front(), session)) {
             return found;
         }
     }
     const std::vector<std::string> spellings = spellingsOf(wanted, schema, session);
-    if (spellings.size() > 1) {
+    if (spellings.size() > 1 || anew) {
         if (const auto found = findAny(spellings, *schema.chain().front(), session)) {
             return found;
         }
@@ -77,15 +80,17 @@ InstancePointer findInstance(const ObjectPath& wanted, const ClassSchema& schema
 
 bool runGet(const CommandContext& context) {
     const ObjectPath wanted = ObjectPath::parse(context.options.path);
-    SchemaCache schemas(context.session);
+    SchemaCache& schemas = *context.schemas;
     const ClassSchema& schema = schemas.of(wanted.className);
-    const auto instance = findInstance(wanted, schema, context.session);
+    const auto instance = findInstance(wanted, schema, context.session, context.instances != nullptr);
     if (!instance) {
         return nothingFound(context, "there is no instance " + instancePath(wanted, schema));
     }
     const NullCells nullCells(context.session, schemas);
     const InstanceView view(*instance, &nullCells);
-    if (context.isJson()) {
+    if (context.instances != nullptr) {
+        context.instances->print(view);
+    } else if (context.isJson()) {
         context.output.line(jsonText(jsonInstance(view, {}), 2, context.output.isTerminal()));
     } else {
         BlockPrinter(context.output, schemas).print(view);

@@ -16,8 +16,7 @@ namespace {
 
 HealthReport reportOf(const CommandContext& context) {
     context.progress.note("asking how the machine is");
-    SchemaCache schemas(context.session);
-    return HealthReport::of(context.session, schemas, context.progress);
+    return HealthReport::of(context.session, *context.schemas, context.progress);
 }
 
 }  // namespace

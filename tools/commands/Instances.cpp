@@ -145,7 +145,7 @@ void writeCount(const CommandContext& context, std::size_t count) {
 bool runInstances(const CommandContext& context) {
     const std::string& className = context.options.className;
     const auto cimClass = context.session.getClass(className);
-    SchemaCache schemas(context.session);
+    SchemaCache& schemas = *context.schemas;
     const ClassSchema& schema = schemas.of(cimClass);
     const std::vector<std::string> columns = declaredColumns(context.options.columns, schema);
     if (context.options.deep) {
@@ -154,7 +154,8 @@ bool runInstances(const CommandContext& context) {
     }
     const auto printer = makeInstancePrinter(context.options.format,
                                              {context.output, schemas, schema, columns, terminal::width()});
-    Selection selection(context.options, schema, *printer);
+    Selection selection(context.options, schema,
+                        context.instances != nullptr ? *context.instances : *printer);
     ask(context, *cimClass, schemas, selection);
     if (context.options.count) {
         writeCount(context, selection.count());

@@ -38,6 +38,9 @@ struct Options {
     Format format = Format::kText;
     bool verbose = false;
 
+    std::optional<double> watchSeconds;  ///< Between two rounds of a watched command.
+    std::optional<std::size_t> rounds;   ///< Of a watched command; none: until somebody ends it.
+
     Question question = Question::kClasses;
     std::string className;                ///< Empty where a command takes it and it was left out.
     std::vector<std::string> classNames;  ///< qualifiers

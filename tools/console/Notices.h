@@ -22,6 +22,9 @@ public:
     /// The same of a failure, which counts even when it was told before.
     void fail(const std::string& text);
 
+    /// What was said may be said again.
+    void forget() { said_.clear(); }
+
     /// What was said last; empty when nothing was.
     const std::string& last() const { return last_; }
 

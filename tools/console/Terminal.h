@@ -28,6 +28,9 @@ std::string readSecret(const std::string& prompt);
 /// as well. What is written is UTF-8 and goes out byte by byte as it is, where a system had other habits.
 void prepare();
 
+/// From now on Ctrl-C is how a person ends the program: it ends at once, with the status 0.
+void endOnInterrupt();
+
 /// Tells the signal handler whether a progress line stands on standard error and is to be wiped.
 void setProgressShown(bool shown);
 

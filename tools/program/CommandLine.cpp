@@ -78,6 +78,7 @@ public:
         addSchemaCommands();
         addInstanceCommands();
         addHealthCommand();
+        addWatch();
     }
 
     CLI::App& app() { return app_; }
@@ -235,6 +236,20 @@ private:
                          "One line with performance data, and the exit status, of a monitoring plug-in");
     }
 
+    // The watched command stands behind, as it would stand alone.
+    void addWatch() {
+        CLI::App* watch = app_.add_subcommand("watch",
+                                              "A command again and again, and what changed: watch "
+                                              "SECONDS COMMAND...");
+        watch->add_option("SECONDS", options_.watchSeconds, "Between two rounds")
+            ->required()
+            ->check(CLI::Range(0.0, 86400.0).description(""));
+        watch->add_option("--rounds", options_.rounds, "End after so many")
+            ->type_name("N")
+            ->check(CLI::PositiveNumber.description(""));
+        watch->preparse_callback([this](std::size_t) { app_.require_subcommand(1, 2); });
+    }
+
     CLI::App* add(const std::string& name, const std::string& description, Question question) {
         CLI::App* command = app_.add_subcommand(name, description);
         command->callback([this, question] { options_.question = question; });
@@ -249,7 +264,19 @@ private:
     CLI::App app_;
 };
 
+void requireFitOfWatch(const Options& options) {
+    if (options.format != Format::kText) {
+        throw UsageError("watch shows text: --format is for single answers");
+    }
+    if (options.question == Question::kInvoke || options.nagios) {
+        throw UsageError("watch repeats questions: methods and --nagios are for once");
+    }
+}
+
 void requireFit(const Options& options) {
+    if (options.watchSeconds) {
+        requireFitOfWatch(options);
+    }
     if (options.format == Format::kCsv && options.question != Question::kInstances) {
         throw UsageError("--format csv is for instances; text and json are for every command");
     }
@@ -274,6 +301,9 @@ CommandLine::CommandLine(int argc, const char* const* argv) {
         return;
     } catch (const CLI::ParseError& error) {
         throw UsageError(grammar.complaint(error));
+    }
+    if (options.watchSeconds && grammar.app().get_subcommands().size() < 2) {
+        throw UsageError("watch takes a command: watch SECONDS COMMAND...");
     }
     requireFit(options);
 }

@@ -46,10 +46,14 @@ void say(const std::exception& failure, Notices& notices) {
     }
 }
 
+bool ask(const CommandContext& context) {
+    return context.options.watchSeconds ? runWatch(context) : runCommand(context);
+}
+
 bool runOnNodesThatAnswer(const CommandContext& context) {
     for (;;) {
         try {
-            return runCommand(context);
+            return ask(context);
         } catch (const Failure&) {
             if (!context.session.goOnWithoutFirst()) {
                 throw;

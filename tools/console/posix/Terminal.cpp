@@ -67,6 +67,11 @@ void handleUnlessIgnored(int signal, void (*handler)(int)) {
     }
 }
 
+extern "C" void endAnswered(int /*signal*/) {
+    putInOrder();
+    _exit(0);
+}
+
 /// No echo of what is typed, as long as it lives.
 class HiddenInput {
 public:
@@ -135,6 +140,10 @@ void prepare() {
     std::signal(SIGPIPE, SIG_IGN);
     handleUnlessIgnored(SIGTSTP, stopAfterCleaning);
     std::signal(SIGCONT, goOnHidden);
+}
+
+void endOnInterrupt() {
+    std::signal(SIGINT, endAnswered);
 }
 
 void setProgressShown(bool isShown) {

@@ -23,6 +23,7 @@ std::atomic<bool> progressShown{false};
 std::atomic<bool> echoIsOff{false};
 std::atomic<DWORD> shownMode{0};
 std::atomic<UINT> inheritedCodePage{0};
+std::atomic<UINT> interruptStatus{STATUS_CONTROL_C_EXIT};  // as the process would end without the handler
 
 HANDLE input() {
     return GetStdHandle(STD_INPUT_HANDLE);
@@ -63,7 +64,7 @@ BOOL WINAPI putInOrder(DWORD /*event*/) {
         writeError("\r\n");
     }
     restoreCodePage();
-    ExitProcess(STATUS_CONTROL_C_EXIT);  // as the process would end without this handler
+    ExitProcess(interruptStatus);
 }
 
 /// No echo of what is typed, as long as it lives.
@@ -171,6 +172,10 @@ void prepare() {
         interpretSequences(GetStdHandle(STD_ERROR_HANDLE));
     }
     SetConsoleCtrlHandler(putInOrder, TRUE);
+}
+
+void endOnInterrupt() {
+    interruptStatus = 0;
 }
 
 void setProgressShown(bool isShown) {
