@@ -17,7 +17,7 @@ using ::testing::ContainsRegex;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
 
-constexpr const char* kFan =
+constexpr const char* kFanInstance =
     "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\"><DECLARATION><DECLGROUP><VALUE.OBJECT><INSTANCE "
     "CLASSNAME=\"TST_Fan\"><PROPERTY NAME=\"ID\" TYPE=\"string\"><VALUE>a</VALUE></PROPERTY><PROPERTY "
     "NAME=\"Speed\" TYPE=\"sint32\"><VALUE>10</VALUE></PROPERTY></INSTANCE></VALUE.OBJECT></DECLGROUP>"
@@ -36,7 +36,7 @@ class FanNode {
 public:
     FanNode() : machine_(1) {
         machine_.Repository(0).addDeclarations("root/test", kFanClass, "class.xml");
-        machine_.Repository(0).addDeclarations("root/test", kFan, "fan.xml");
+        machine_.Repository(0).addDeclarations("root/test", kFanInstance, "fan.xml");
     }
 
     // From now on the servers say the one instead of the other.

@@ -1,9 +1,10 @@
 // watch SECONDS COMMAND...: the same question again and again, and what changed since the last answer.
 
-#include <fmt/chrono.h>
 #include <fmt/format.h>
 
 #include <chrono>
+#include <ctime>
+#include <iomanip>
 #include <sstream>
 #include <thread>
 
@@ -19,6 +20,13 @@ namespace tool {
 namespace {
 
 constexpr const char* kClearScreen = "\033[H\033[2J";
+
+std::string timeNow() {
+    const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
+    std::ostringstream text;
+    text << std::put_time(std::localtime(&now), "%Y-%m-%d %H:%M:%S");
+    return text.str();
+}
 
 std::vector<std::string> headingOf(const Options& options) {
     std::vector<std::string> heading = options.columns;
@@ -92,9 +100,7 @@ private:
     }
 
     void showHead(const std::string& what) {
-        const auto now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
-        const std::string head =
-            fmt::format("{:%Y-%m-%d %H:%M:%S}  round {}: {}", fmt::localtime(now), round_, what);
+        const std::string head = fmt::format("{}  round {}: {}", timeNow(), round_, what);
         context_.output.write(context_.output.isTerminal() ? kClearScreen : "");
         context_.output.line(cutTo(head, terminal::width()));
     }

@@ -13,12 +13,12 @@ namespace {
 
 using NQELVSK20::TCIMValue;
 
-bool isLetter(char letter) {
+bool isWordLetter(char letter) {
     return (letter >= 'a' && letter <= 'z') || static_cast<unsigned char>(letter) >= 0x80;
 }
 
 bool isPartOfWord(char letter) {
-    return isLetter(letter) || isDigit(letter);
+    return isWordLetter(letter) || isDigit(letter);
 }
 
 // Whether the words of a text stand in another as they are, and not as parts of longer words. Both in lower
@@ -35,7 +35,7 @@ bool hasWords(const std::string& text, const std::string& words) {
 
 // A number alone may be anything's.
 bool tellsApart(const std::string& words) {
-    return std::any_of(words.begin(), words.end(), isLetter);
+    return std::any_of(words.begin(), words.end(), isWordLetter);
 }
 
 std::vector<std::string> textsIn(const TCIMValue* list) {

@@ -22,7 +22,7 @@ struct ThresholdNames {
     const char* key;
 };
 
-constexpr std::array<ThresholdNames, Reading::kThresholds> kNames = {
+constexpr std::array<ThresholdNames, Reading::kThresholds> kThresholdNames = {
     ThresholdNames{"LowerThresholdNonCritical", "lower non-critical", "lowerNonCritical"},
     {"UpperThresholdNonCritical", "upper non-critical", "upperNonCritical"},
     {"LowerThresholdCritical", "lower critical", "lowerCritical"},
@@ -82,7 +82,7 @@ void Reading::addThresholds(const PropertySource& properties, int powerOfTen) {
         return std::find(listed.begin(), listed.end(), std::to_string(threshold)) != listed.end();
     };
     for (std::size_t i = 0; i < kThresholds; ++i) {
-        const auto raw = numberOf(properties(kNames.at(i).property));
+        const auto raw = numberOf(properties(kThresholdNames.at(i).property));
         if (raw && (listed.empty() || isListed(i))) {
             thresholds_.at(i) = raw->scaledBy(powerOfTen);
         }
@@ -117,14 +117,14 @@ std::optional<Reading::Threshold> Reading::crossed() const {
 
 std::string Reading::state() const {
     const auto threshold = crossed();
-    return threshold ? kNames.at(*threshold).text : "normal";
+    return threshold ? kThresholdNames.at(*threshold).text : "normal";
 }
 
 std::string Reading::text() const {
     std::string text = value_.text() + (unit_.empty() ? "" : " " + safeText(unit_));
     if (const auto threshold = crossed()) {
         text += (isUpper(*threshold) ? " > " : " < ") + thresholds_.at(*threshold)->text() + ' ' +
-                kNames.at(*threshold).text;
+                kThresholdNames.at(*threshold).text;
     }
     return text;
 }
@@ -137,7 +137,7 @@ nlohmann::ordered_json Reading::json() const {
     json["thresholds"] = nlohmann::ordered_json::object();
     for (std::size_t i = 0; i < kThresholds; ++i) {
         if (thresholds_.at(i)) {
-            json["thresholds"][kNames.at(i).key] = jsonDecimal(*thresholds_.at(i));
+            json["thresholds"][kThresholdNames.at(i).key] = jsonDecimal(*thresholds_.at(i));
         }
     }
     return json;

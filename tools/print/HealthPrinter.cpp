@@ -10,7 +10,7 @@ namespace tool {
 
 namespace {
 
-constexpr const char* kGap = "  ";
+constexpr const char* kColumnGap = "  ";
 const std::string kNodeHeading = "Node";
 
 template <typename VALUES, typename TEXT>
@@ -66,13 +66,15 @@ void HealthPrinter::printElements(const HealthReport& report, const std::vector<
     const std::size_t states = widthOf(elements, "State", stateOf);
     const std::size_t names = widthOf(elements, "Element", nameFor);
     line("");
-    line(kNodeHeading + kGap + padTo("State", states) + kGap + "Element");
+    line(kNodeHeading + kColumnGap + padTo("State", states) + kColumnGap + "Element");
     for (const Element& element : elements) {
-        line(padTo(safeText(element.node), kNodeHeading.size()) + kGap + padTo(stateOf(element), states) +
-             kGap + padTo(nameFor(element), names) + kGap + element.note());
+        line(padTo(safeText(element.node), kNodeHeading.size()) + kColumnGap +
+             padTo(stateOf(element), states) + kColumnGap + padTo(nameFor(element), names) + kColumnGap +
+             element.note());
         for (const LogEntry& entry :
              isIll(element.severity) ? report.entriesOf(element) : std::vector<LogEntry>()) {
-            line(std::string(kNodeHeading.size(), ' ') + kGap + timeFor(entry) + kGap + safeText(entry.text));
+            line(std::string(kNodeHeading.size(), ' ') + kColumnGap + timeFor(entry) + kColumnGap +
+                 safeText(entry.text));
         }
     }
 }
@@ -84,10 +86,10 @@ void HealthPrinter::printLog(const std::vector<LogEntry>& entries) {
     const std::size_t times = widthOf(entries, "", timeFor);
     const std::size_t severities = widthOf(entries, "", severityFor);
     line("");
-    line(kNodeHeading + kGap + "Also in the logs");
+    line(kNodeHeading + kColumnGap + "Also in the logs");
     for (const LogEntry& entry : entries) {
-        line(padTo(safeText(entry.node), kNodeHeading.size()) + kGap + padTo(timeFor(entry), times) + kGap +
-             padTo(severityFor(entry), severities) + kGap + safeText(entry.text));
+        line(padTo(safeText(entry.node), kNodeHeading.size()) + kColumnGap + padTo(timeFor(entry), times) +
+             kColumnGap + padTo(severityFor(entry), severities) + kColumnGap + safeText(entry.text));
     }
 }
 

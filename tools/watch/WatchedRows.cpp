@@ -52,7 +52,7 @@ std::vector<std::size_t> widthsOf(const LINES& lines) {
     return widths;
 }
 
-std::string counted(std::size_t count, const std::string& what) {
+std::string countOf(std::size_t count, const std::string& what) {
     return count == 0 ? std::string() : ", " + std::to_string(count) + ' ' + what;
 }
 
@@ -137,8 +137,8 @@ WatchedRows::Outcome WatchedRows::outcomeOf(const std::vector<Line>& lines) cons
     }
     const std::size_t rows = lines.size() - counts[kGone];
     outcome.summary = std::to_string(rows) + (rows == 1 ? " row" : " rows") +
-                      counted(counts[kChanged], "changed") + counted(counts[kNew], "new") +
-                      counted(counts[kGone], "gone");
+                      countOf(counts[kChanged], "changed") + countOf(counts[kNew], "new") +
+                      countOf(counts[kGone], "gone");
     return outcome;
 }
 
