@@ -46,6 +46,13 @@ TEST(Where, ChoosesInstancesByTheirProperties) {
                 ElementsAre("1 Ambient Temp"));
 }
 
+TEST(Where, KnowsTheNodeAsAProperty) {
+    EXPECT_THAT(names({"--where", "NodeID=2 and ElementName~fan", "--sort", "-ElementName"}),
+                ElementsAre("2 Fan 2 Tach", "2 Fan 1 Tach"));
+    EXPECT_THAT(names({"--where", "ElementName='CPU 1 Temp'", "--sort", "-NodeID"}),
+                ElementsAre("3 CPU 1 Temp", "2 CPU 1 Temp", "1 CPU 1 Temp"));
+}
+
 TEST(Where, CountsAgainstTheLimitWhatFits) {
     EXPECT_THAT(names({"--where", "BaseUnits=RPM", "--limit", "1"}), ElementsAre("1 Fan 1 Tach"));
 }
@@ -77,9 +84,12 @@ TEST(Sort, OrdersTheInstancesOfAllNodes) {
 
 TEST(Count, TellsHowMany) {
     EXPECT_EQ(ask({"--count"}).out, "29\n");
-    EXPECT_EQ(ask({"--count", "--where", "HealthState=10"}).out, "3\n");
-    EXPECT_EQ(ask({"--count", "--limit", "2", "--sort", "CurrentReading"}).out, "2\n");
     EXPECT_EQ(ask({"--count", "--format", "json"}).out, "{\"count\": 29}\n");
+    EXPECT_EQ(ask({"--count", "--where", "HealthState=10"}).out, "3\n");
+}
+
+TEST(Count, KeepsToTheLimitAndCountsNothingToo) {
+    EXPECT_EQ(ask({"--count", "--limit", "2", "--sort", "CurrentReading"}).out, "2\n");
     const Outcome none = ask({"--count", "--where", "HealthState=15"});
     EXPECT_EQ(none.status, 1);
     EXPECT_EQ(none.out, "0\n");

@@ -8,6 +8,7 @@
 #include "tools/commands/Commands.h"
 #include "tools/commands/RowCount.h"
 #include "tools/common/Failure.h"
+#include "tools/common/Names.h"
 #include "tools/common/UsageError.h"
 #include "tools/console/Terminal.h"
 #include "tools/print/InstancePrinter.h"
@@ -70,7 +71,10 @@ public:
     }
 
     void take(const InstanceView& instance) {
-        const PropertySource properties = [&](const std::string& name) { return instance.value(name); };
+        const NQELVSK20::TCIMValue node(instance.node);
+        const PropertySource properties = [&](const std::string& name) {
+            return sameName(name, "NodeID") ? &node : instance.value(name);
+        };
         if (condition_ && !condition_->holds(properties)) {
             return;
         }

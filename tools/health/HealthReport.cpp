@@ -17,6 +17,7 @@ constexpr std::size_t kFewEntries = 3;
 template <typename VALUE>
 std::vector<VALUE> valuesOf(std::map<std::string, VALUE> map) {
     std::vector<VALUE> values;
+    values.reserve(map.size());
     for (auto& entry : map) {
         values.push_back(std::move(entry.second));
     }

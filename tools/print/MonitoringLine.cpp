@@ -89,7 +89,10 @@ std::string allNumbers(const HealthReport& report) {
     }
     std::string joined;
     for (const auto& [label, text] : numbers) {
-        joined += ' ' + label + '=' + text;
+        joined += ' ';
+        joined += label;
+        joined += '=';
+        joined += text;
     }
     return joined;
 }

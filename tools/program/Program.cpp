@@ -107,6 +107,9 @@ int runMonitor(int argc, const char* const* argv, Notices& notices, Progress& pr
         if (commandLine.status) {
             return *commandLine.status == kAnswered ? 0 : kMonitoringUnknown;
         }
+        if (!commandLine.options.nagios) {  // the word was another option's value
+            return static_cast<int>(answer(commandLine.options, notices, progress));
+        }
         Session session(commandLine.options, notices, progress);
         session.connect();
         const int status = runMonitoring({commandLine.options, session, output, progress, notices});

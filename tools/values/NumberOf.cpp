@@ -2,8 +2,12 @@
 
 namespace tool {
 
+namespace {
+
 using NQELVSK20::TCIMValue;
 using TType = TCIMValue::TCIMType;
+
+}  // namespace
 
 std::optional<Decimal> numberOf(const TCIMValue& value) {
     const TType::ECIMType type = value.GetType();
