@@ -140,6 +140,27 @@ TEST(WatchCommand, WatchesTheLinesOfOtherAnswers) {
     EXPECT_EQ(process.readLine(), "+ TST_Fan.ID=\"b\"");
 }
 
+TEST(WatchCommand, WatchesTheHealthOfElements) {
+    TestMachine machine(3);
+    std::vector<std::string> command{CIMHTTP_PROGRAM};
+    for (const std::string& host : machine.Hosts()) {
+        command.insert(command.end(), {"--node", host});
+    }
+    command.insert(command.end(), {"watch", "0.05", "health"});
+    support::Process process(command);
+    EXPECT_THAT(lineWith(process, "round 1: "), EndsWith("round 1: 5 rows"));
+    EXPECT_EQ(process.readLine(), "  Node  Element         State             Now");
+    cimom::Fault hotter;
+    hotter.kind = cimom::Fault::Kind::RawText;
+    hotter.text = "<VALUE>91</VALUE>";
+    hotter.instead = "<VALUE>94</VALUE>";
+    machine.Server().inject(hotter);
+    EXPECT_THAT(
+        lineWith(process, "* "),
+        HasSubstr("* 1     DIMM 4 Temp     Degraded/Warning  91 °C > 85 upper non-critical → 94 °C > 85 "
+                  "upper non-critical  ▁"));
+}
+
 TEST(WatchCommand, ARoundThatFailsIsShownAndTheNextOneTried) {
     FanNode node;
     auto process = node.watch({"0.05", "instances", "TST_Fan", "--columns", "ID,Speed"});

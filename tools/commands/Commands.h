@@ -10,7 +10,7 @@
 #include "tools/console/Progress.h"
 #include "tools/machine/SchemaCache.h"
 #include "tools/machine/Session.h"
-#include "tools/print/InstancePrinter.h"
+#include "tools/watch/RowCollector.h"
 
 namespace tool {
 
@@ -22,7 +22,8 @@ struct CommandContext {
     Progress& progress;
     Notices& notices;
     std::shared_ptr<SchemaCache> schemas = std::make_shared<SchemaCache>(session);
-    InstancePrinter* instances = nullptr;  ///< Where instances go instead of to the output; may be null.
+    RowCollector* rows =
+        nullptr;  ///< Where what has parts to compare goes instead of to the output; may be null.
 
     bool isJson() const { return options.format == Format::kJson; }
 };

@@ -82,14 +82,14 @@ bool runGet(const CommandContext& context) {
     const ObjectPath wanted = ObjectPath::parse(context.options.path);
     SchemaCache& schemas = *context.schemas;
     const ClassSchema& schema = schemas.of(wanted.className);
-    const auto instance = findInstance(wanted, schema, context.session, context.instances != nullptr);
+    const auto instance = findInstance(wanted, schema, context.session, context.rows != nullptr);
     if (!instance) {
         return nothingFound(context, "there is no instance " + instancePath(wanted, schema));
     }
     const NullCells nullCells(context.session, schemas);
     const InstanceView view(*instance, &nullCells);
-    if (context.instances != nullptr) {
-        context.instances->print(view);
+    if (context.rows != nullptr) {
+        context.rows->print(view);
     } else if (context.isJson()) {
         context.output.line(jsonText(jsonInstance(view, {}), 2, context.output.isTerminal()));
     } else {

@@ -1,8 +1,10 @@
 // health: what is not well on any node.
 
 #include <nlohmann/json.hpp>
+#include <optional>
 
 #include "tools/commands/Commands.h"
+#include "tools/common/SafeText.h"
 #include "tools/console/Terminal.h"
 #include "tools/health/HealthReport.h"
 #include "tools/print/HealthJson.h"
@@ -19,11 +21,26 @@ HealthReport reportOf(const CommandContext& context) {
     return HealthReport::of(context.session, *context.schemas, context.progress);
 }
 
+void addRows(const HealthReport& report, bool all, RowCollector& rows) {
+    for (const Element& element : report.elements()) {
+        if (all || isIll(element.severity)) {
+            rows.add({element.node + '\n' + element.path,
+                      safeText(element.node),
+                      {{"Element", safeText(element.name), std::nullopt},
+                       {"State", safeText(element.state), std::nullopt},
+                       {"Now", element.note(),
+                        element.reading ? std::optional(element.reading->value()) : std::nullopt}}});
+        }
+    }
+}
+
 }  // namespace
 
 bool runHealth(const CommandContext& context) {
     const HealthReport report = reportOf(context);
-    if (context.isJson()) {
+    if (context.rows != nullptr && report.ill() != 0) {
+        addRows(report, context.options.all, *context.rows);
+    } else if (context.isJson()) {
         context.output.line(
             jsonText(jsonHealth(report, context.options.all), 2, context.output.isTerminal()));
     } else {

@@ -158,8 +158,8 @@ bool runInstances(const CommandContext& context) {
     }
     const auto printer = makeInstancePrinter(context.options.format,
                                              {context.output, schemas, schema, columns, terminal::width()});
-    Selection selection(context.options, schema,
-                        context.instances != nullptr ? *context.instances : *printer);
+    InstancePrinter* rows = context.rows;
+    Selection selection(context.options, schema, rows != nullptr ? *rows : *printer);
     ask(context, *cimClass, schemas, selection);
     if (context.options.count) {
         writeCount(context, selection.count());

@@ -29,6 +29,9 @@ std::string timeNow() {
 }
 
 std::vector<std::string> headingOf(const Options& options) {
+    if (options.question == Question::kHealth) {
+        return {"Node", "Element", "State", "Now"};
+    }
     std::vector<std::string> heading = options.columns;
     if (!heading.empty()) {
         heading.insert(heading.begin(), "Node");
@@ -75,7 +78,7 @@ private:
         return reason.empty();
     }
 
-    // What the command answers, as rows; instances as they are, the lines of other answers.
+    // What the command answers, as rows; the lines of an answer that has no parts to compare.
     Rows ask(std::string& reason) {
         std::ostringstream text;
         Output captured(text, context_.progress, false);

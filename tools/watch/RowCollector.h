@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tools/machine/SchemaCache.h"
@@ -18,6 +19,9 @@ public:
 
     void print(const InstanceView& instance) override;
     void end() override {}
+
+    /// A row that is no instance.
+    void add(Row row) { rows_.push_back(std::move(row)); }
 
     /// What was collected; the collector is empty then.
     Rows take();
