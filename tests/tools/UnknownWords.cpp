@@ -23,6 +23,11 @@ TEST(UnknownWords, SuggestTheOptionThatWasMeant) {
     EXPECT_EQ(complaintAbout({"--usr", "x", "-q"}), "unknown option --usr and 1 more; did you mean --user?");
 }
 
+TEST(UnknownWords, MayBeOptionsThatStandBeforeTheirCommand) {
+    EXPECT_EQ(complaintAbout({"--deep=5"}, "classes"),
+              "--deep stands behind the command that it belongs to; cimhttp --help lists all");
+}
+
 TEST(UnknownWords, SuggestTheCommandThatWasMeant) {
     EXPECT_EQ(complaintAbout({"nmaes", "CIM_Fan"}), "'nmaes' is no command; did you mean names?");
     EXPECT_EQ(complaintAbout({"fly"}), "there is no such command; cimhttp --help lists all");

@@ -55,6 +55,11 @@ TEST(Mistake, InAnOptionsValueNamesBothAndWhatIsAllowed) {
     EXPECT_EQ(mistakeIn({"classes", "--node"}), "cimhttp: --node needs a value; cimhttp --help tells more\n");
 }
 
+TEST(Mistake, InGivingAValueToAnOptionThatTakesNoneShowsItNot) {
+    EXPECT_EQ(mistakeIn({"classes", "--deep=secret"}),
+              "cimhttp: an option that takes no value was given one; cimhttp --help tells more\n");
+}
+
 TEST(Mistake, InANameSuggestsTheNearest) {
     EXPECT_EQ(mistakeIn({"nmaes", "CIM_Fan"}), "cimhttp: 'nmaes' is no command; did you mean names?\n");
     EXPECT_EQ(mistakeIn({"classes", "--deeep"}), "cimhttp: unknown option --deeep; did you mean --deep?\n");

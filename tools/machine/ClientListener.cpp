@@ -34,8 +34,11 @@ std::string wordsFor(const std::string& operation) {
     return found == words.end() ? operation : found->second;
 }
 
-// More may follow in the same line.
-std::string withoutFullStop(std::string text) {
+// The library's text in a person's words, without a full stop: more may follow in the same line.
+std::string inWords(std::string text) {
+    if (text.compare(0, 15, "Invalid locator") == 0) {
+        return "its name cannot be resolved";
+    }
     if (!text.empty() && text.back() == '.') {
         text.pop_back();
     }
@@ -46,7 +49,7 @@ std::string reasonOf(const ClientFailure& failure) {
     if (failure.kind == Kind::kTimeout) {
         return "no answer in time";
     }
-    return (failure.kind == Kind::kCimError ? "CIM error: " : "") + withoutFullStop(failure.text);
+    return (failure.kind == Kind::kCimError ? "CIM error: " : "") + inWords(failure.text);
 }
 
 // The server answered, and has no such namespace, class or object (DSP0200).
@@ -152,7 +155,7 @@ bool ClientListener::loseLink(const ClientFailure& failure) {
     Machine::Link& link = machine_.link(failure.node);
     const bool isHttp = failure.operation == "HTTPConnect";
     const bool mayGoOn = !isHttp && machine_.nodes()[failure.node].mayUseHttp;
-    (isHttp ? link.httpFailure : link.httpsFailure) = withoutFullStop(failure.text);
+    (isHttp ? link.httpFailure : link.httpsFailure) = inWords(failure.text);
     if (connecting_) {
         link.reached = false;
     } else if (!mayGoOn) {

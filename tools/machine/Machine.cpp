@@ -17,6 +17,9 @@ void Machine::leaveOut(std::size_t node) {
 }
 
 std::string Machine::Link::failures() const {
+    if (httpsFailure == httpFailure) {
+        return httpsFailure;
+    }
     return httpsFailure + (httpsFailure.empty() || httpFailure.empty() ? "" : "; ") + httpFailure;
 }
 

@@ -18,7 +18,7 @@ public:
         bool reached = false;
         bool overHttps = false;  ///< The protocol in use; has a meaning for a node that was reached.
 
-        /// Both, with a semicolon between.
+        /// Both, with a semicolon between; one when they are the same.
         std::string failures() const;
     };
 

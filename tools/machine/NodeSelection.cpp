@@ -46,6 +46,7 @@ void NodeSelection::leaveOutWithoutPassword() {
 void NodeSelection::leaveOutUnreachable() {
     const std::vector<std::size_t> nodes = machine_.asked();
     std::vector<NodeProbe::Target> targets;
+    targets.reserve(nodes.size());
     for (const std::size_t node : nodes) {
         targets.push_back(
             {machine_.nodes()[node].host, !isTransport(Transport::kHttp), !isTransport(Transport::kHttps)});

@@ -100,6 +100,10 @@ public:
         if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
             return name + " needs a value; cimhttp --help tells more";
         }
+        // Values of all other options are read here.
+        if (dynamic_cast<const CLI::ConversionError*>(&error) != nullptr) {
+            return "an option that takes no value was given one; cimhttp --help tells more";
+        }
         return name == text ? text : name + text.substr(name.size() + 1);  // without the colon
     }
 

@@ -1,5 +1,7 @@
 #include "tools/program/UnknownWords.h"
 
+#include <algorithm>
+
 #include "tools/common/Nearest.h"
 #include "tools/common/SafeText.h"
 
@@ -31,6 +33,9 @@ std::vector<std::string> UnknownWords::optionNames() const {
 std::string UnknownWords::complaint() const {
     const std::vector<std::string> names = optionNames();
     if (!names.empty()) {
+        if (std::find(options.begin(), options.end(), names.front()) != options.end()) {
+            return names.front() + " stands behind the command that it belongs to" + kSeeHelp;
+        }
         const std::string more = names.size() > 1 ? " and " + std::to_string(names.size() - 1) + " more" : "";
         const std::string meant = suggestion(names.front(), options);
         return "unknown option " + names.front() + more + (meant.empty() ? kSeeHelp : meant);
