@@ -6,7 +6,7 @@ namespace tool {
 enum ExitStatus : int {
     kAnswered = 0,
     kNothingFound = 1,    ///< What was asked for does not exist, and no node failed.
-    kWrongUsage = 2,      ///< Nothing was asked.
+    kWrongUsage = 2,      ///< The command line cannot be meant so; no method was run.
     kNodeFailed = 3,      ///< There is an answer without the part of a node that failed.
     kNoAnswer = 4,        ///< Those that could have answered failed.
     kMethodReturned = 5,  ///< A method was run and returned another number than 0.
