@@ -1,7 +1,6 @@
 #include "tools/common/Decimal.h"
 
 #include <charconv>
-#include <functional>
 #include <system_error>
 #include <tuple>
 
@@ -115,8 +114,9 @@ bool Decimal::isSmallerThan(const Decimal& other) const {
     if (isZero() || other.isZero()) {
         return !other.isZero();
     }
-    return std::make_tuple(magnitude(), std::cref(digits_)) <
-           std::make_tuple(other.magnitude(), std::cref(other.digits_));
+    const long long places = magnitude();
+    const long long otherPlaces = other.magnitude();
+    return places != otherPlaces ? places < otherPlaces : digits_ < other.digits_;
 }
 
 bool Decimal::operator<(const Decimal& other) const {
