@@ -109,6 +109,9 @@ TEST_F(ArgumentParserTest, TakesTheNameOfANumber) {
     EXPECT_EQ(number("Hot"), "16");
     EXPECT_EQ(number("5"), "5");
     EXPECT_EQ(parser_.value("U16s", TType(TType::eUint16Array), "[OK, 7]", &meanings).ToString(10), "2,7");
+    // What is no number is what it is.
+    EXPECT_EQ(parser_.value("Text", TType(TType::eString), "OK", &meanings).ToString(10), "OK");
+    EXPECT_THROW(parser_.value("Flag", TType(TType::eBoolean), "OK", &meanings), UsageError);
     try {
         number("Cold");
         FAIL();

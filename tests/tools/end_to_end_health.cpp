@@ -146,6 +146,20 @@ TEST(HealthCommand, AMachineWithoutElementsTellsNothing) {
     EXPECT_EQ(machine.ask({"health", "--nagios"}).status, 3);
 }
 
+TEST(HealthCommand, EndsOnAClassTreeThatGoesInACircle) {
+    TestMachine machine(1);
+    cimom::Fault circle;
+    circle.kind = cimom::Fault::Kind::RawText;
+    circle.operation = "EnumerateClassNames";
+    circle.text = "\"CIM_LogicalElement\"";
+    circle.instead = "\"CIM_ManagedSystemElement\"";
+    machine.Server().inject(circle);
+    const Outcome outcome = run({"--node", machine.Host(0), "health"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.signal, 0);
+    EXPECT_EQ(outcome.out, "3 elements on 1 node: none tells its state\n");
+}
+
 TEST(HealthCommand, EndsWhenThereAreNoSuchClasses) {
     TestMachine::Options options;
     options.sampleData = false;
