@@ -90,6 +90,7 @@ TEST(Count, TellsHowMany) {
 
 TEST(Count, KeepsToTheLimitAndCountsNothingToo) {
     EXPECT_EQ(ask({"--count", "--limit", "2", "--sort", "CurrentReading"}).out, "2\n");
+    EXPECT_EQ(ask({"--count", "--sort", "Speed"}).status, 2);
     const Outcome none = ask({"--count", "--where", "HealthState=15"});
     EXPECT_EQ(none.status, 1);
     EXPECT_EQ(none.out, "0\n");

@@ -65,8 +65,9 @@ public:
         if (!options.where.empty()) {
             condition_.emplace(options.where, schema);
         }
+        const SortOrder order(options.sort, schema);
         if (!options.sort.empty() && !isCount_) {
-            order_.emplace(options.sort, schema);
+            order_ = order;
         }
     }
 
