@@ -29,6 +29,9 @@ struct NameSpace {
     /// Copies an element of another document that the stores are to refer to; the copy is kept likewise.
     pugi::xml_node keep(pugi::xml_node element) { return kept_.append_copy(element); }
 
+    /// Takes an element out of its document, to which the stores do not refer any more.
+    static void drop(pugi::xml_node element) { element.parent().remove_child(element); }
+
 private:
     std::vector<std::unique_ptr<pugi::xml_document>> documents_;
     pugi::xml_document kept_;  ///< One for all: each document takes tens of kilobytes.

@@ -41,6 +41,7 @@ void declareSentClass(const IntrinsicCall& call, pugi::xml_node element) {
     try {
         call.nameSpace.classes.declare(kept, call.nameSpace.qualifiers);
     } catch (const std::runtime_error& error) {
+        NameSpace::drop(kept);
         throw CimError(CimStatus::InvalidSuperclass, error.what());
     }
 }
@@ -101,8 +102,11 @@ void createClass(const IntrinsicCall& call, std::string& /*out*/) {
 void modifyClass(const IntrinsicCall& call, std::string& /*out*/) {
     const IntrinsicArguments arguments(call.request, {"ModifiedClass"});
     const pugi::xml_node element = arguments.required("ModifiedClass", "CLASS");
-    requireUnused(call, call.requireClass(sentClassName(element), CimStatus::NotFound));
+    const ClassView& view = call.requireClass(sentClassName(element), CimStatus::NotFound);
+    requireUnused(call, view);
+    const pugi::xml_node replaced = view.element;
     declareSentClass(call, element);
+    NameSpace::drop(replaced);
     call.extras.returnsValue = false;
 }
 
@@ -110,7 +114,9 @@ void deleteClass(const IntrinsicCall& call, std::string& /*out*/) {
     const IntrinsicArguments arguments(call.request, {"ClassName"});
     const ClassView& view = call.requireClass(arguments.requiredClassName("ClassName"), CimStatus::NotFound);
     requireUnused(call, view);
+    const pugi::xml_node declaration = view.element;
     call.nameSpace.classes.remove(view);
+    NameSpace::drop(declaration);
     call.extras.returnsValue = false;
 }
 

@@ -36,15 +36,18 @@ void setQualifier(const IntrinsicCall& call, std::string& /*out*/) {
     if (*declaration.attribute("NAME").value() == '\0' || !isCimType(type) || type == "reference") {
         throw CimError(CimStatus::InvalidParameter, "a qualifier declaration needs NAME and TYPE");
     }
+    const pugi::xml_node replaced = call.nameSpace.qualifiers.find(declaration.attribute("NAME").value());
     call.nameSpace.qualifiers.declare(call.nameSpace.keep(declaration));
+    NameSpace::drop(replaced);
     call.extras.returnsValue = false;
 }
 
 void deleteQualifier(const IntrinsicCall& call, std::string& /*out*/) {
     const IntrinsicArguments arguments(call.request, {"QualifierName"});
     const std::string name = arguments.requiredText("QualifierName");
-    requireQualifier(call, name);
+    const pugi::xml_node declaration = requireQualifier(call, name);
     call.nameSpace.qualifiers.remove(name);
+    NameSpace::drop(declaration);
     call.extras.returnsValue = false;
 }
 
