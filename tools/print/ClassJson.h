@@ -2,6 +2,7 @@
 
 #include <nlohmann/json_fwd.hpp>
 
+#include "tools/machine/RemoteDefinitions.h"
 #include "tools/values/ClassSchema.h"
 
 namespace tool {

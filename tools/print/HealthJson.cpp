@@ -2,6 +2,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include "tools/values/JsonValue.h"
+
 namespace tool {
 
 namespace {
