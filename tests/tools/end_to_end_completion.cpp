@@ -51,6 +51,15 @@ TEST(Completion, KnowsTheCommandsThatHelpLists) {
     EXPECT_THAT(complete({"-v", "--node", "classes", "inst"}), ElementsAre("instances"));
 }
 
+TEST(Completion, KnowsTheCommandsThatCanBeRepeated) {
+    EXPECT_THAT(complete({"watch", "inst"}), IsEmpty());
+    EXPECT_THAT(complete({"watch", "5", "inst"}), ElementsAre("instances"));
+    EXPECT_THAT(complete({"watch", "--rounds", "2", "5", "wa"}), ElementsAre("walk"));
+    EXPECT_THAT(complete({"watch", "5", "instances", "--li"}), ElementsAre("--limit"));
+    EXPECT_THAT(complete({"watch", "5", "instances", "--ro"}), IsEmpty());
+    EXPECT_THAT(complete({"names", "CIM_Fan", "inst"}), IsEmpty());
+}
+
 TEST(Completion, KnowsTheOptionsThatHelpLists) {
     auto options = support::optionsOf(CIMHTTP_PROGRAM);
     ASSERT_THAT(options, Contains(::testing::Key("instances")));

@@ -13,6 +13,7 @@ namespace tool {
 namespace {
 
 constexpr std::string_view kAsking = "--complete";
+constexpr std::string_view kRepeating = "watch";  // another command stands behind its own arguments
 
 bool looksLikeOption(const std::string& word) {
     return word.size() > 1 && word.front() == '-';
@@ -74,8 +75,8 @@ void Completion::pass(const std::string& word) {
         if (option != nullptr && takesValue(*option)) {
             pending_ = option;
         }
-    } else if (CLI::App* command = findCommand(*commands_.back(), word)) {
-        commands_.push_back(command);
+    } else if (CLI::App* command = findCommand(*commandsAt(), word)) {
+        commands_ = {commands_.front(), command};
         positionals_ = 0;
     } else {
         ++positionals_;
@@ -90,6 +91,16 @@ CLI::Option* Completion::optionOf(const std::string& word) const {
         }
     }
     return nullptr;
+}
+
+std::vector<CLI::Option*> Completion::positionals() const {
+    return commands_.back()->get_options([](const CLI::Option* option) { return option->get_positional(); });
+}
+
+// The one whose commands may stand here.
+CLI::App* Completion::commandsAt() const {
+    const bool isBehind = commands_.back()->get_name() == kRepeating && positionals_ >= positionals().size();
+    return isBehind ? commands_.front() : commands_.back();
 }
 
 std::vector<std::string> Completion::optionNames() const {
@@ -113,20 +124,21 @@ std::vector<std::string> Completion::optionNames() const {
 
 std::vector<std::string> Completion::commandNames() const {
     std::vector<std::string> names;
-    for (const CLI::App* command : commandsIn(*commands_.back())) {
-        names.push_back(command->get_name());
+    for (const CLI::App* command : commandsIn(*commandsAt())) {
+        if (command != commands_.back()) {
+            names.push_back(command->get_name());
+        }
     }
     return names;
 }
 
 std::vector<std::string> Completion::positionalWords() const {
-    const auto positionals =
-        commands_.back()->get_options([](const CLI::Option* option) { return option->get_positional(); });
-    if (positionals.empty()) {
+    const std::vector<CLI::Option*> all = positionals();
+    if (all.empty()) {
         return {};
     }
-    CLI::Option& option = *positionals[std::min(positionals_, positionals.size() - 1)];
-    if (positionals_ >= positionals.size() && option.get_items_expected_max() <= 1) {
+    CLI::Option& option = *all[std::min(positionals_, all.size() - 1)];
+    if (positionals_ >= all.size() && option.get_items_expected_max() <= 1) {
         return {};
     }
     const std::string name = option.get_name(true);

@@ -29,6 +29,8 @@ public:
 private:
     void pass(const std::string& word);
     CLI::Option* optionOf(const std::string& word) const;
+    std::vector<CLI::Option*> positionals() const;
+    CLI::App* commandsAt() const;
     std::vector<std::string> optionNames() const;
     std::vector<std::string> commandNames() const;
     std::vector<std::string> positionalWords() const;
