@@ -24,7 +24,7 @@ protected:
     static TCIMValue texts(const std::vector<TCIMValue>& elements) {
         return TCIMValue(TCIMValue::TCIMType::eString, 0, elements);
     }
-    MethodPrinter printer() { return {output_.output(), *method_}; }
+    MethodPrinter printer() { return {output_.output(), valuesOf(qualifiersOf(*method_))}; }
 
     Sensors sensors_;
     boost::shared_ptr<ICIMMethodDecl> method_ = sensors_.schema().findMethod("Calibrate")->declaration;
@@ -49,7 +49,7 @@ TEST_F(MethodPrinterTest, WritesTheMeaningInJsonWhereThereIsOne) {
               nlohmann::json::parse(
                   R"({"returnValue": 2, "returnMeaning": "Too Cold", "outputs": {"Offset": 7}})"));
     OutputText other;
-    MethodPrinter(other.output(), *method_).printJson(TCIMValue(3U), {});
+    MethodPrinter(other.output(), valuesOf(qualifiersOf(*method_))).printJson(TCIMValue(3U), {});
     EXPECT_EQ(nlohmann::json::parse(other.text()),
               nlohmann::json::parse(R"({"returnValue": 3, "outputs": {}})"));
 }

@@ -295,7 +295,7 @@ TEST(InvokeCommand, RunsAMethodOfAnInstance) {
     const Outcome text =
         run({"invoke", kSystem + "node-0.machine.example", "requeststatechange", "RequestedState=3"});
     EXPECT_EQ(text.status, 0) << text.err;
-    EXPECT_THAT(text.out, StartsWith("return value  0\n"));
+    EXPECT_THAT(text.out, StartsWith("return value  0 (Completed with No Error)\n"));
     const json answer = jsonOf(run({"--format", "json", "invoke", kSystem + "node-0.machine.example",
                                     "RequestStateChange", "RequestedState=77"}));
     EXPECT_EQ(answer["returnValue"], 4097);

@@ -69,7 +69,7 @@ TEST(Retries, AMethodThatIsAnsweredAtTheSecondAttemptIsAnswered) {
                              "Name=node-0.machine.example",
                              "RequestStateChange", "RequestedState=3"}));
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_THAT(outcome.out, StartsWith("return value  0\n"));
+    EXPECT_THAT(outcome.out, StartsWith("return value  0 (Completed with No Error)\n"));
     EXPECT_THAT(outcome.err,
                 AllOf(StartsWith("cimhttp: " + machine.Host(0) + ":5989: calling RequestStateChange: "),
                       EndsWith("; the second attempt was answered, and the method may have run "

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <nlohmann/json.hpp>
+
 #include "tests/support/TestMachine.h"
 #include "tests/tools/support/Program.h"
 #include "tools/program/ExitStatus.h"
@@ -88,8 +90,21 @@ TEST(ExitStatus, IsFourWhenTheOnlyNodeThatIsAskedFails) {
 TEST(ExitStatus, IsFiveForAMethodThatReturnsAnotherNumberThanZero) {
     const Outcome outcome = run({"invoke", kFirstSystem, "RequestStateChange", "RequestedState=77"});
     EXPECT_EQ(outcome.status, kMethodReturned);
-    EXPECT_THAT(outcome.out, HasSubstr("return value  4097\n"));
+    EXPECT_THAT(outcome.out, HasSubstr("return value  4097 (Invalid State Transition)\n"));
     EXPECT_EQ(outcome.err, "");
+}
+
+TEST(ExitStatus, IsFiveWithWhatTheNumberMeans) {
+    const std::string system = linesOf(run({"names", "OMC_UnitaryComputerSystem"}).out).at(0);
+    const Outcome text = run({"invoke", system, "RequestStateChange", "RequestedState=Defer"});
+    EXPECT_EQ(text.status, kMethodReturned) << text.err;
+    EXPECT_EQ(linesOf(text.out).at(0), "return value  4097 (Invalid State Transition)");
+    const Outcome json =
+        run({"--format", "json", "invoke", system, "RequestStateChange", "RequestedState=Defer"});
+    EXPECT_EQ(nlohmann::json::parse(json.out)["returnMeaning"], "Invalid State Transition");
+    const Outcome unknown = run({"invoke", system, "RequestStateChange", "RequestedState=Nope"});
+    EXPECT_EQ(unknown.status, kWrongUsage);
+    EXPECT_NE(unknown.err.find("Test, Defer, Quiesce"), std::string::npos) << "the parameter's own names";
 }
 
 TEST(ExitStatus, IsThreeForAMethodThatSucceedsBesideANodeThatFailed) {

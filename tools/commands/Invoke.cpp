@@ -9,6 +9,7 @@
 #include "tools/common/Nearest.h"
 #include "tools/common/UsageError.h"
 #include "tools/machine/InstanceMarks.h"
+#include "tools/machine/MethodQualifiers.h"
 #include "tools/machine/SchemaCache.h"
 #include "tools/print/InstanceView.h"
 #include "tools/print/MethodPrinter.h"
@@ -36,6 +37,27 @@ const ClassSchema::Method& methodOf(const ClassSchema& schema, const std::string
     }
     return *method;
 }
+
+/// What the numbers of a method's parameters mean: a parameter without names for them means what the class's
+/// property of its name does.
+class Meanings {
+public:
+    Meanings(const ClassSchema::Method& method, const ClassSchema& schema,
+             const RemoteDefinitions& definitions)
+        : method_(method), schema_(schema), definitions_(definitions) {}
+
+    /// Null: nothing is known. Holds until the next question.
+    const ValueMap* of(const std::string& parameter) {
+        own_ = valueMapIn(parameterQualifiers(method_, parameter, definitions_));
+        return own_ ? &*own_ : schema_.valueMapOf(parameter);
+    }
+
+private:
+    const ClassSchema::Method& method_;
+    const ClassSchema& schema_;
+    const RemoteDefinitions& definitions_;
+    std::optional<ValueMap> own_;
+};
 
 // Whether a name that a server gave is the path; one that makes no sense is not.
 bool isPath(const std::string& name, const std::string& path, const std::string& className,
@@ -110,14 +132,15 @@ bool runInvoke(const CommandContext& context) {
     SchemaCache schemas(context.session);
     const ClassSchema& schema = schemas.of(cimClass);
     const ClassSchema::Method& method = methodOf(schema, options.method);
+    Meanings meanings(method, schema, context.session.definitions());
     const ArgumentParser parser(
         *method.declaration, [&](const std::string& path) { return context.session.reference(path); },
-        [&](const std::string& name) { return schema.valueMapOf(name); });
+        [&](const std::string& name) { return meanings.of(name); });
     const TContext inputs = parser.parse(options.arguments);
     const std::string path =
         wanted.keys.empty() ? cimClass->GetName(TContext()) : serversPath(wanted, schema, context.session);
     const Session::MethodResult result = context.session.invoke(*cimClass, path, method.name, inputs);
-    MethodPrinter printer(context.output, *method.declaration);
+    MethodPrinter printer(context.output, methodQualifiers(method, context.session.definitions()));
     if (context.isJson()) {
         printer.printJson(result.value, result.outputs);
     } else {

@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "tools/machine/MethodQualifiers.h"
 #include "tools/values/CimTypeName.h"
 #include "tools/values/JsonValue.h"
 #include "tools/values/Qualifiers.h"
@@ -43,13 +44,13 @@ ordered_json jsonMethod(const ClassSchema::Method& method, const RemoteDefinitio
     ordered_json json;
     json["name"] = declaration.GetName(TContext());
     json["type"] = cimTypeName(declaration.GetType(TContext()));
-    json["qualifiers"] = jsonQualifiers(definitions.ofMethod(method.origin, method.name));
+    json["qualifiers"] = jsonQualifiers(methodQualifiers(method, definitions));
     json["parameters"] = ordered_json::array();
     declaration.EnumerateParameterDecls(
         [&](const boost::shared_ptr<ICIMParameterDecl>& parameter) {
             ordered_json typed = jsonTyped(*parameter);
-            typed["qualifiers"] = jsonQualifiers(
-                definitions.ofParameter(method.origin, method.name, parameter->GetName(TContext())));
+            typed["qualifiers"] =
+                jsonQualifiers(parameterQualifiers(method, parameter->GetName(TContext()), definitions));
             json["parameters"].push_back(std::move(typed));
             return true;
         },

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "tools/common/SafeText.h"
+#include "tools/machine/MethodQualifiers.h"
 #include "tools/values/CimTypeName.h"
 #include "tools/values/ValueText.h"
 #include "vskcore/ICIMParameterDecl.h"
@@ -92,12 +93,6 @@ std::string originMark(const std::string& origin, const std::string& className) 
     return sameName(origin, className) ? "" : "  // from " + origin;
 }
 
-// The plug-in's classes have none of their own; those that it took over from its host may have some.
-QualifierValues methodQualifiers(const ClassSchema::Method& method, const RemoteDefinitions& definitions) {
-    QualifierValues remote = definitions.ofMethod(method.origin, method.name);
-    return remote.empty() ? valuesOf(qualifiersOf(*method.declaration)) : remote;
-}
-
 }  // namespace
 
 void ClassPrinter::print(const ClassSchema& schema) {
@@ -173,8 +168,7 @@ void ClassPrinter::printMethod(const ClassSchema::Method& method, const std::str
     method.declaration->EnumerateParameterDecls(
         [&](const boost::shared_ptr<ICIMParameterDecl>& parameter) {
             parameters.push_back(parameterText(
-                *parameter,
-                definitions_.ofParameter(method.origin, method.name, parameter->GetName(TContext()))));
+                *parameter, parameterQualifiers(method, parameter->GetName(TContext()), definitions_)));
             return true;
         },
         TContext());

@@ -6,15 +6,11 @@
 
 #include "tools/common/SafeText.h"
 #include "tools/values/JsonValue.h"
-#include "tools/values/Qualifiers.h"
 #include "tools/values/ValueText.h"
 
 namespace tool {
 
 using namespace NQELVSK20;
-
-MethodPrinter::MethodPrinter(Output& output, const ICIMMethodDecl& method)
-    : output_(output), meanings_(valueMapIn(qualifiersOf(method))) {}
 
 void MethodPrinter::printText(const TCIMValue& returned, const TContext& outputs) {
     const std::string label = "return value";

@@ -13,7 +13,6 @@
 #include "tools/common/Utf8.h"
 #include "tools/values/CimTypeName.h"
 #include "tools/values/ObjectPath.h"
-#include "tools/values/Qualifiers.h"
 #include "vskcore/ICIMParameterDecl.h"
 
 namespace tool {
@@ -197,10 +196,9 @@ TContext ArgumentParser::parse(const std::vector<std::string>& arguments) const 
                              parameterNames(method_));
         }
         const std::string& declared = parameter->GetName(TContext());
-        const auto own = valueMapIn(qualifiersOf(*parameter));
-        const ValueMap* others = meaningsOf_ ? meaningsOf_(declared) : nullptr;
-        const TCIMValue given = value(declared, parameter->GetType(TContext()), argument.substr(equals + 1),
-                                      own ? &*own : others);
+        const ValueMap* const meanings = meaningsOf_ ? meaningsOf_(declared) : nullptr;
+        const TCIMValue given =
+            value(declared, parameter->GetType(TContext()), argument.substr(equals + 1), meanings);
         if (!values.emplace(declared, given).second) {
             throw UsageError("the parameter " + declared + " is given twice");
         }

@@ -18,11 +18,10 @@ class ArgumentParser {
 public:
     using MakeReference = std::function<NQELVSK20::TCIMReference(const std::string& path)>;
 
-    /// Tells what the values of a property mean; null when nothing does.
-    using MeaningsOf = std::function<const ValueMap*(const std::string& property)>;
+    /// Tells what the values of a parameter mean; null when nothing does. Holds until the next question.
+    using MeaningsOf = std::function<const ValueMap*(const std::string& parameter)>;
 
-    /// `makeReference` binds a path to the namespace. `meaningsOf` is asked
-    /// about a property of a parameter's name where the parameter itself has no names for its values.
+    /// `makeReference` binds a path to the namespace.
     ArgumentParser(const NQELVSK20::ICIMMethodDecl& method, MakeReference makeReference,
                    MeaningsOf meaningsOf = nullptr);
 

@@ -11,11 +11,13 @@ namespace {
 
 using namespace NQELVSK20;
 
-std::vector<std::string> textsOf(const QualifierList& qualifiers, const std::string& name) {
+std::vector<std::string> textsOf(const QualifierValues& qualifiers, const std::string& name) {
     std::vector<std::string> texts;
-    if (const ICIMQualifier* qualifier = findQualifier(qualifiers, name)) {
-        for (const TCIMValue& element : elementsOf(qualifier->GetValue(TContext()))) {
-            texts.push_back(plainText(element));
+    for (const QualifierValue& qualifier : qualifiers) {
+        if (sameName(qualifier.name, name) && qualifier.value.IsArray()) {
+            for (const TCIMValue& element : elementsOf(qualifier.value)) {
+                texts.push_back(plainText(element));
+            }
         }
     }
     return texts;
@@ -55,6 +57,10 @@ const ICIMQualifier* findQualifier(const QualifierList& qualifiers, const std::s
 }
 
 std::optional<ValueMap> valueMapIn(const QualifierList& qualifiers) {
+    return valueMapIn(valuesOf(qualifiers));
+}
+
+std::optional<ValueMap> valueMapIn(const QualifierValues& qualifiers) {
     const std::vector<std::string> texts = textsOf(qualifiers, "Values");
     if (texts.empty()) {
         return std::nullopt;

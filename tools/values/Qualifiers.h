@@ -36,5 +36,6 @@ const NQELVSK20::ICIMQualifier* findQualifier(const QualifierList& qualifiers, c
 
 /// The meaning of values that the qualifiers tell; none without "Values".
 std::optional<ValueMap> valueMapIn(const QualifierList& qualifiers);
+std::optional<ValueMap> valueMapIn(const QualifierValues& qualifiers);
 
 }  // namespace tool
