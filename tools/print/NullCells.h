@@ -15,9 +15,7 @@ class NullCells {
 public:
     /// Both must outlive the object.
     NullCells(Session& session, SchemaCache& schemas)
-        : session_(session),
-          schemas_(schemas),
-          marks_(session.nameSpaceName(), session.machine().asked()) {}
+        : session_(session), schemas_(schemas), marks_(session.nameSpaceName(), session.machine().asked()) {}
 
     /// The properties that were null in an instance of a class, which its path and its node as shown tell.
     std::vector<std::string> of(const boost::shared_ptr<NQELVSK20::ICIMClass>& cimClass,

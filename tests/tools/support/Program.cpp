@@ -7,7 +7,8 @@ namespace tool {
 Program::Program(std::vector<std::string> arguments) : command_(std::move(arguments)) {
     command_.insert(command_.begin(), CIMHTTP_PROGRAM);
     options_.variables["CIMHTTP_PASSWORD"] = std::nullopt;
-    // Below a file nothing can be kept: neither for another test nor in the place of what the person keeps there.
+    // Below a file nothing can be kept: neither for another test nor in the place of what the person keeps
+    // there.
     options_.variables["XDG_CACHE_HOME"] = CIMHTTP_PROGRAM;
 }
 
