@@ -144,8 +144,11 @@ TEST_F(Connection, ReachesIpv6Addresses) {
     cimom::Endpoint endpoint;
     endpoint.address = "::1";
     serve(endpoint);
-    client.connect(String("::1"), port, String(), String());
-    EXPECT_GT(anyRequest().size(), 0U);
+    for (const char* address : {"::1", "[::1]"}) {
+        client.connect(String(address), port, String(), String());
+        EXPECT_GT(anyRequest().size(), 0U) << address;
+        client.disconnect();
+    }
 }
 
 TEST_F(Connection, ReachesHostNames) {

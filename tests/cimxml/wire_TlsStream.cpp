@@ -2,6 +2,7 @@
 
 #include <Pegasus/Client/CIMClient.h>
 #include <gtest/gtest.h>
+#include <openssl/err.h>
 #include <openssl/ssl.h>
 
 #include <chrono>
@@ -71,6 +72,16 @@ TEST_F(TlsStreamTest, SpeaksTheNewestProtocol) {
     auto stream = connect();
     EXPECT_EQ(stream->protocol(), "TLSv1.3");
     EXPECT_TRUE(answers(std::move(stream)));
+}
+
+// Whoever else uses OpenSSL in this process may leave errors behind.
+TEST_F(TlsStreamTest, ErrorsOfOthersAreNotItsOwn) {
+    serve();
+    ERR_put_error(ERR_LIB_USER, 0, 1, __FILE__, __LINE__);
+    auto stream = connect();
+    ERR_put_error(ERR_LIB_USER, 0, 1, __FILE__, __LINE__);
+    EXPECT_TRUE(answers(std::move(stream)));
+    EXPECT_EQ(ERR_peek_error(), 0U) << "and none is left to be taken for one";
 }
 
 TEST_F(TlsStreamTest, SpeaksTls10WhereThatIsAllThereIs) {
