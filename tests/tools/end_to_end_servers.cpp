@@ -306,7 +306,7 @@ TEST(Terminal, NamesTheRequestThatTakesLongAndWipesItBeforeTheAnswer) {
     slow.address = machine.Host(1);
     slow.operation = "EnumerateInstances";
     slow.className = "OMC_UnitaryComputerSystem";
-    slow.delay = std::chrono::milliseconds(1300);
+    slow.delay = std::chrono::milliseconds(2200);
     machine.Server().inject(slow);
     const Outcome outcome =
         Program(nodesOf(machine, {"instances", "OMC_UnitaryComputerSystem"})).runOnTerminal();
