@@ -10,11 +10,11 @@ namespace tool {
 
 namespace {
 
-using Row = std::vector<std::size_t>;
+using Distances = std::vector<std::size_t>;
 
 // The number of mistakes between two words, neighbours that changed places being one.
 std::size_t mistakesBetween(const std::string& one, const std::string& other) {
-    std::vector<Row> rows(one.size() + 1, Row(other.size() + 1));
+    std::vector<Distances> rows(one.size() + 1, Distances(other.size() + 1));
     for (std::size_t i = 0; i <= one.size(); ++i) {
         for (std::size_t j = 0; j <= other.size(); ++j) {
             if (i == 0 || j == 0) {

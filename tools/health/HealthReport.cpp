@@ -15,7 +15,7 @@ namespace {
 constexpr std::size_t kFewEntries = 3;
 
 template <typename VALUE>
-std::vector<VALUE> valuesOf(std::map<std::string, VALUE> map) {
+std::vector<VALUE> mappedValues(std::map<std::string, VALUE> map) {
     std::vector<VALUE> values;
     values.reserve(map.size());
     for (auto& entry : map) {
@@ -30,7 +30,7 @@ std::vector<Element> findElements(InstanceWalk& walk) {
         "CIM_ManagedSystemElement", [&](const std::string& identity, const InstanceWalk::Found& found) {
             elements.insert_or_assign(identity, Element::of(found.properties, found.path, found.schema));
         });
-    return valuesOf(std::move(elements));
+    return mappedValues(std::move(elements));
 }
 
 bool isOfLogs(const std::string& className) {
@@ -47,7 +47,7 @@ std::vector<LogEntry> findEntries(Session& session, InstanceWalk& walk) {
             walk.below(name, take);
         }
     }
-    std::vector<LogEntry> all = valuesOf(std::move(entries));
+    std::vector<LogEntry> all = mappedValues(std::move(entries));
     // What the plug-in holds back of a class still shows in the class above it, without its message.
     all.erase(
         std::remove_if(all.begin(), all.end(), [](const LogEntry& entry) { return entry.text.empty(); }),

@@ -45,7 +45,7 @@ std::string keysOf(const Pegasus::CIMObjectPath& path) {
     KeyText keys;
     const Pegasus::Array<Pegasus::CIMKeyBinding>& bindings = path.getKeyBindings();
     for (Pegasus::Uint32 i = 0; i < bindings.size(); ++i) {
-        keys.add(textOf(bindings[i].getName().getString()), textOf(bindings[i].getValue()));
+        keys.add(remoteText(bindings[i].getName().getString()), remoteText(bindings[i].getValue()));
     }
     return keys.text();
 }
@@ -69,7 +69,7 @@ void ReceivedInstances::add(std::size_t node, const std::string& asked, const In
     answer.instances = instances.size();
     for (Pegasus::Uint32 i = 0; i < instances.size(); ++i) {
         const Pegasus::CIMInstance& instance = instances[i];
-        ++answer.classes[textOf(instance.getClassName().getString())];
+        ++answer.classes[remoteText(instance.getClassName().getString())];
         PropertyNumbers nulls = nullsOf(instance, answer);
         const auto [place, isNew] = answer.byKeys.emplace(keysOf(instance.getPath()), nulls);
         if (!isNew) {
@@ -87,7 +87,8 @@ ReceivedInstances::PropertyNumbers ReceivedInstances::nullsOf(const Pegasus::CIM
             continue;
         }
         const auto number = static_cast<PropertyNumber>(answer.numbers.size());
-        const auto [place, isNew] = answer.numbers.emplace(textOf(property.getName().getString()), number);
+        const auto [place, isNew] =
+            answer.numbers.emplace(remoteText(property.getName().getString()), number);
         answer.nulls.resize(answer.numbers.size());
         ++answer.nulls[place->second];
         nulls.push_back(place->second);

@@ -34,11 +34,11 @@ TCIMValue toCore(const Pegasus::CIMValue& value) {
         value.get(texts);
         std::vector<TCIMValue> elements;
         for (Uint32 i = 0; i < texts.size(); ++i) {
-            elements.emplace_back(textOf(texts[i]));
+            elements.emplace_back(remoteText(texts[i]));
         }
         return TCIMValue(TCIMValue::TCIMType::eStringArray, texts.size(), elements);
     }
-    return TCIMValue(textOf(value.toString()));
+    return TCIMValue(remoteText(value.toString()));
 }
 
 template <typename ELEMENT>
@@ -46,7 +46,7 @@ QualifierValues remoteQualifiersOf(const ELEMENT& element) {
     QualifierValues qualifiers;
     for (Uint32 i = 0; i < element.getQualifierCount(); ++i) {
         const Pegasus::CIMConstQualifier qualifier = element.getQualifier(i);
-        qualifiers.push_back({textOf(qualifier.getName()), toCore(qualifier.getValue())});
+        qualifiers.push_back({remoteText(qualifier.getName()), toCore(qualifier.getValue())});
     }
     return qualifiers;
 }
@@ -58,7 +58,7 @@ public:
         : first_(first), other_(other) {}
 
     std::vector<std::string> run() {
-        compare("superclass", textOf(first_.getSuperClassName()), textOf(other_.getSuperClassName()));
+        compare("superclass", remoteText(first_.getSuperClassName()), remoteText(other_.getSuperClassName()));
         compareQualifiers("", first_, other_);
         compareProperties();
         compareMethods();
@@ -81,18 +81,19 @@ private:
     void compareQualifiers(const std::string& owner, const ELEMENT& first, const ELEMENT& other) {
         for (Uint32 i = 0; i < first.getQualifierCount(); ++i) {
             const Pegasus::CIMConstQualifier qualifier = first.getQualifier(i);
-            const std::string what = owner + "qualifier " + textOf(qualifier.getName());
+            const std::string what = owner + "qualifier " + remoteText(qualifier.getName());
             const Uint32 at = other.findQualifier(qualifier.getName());
             if (at == Pegasus::PEG_NOT_FOUND) {
                 miss(what);
             } else if (other.getQualifier(at).getValue() != qualifier.getValue()) {
-                differences_.push_back(what + " is " + textOf(other.getQualifier(at).getValue().toString()) +
-                                       ", not " + textOf(qualifier.getValue().toString()));
+                differences_.push_back(what + " is " +
+                                       remoteText(other.getQualifier(at).getValue().toString()) + ", not " +
+                                       remoteText(qualifier.getValue().toString()));
             }
         }
         for (Uint32 i = 0; i < other.getQualifierCount(); ++i) {
             if (first.findQualifier(other.getQualifier(i).getName()) == Pegasus::PEG_NOT_FOUND) {
-                add(owner + "qualifier " + textOf(other.getQualifier(i).getName()));
+                add(owner + "qualifier " + remoteText(other.getQualifier(i).getName()));
             }
         }
     }
@@ -100,7 +101,7 @@ private:
     void compareProperties() {
         for (Uint32 i = 0; i < first_.getPropertyCount(); ++i) {
             const Pegasus::CIMConstProperty property = first_.getProperty(i);
-            const std::string what = "property " + textOf(property.getName());
+            const std::string what = "property " + remoteText(property.getName());
             const Uint32 at = other_.findProperty(property.getName());
             if (at == Pegasus::PEG_NOT_FOUND) {
                 miss(what);
@@ -113,7 +114,7 @@ private:
         }
         for (Uint32 i = 0; i < other_.getPropertyCount(); ++i) {
             if (first_.findProperty(other_.getProperty(i).getName()) == Pegasus::PEG_NOT_FOUND) {
-                add("property " + textOf(other_.getProperty(i).getName()));
+                add("property " + remoteText(other_.getProperty(i).getName()));
             }
         }
     }
@@ -121,7 +122,7 @@ private:
     void compareMethods() {
         for (Uint32 i = 0; i < first_.getMethodCount(); ++i) {
             const Pegasus::CIMConstMethod method = first_.getMethod(i);
-            const std::string what = "method " + textOf(method.getName());
+            const std::string what = "method " + remoteText(method.getName());
             const Uint32 at = other_.findMethod(method.getName());
             if (at == Pegasus::PEG_NOT_FOUND) {
                 miss(what);
@@ -132,7 +133,7 @@ private:
         }
         for (Uint32 i = 0; i < other_.getMethodCount(); ++i) {
             if (first_.findMethod(other_.getMethod(i).getName()) == Pegasus::PEG_NOT_FOUND) {
-                add("method " + textOf(other_.getMethod(i).getName()));
+                add("method " + remoteText(other_.getMethod(i).getName()));
             }
         }
     }
@@ -142,7 +143,7 @@ private:
         for (Uint32 i = 0; i < method.getParameterCount(); ++i) {
             const Pegasus::CIMConstParameter parameter = method.getParameter(i);
             parameters += (i == 0 ? "" : ", ") + typeOf(parameter.getType(), parameter.isArray()) + ' ' +
-                          textOf(parameter.getName());
+                          remoteText(parameter.getName());
         }
         return typeOf(method.getType(), false) + " (" + parameters + ')';
     }
@@ -155,7 +156,7 @@ private:
 }  // namespace
 
 void RemoteDefinitions::add(std::size_t node, const Pegasus::CIMClass& definition) {
-    definitions_[textOf(definition.getClassName())][node] = definition;
+    definitions_[remoteText(definition.getClassName())][node] = definition;
 }
 
 const Pegasus::CIMClass* RemoteDefinitions::firstOf(const std::string& className) const {

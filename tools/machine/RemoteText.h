@@ -8,12 +8,12 @@
 namespace tool {
 
 /// Text of the client library, as UTF-8.
-inline std::string textOf(const Pegasus::String& text) {
+inline std::string remoteText(const Pegasus::String& text) {
     return static_cast<const char*>(text.getCString());
 }
 
-inline std::string textOf(const Pegasus::CIMName& name) {
-    return textOf(name.getString());
+inline std::string remoteText(const Pegasus::CIMName& name) {
+    return remoteText(name.getString());
 }
 
 }  // namespace tool
