@@ -41,6 +41,7 @@ bool runInstances(const CommandContext& context);
 bool runGet(const CommandContext& context);
 bool runInvoke(const CommandContext& context);
 bool runHealth(const CommandContext& context);
+bool runSnapshot(const CommandContext& context);
 
 /// The health as a monitoring plug-in tells it; returns such a plug-in's exit status.
 int runMonitoring(const CommandContext& context);

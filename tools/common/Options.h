@@ -23,7 +23,8 @@ enum class Question {
     kInstances,
     kGet,
     kInvoke,
-    kHealth
+    kHealth,
+    kSnapshot
 };
 
 /// What the command line says, read but not yet interpreted.
@@ -53,6 +54,7 @@ struct Options {
     std::string where;                    ///< instances: which; empty: all
     std::vector<std::string> sort;        ///< instances: NAME or -NAME; empty: as they come
     bool count = false;                   ///< instances: only how many
+    std::string file;                     ///< snapshot
     std::string path;                     ///< get, invoke
     std::string method;                   ///< invoke
     std::vector<std::string> arguments;   ///< invoke: NAME=VALUE each

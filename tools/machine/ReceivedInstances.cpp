@@ -63,6 +63,9 @@ std::string keysOf(const ObjectPath& path) {
 }  // namespace
 
 void ReceivedInstances::add(std::size_t node, const std::string& asked, const Instances& instances) {
+    if (listener_) {
+        listener_(asked, instances);
+    }
     Answer& answer = answers_.emplace_back();
     answer.node = node;
     answer.asked = asked;

@@ -5,9 +5,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "tools/common/Names.h"
@@ -21,6 +23,10 @@ class ReceivedInstances {
 public:
     using Instances = Pegasus::Array<Pegasus::CIMInstance>;
     using Counts = std::map<std::string, std::size_t, NameLess>;
+
+    /// Who sees every answer as it comes, with the class that was asked for; empty: nobody.
+    using Listener = std::function<void(const std::string& asked, const Instances& instances)>;
+    void passOnTo(Listener listener) { listener_ = std::move(listener); }
 
     /// Before the next question.
     void clear() { answers_.clear(); }
@@ -60,6 +66,7 @@ private:
     const Answer* answerOf(std::size_t node, const std::string& asked) const;
 
     std::vector<Answer> answers_;
+    Listener listener_;
 };
 
 }  // namespace tool

@@ -159,6 +159,15 @@ void RemoteDefinitions::add(std::size_t node, const Pegasus::CIMClass& definitio
     definitions_[remoteText(definition.getClassName())][node] = definition;
 }
 
+const Pegasus::CIMClass* RemoteDefinitions::find(std::size_t node, const std::string& className) const {
+    const auto found = definitions_.find(className);
+    if (found == definitions_.end()) {
+        return nullptr;
+    }
+    const auto given = found->second.find(node);
+    return given == found->second.end() ? nullptr : &given->second;
+}
+
 const Pegasus::CIMClass* RemoteDefinitions::firstOf(const std::string& className) const {
     const auto found = definitions_.find(className);
     return found == definitions_.end() ? nullptr : &found->second.begin()->second;

@@ -18,6 +18,9 @@ class RemoteDefinitions {
 public:
     void add(std::size_t node, const Pegasus::CIMClass& definition);
 
+    /// The definition that a node gave; null when it gave none. Lives until the node gives another.
+    const Pegasus::CIMClass* find(std::size_t node, const std::string& className) const;
+
     /// The qualifiers of a method, or of one of its parameters; none when the class is not known.
     QualifierValues ofMethod(const std::string& className, const std::string& method) const;
     QualifierValues ofParameter(const std::string& className, const std::string& method,

@@ -20,6 +20,7 @@
 #include "tools/console/Terminal.h"
 #include "tools/machine/Credentials.h"
 #include "tools/machine/NodeSelection.h"
+#include "tools/machine/RemoteText.h"
 #include "union/TUnionNamespace.h"
 #include "vskcore/INamespaceProviderManager.h"
 #include "vskcore/THostSetup.h"
@@ -145,7 +146,9 @@ std::vector<Node> Session::nodesOfEmbeddedMachine() {
 
 void Session::setUpHost() {
     THostSetup::SetCoreLogger(&logger_);
-    THostSetup::SetNodeCount(machine_.nodes().size());
+    // The plug-in keeps some classes from a machine of one node; a snapshot has what the server has.
+    const std::size_t fewest = options_.question == Question::kSnapshot ? 2 : 1;
+    THostSetup::SetNodeCount(std::max(machine_.nodes().size(), fewest));
     TCimHTTPNamespaceProvider::Initialize();
 }
 
@@ -199,6 +202,11 @@ bool Session::goOnWithoutFirst() {
     return true;
 }
 
+void Session::askOnly(std::size_t node) {
+    machine_.askOnly(node);
+    open();
+}
+
 void Session::open() {
     if (machine_.asked().empty()) {
         throw Failure();  // each was told
@@ -233,7 +241,7 @@ void Session::open() {
 
 // A method must not run on another node than was meant, only because that one does not answer.
 void Session::requireFirstForMethods() const {
-    if (machine_.first() == 0 || options_.onNode) {
+    if (machine_.first() == 0 || options_.onNode || options_.question == Question::kSnapshot) {
         return;
     }
     if (options_.question == Question::kInvoke) {
@@ -357,6 +365,10 @@ boost::shared_ptr<ICIMClass> Session::superclassOf(const ICIMClass& cimClass) {
                  [&] { superclass = cimClass.GetSuperClass(TContext()); });
     const bool isTop = !superclass || superclass->GetName(TContext()) == "<root>";
     return isTop ? nullptr : superclass;
+}
+
+std::string Session::remoteNameSpaceName() const {
+    return textOf(nameSpace_->getPegNSP()->getString());
 }
 
 void Session::sayFailure(const std::exception& failure) {

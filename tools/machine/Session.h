@@ -5,6 +5,7 @@
 #include <exception>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tools/common/Options.h"
@@ -52,6 +53,10 @@ public:
     /// the others that did not. False when that is not so, or when none is left.
     bool goOnWithoutFirst();
 
+    /// Connects one of the nodes that can be reached, and asks only that one from now on. Throws Failure when
+    /// it is lost.
+    void askOnly(std::size_t node);
+
     /// Direct subclasses of a class, of none: the top-level classes. In the server's order.
     std::vector<std::string> classNames(const std::string& className);
 
@@ -93,6 +98,9 @@ public:
     /// Says a failure that does not end the command, unless it was said already.
     void sayFailure(const std::exception& failure);
 
+    /// Who sees the instances of every answer from now on; empty: nobody.
+    void passInstancesTo(ReceivedInstances::Listener listener) { received_.passOnTo(std::move(listener)); }
+
     /// What the servers gave for the question for instances that was asked last.
     const ReceivedInstances& received() const { return received_; }
 
@@ -100,6 +108,10 @@ public:
     const RemoteDefinitions& definitions() const { return definitions_; }
 
     const std::string& nameSpaceName() const { return options_.nameSpace; }
+
+    /// The namespace as the servers call it.
+    std::string remoteNameSpaceName() const;
+
     const Machine& machine() const { return machine_; }
     bool hasFailed() const { return failures() != 0; }
 

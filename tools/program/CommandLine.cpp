@@ -78,6 +78,7 @@ public:
         addSchemaCommands();
         addInstanceCommands();
         addHealthCommand();
+        addSnapshotCommand();
         addWatch();
     }
 
@@ -240,6 +241,14 @@ private:
                          "One line with performance data, and the exit status, of a monitoring plug-in");
     }
 
+    void addSnapshotCommand() {
+        add("snapshot", "What every node's server gives, as a file that cimom --snapshot serves",
+            Question::kSnapshot)
+            ->add_option("FILE", options_.file, "The file to write, e.g. machine.cim.gz")
+            ->type_name("FILE")
+            ->required();
+    }
+
     // The watched command stands behind, as it would stand alone.
     void addWatch() {
         CLI::App* watch = app_.add_subcommand("watch",
@@ -272,8 +281,8 @@ void requireFitOfWatch(const Options& options) {
     if (options.format != Format::kText) {
         throw UsageError("watch shows text: --format is for single answers");
     }
-    if (options.question == Question::kInvoke || options.nagios) {
-        throw UsageError("watch repeats questions: methods and --nagios are for once");
+    if (options.question == Question::kInvoke || options.question == Question::kSnapshot || options.nagios) {
+        throw UsageError("watch repeats questions: methods, snapshots and --nagios are for once");
     }
 }
 
