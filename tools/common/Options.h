@@ -32,6 +32,10 @@ struct Options {
     std::vector<std::string> nodes;      ///< [USER@]HOST each, in node order; none: the embedded machine.
     std::string user;                    ///< Of the nodes that name none.
     std::string passwordFile;            ///< Empty: none.
+    bool isPasswordFileGuarded = false;  ///< Nobody else may read it.
+    std::vector<std::string> passwordCommand;  ///< A program that prints it, and its arguments; empty: none.
+    std::string machine;     ///< A name of the configuration, which the nodes are then from; empty: none.
+    std::string configFile;  ///< Empty: where it usually is.
     std::optional<Transport> transport;  ///< None: HTTPS, and HTTP where there is no password to be seen.
     std::string nameSpace = "root/cimv2";
     std::optional<unsigned> timeoutMs;

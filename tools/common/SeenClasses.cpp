@@ -1,6 +1,5 @@
 #include "tools/common/SeenClasses.h"
 
-#include <cstdlib>
 #include <exception>
 #include <fstream>
 #include <random>
@@ -8,30 +7,13 @@
 #include <utility>
 
 #include "tools/common/Names.h"
+#include "tools/common/UserFolder.h"
 
 namespace tool {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-// A variable's folder; one that depends on where the person stands is none.
-fs::path folderIn(const char* variable) {
-    const char* text = std::getenv(variable);
-    fs::path folder(text != nullptr ? text : "");
-    return folder.is_absolute() ? folder : fs::path();
-}
-
-fs::path cacheFolder() {
-    for (const char* variable : {"XDG_CACHE_HOME", "LOCALAPPDATA"}) {
-        const fs::path folder = folderIn(variable);
-        if (!folder.empty()) {
-            return folder;
-        }
-    }
-    const fs::path home = folderIn("HOME");
-    return home.empty() ? home : home / ".cache";
-}
 
 bool writeLines(const fs::path& file, const std::vector<std::string>& names) {
     std::ofstream stream(file, std::ios::binary);
@@ -47,7 +29,7 @@ bool writeLines(const fs::path& file, const std::vector<std::string>& names) {
 }  // namespace
 
 SeenClasses::SeenClasses() {
-    const fs::path folder = cacheFolder();
+    const fs::path folder = userFolder({"XDG_CACHE_HOME", "LOCALAPPDATA"}, ".cache");
     if (!folder.empty()) {
         file_ = folder / "cimhttp" / "classes";
     }

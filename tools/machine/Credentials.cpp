@@ -5,9 +5,12 @@
 #include <cstring>
 #include <fstream>
 #include <map>
+#include <sstream>
 
 #include "tools/common/SafeText.h"
 #include "tools/common/UsageError.h"
+#include "tools/config/GuardedFile.h"
+#include "tools/config/SecretCommand.h"
 
 namespace tool {
 
@@ -17,8 +20,7 @@ bool hasUser(const Node& node) {
     return !node.user.empty();
 }
 
-std::vector<std::string> readLines(const std::string& file) {
-    std::ifstream input(file);
+std::vector<std::string> linesIn(std::istream& input) {
     std::vector<std::string> lines;
     for (std::string line; std::getline(input, line);) {
         if (!line.empty() && line.back() == '\r') {
@@ -26,17 +28,39 @@ std::vector<std::string> readLines(const std::string& file) {
         }
         lines.push_back(line);
     }
+    return lines;
+}
+
+std::vector<std::string> readLines(const std::string& file) {
+    std::ifstream input(file);
+    std::vector<std::string> lines = linesIn(input);
     if (!input.eof()) {
         throw UsageError("--password-file '" + file + "' cannot be read: " + std::strerror(errno));
     }
     return lines;
 }
 
-void takeFromFile(std::vector<Node>& nodes, const std::string& file) {
+std::vector<std::string> readGuardedLines(const std::string& file) {
+    std::istringstream input(readGuarded(file, Guard::kAgainstReading));
+    return linesIn(input);
+}
+
+void requireSomeUser(const std::vector<Node>& nodes, const std::string& source) {
     if (std::none_of(nodes.begin(), nodes.end(), hasUser)) {
-        throw UsageError("--password-file needs a user: --user NAME or --node USER@HOST");
+        throw UsageError(source + " needs a user: --user NAME or --node USER@HOST");
     }
-    const std::vector<std::string> lines = readLines(file);
+}
+
+void takeForAll(std::vector<Node>& nodes, const std::string& password) {
+    for (Node& node : nodes) {
+        node.password = hasUser(node) ? password : std::string();
+    }
+}
+
+void takeFromFile(std::vector<Node>& nodes, const PasswordSources& sources) {
+    const std::string& file = sources.file;
+    requireSomeUser(nodes, "--password-file");
+    const std::vector<std::string> lines = sources.isFileGuarded ? readGuardedLines(file) : readLines(file);
     if (lines.size() != 1 && lines.size() != nodes.size()) {
         throw UsageError("--password-file '" + cutTo(file, 38) + "' has " + std::to_string(lines.size()) +
                          " lines, not 1 for all or each");
@@ -76,11 +100,12 @@ void ask(std::vector<Node>& nodes, const PasswordSources& sources) {
 
 void addPasswords(std::vector<Node>& nodes, const PasswordSources& sources) {
     if (!sources.file.empty()) {
-        takeFromFile(nodes, sources.file);
+        takeFromFile(nodes, sources);
+    } else if (!sources.command.empty()) {
+        requireSomeUser(nodes, "password-command");
+        takeForAll(nodes, firstLineOf(sources.command));
     } else if (sources.variable) {
-        for (Node& node : nodes) {
-            node.password = hasUser(node) ? *sources.variable : std::string();
-        }
+        takeForAll(nodes, *sources.variable);
     } else if (sources.ask) {
         ask(nodes, sources);
     } else {

@@ -40,6 +40,8 @@ constexpr const char* kProviderName = "cimhttp";
 PasswordSources passwordSources(const Options& options) {
     PasswordSources sources;
     sources.file = options.passwordFile;
+    sources.isFileGuarded = options.isPasswordFileGuarded;
+    sources.command = options.passwordCommand;
     if (const char* variable = std::getenv("CIMHTTP_PASSWORD")) {
         sources.variable = variable;
     }
@@ -109,6 +111,17 @@ Session::~Session() {
 }
 
 std::vector<Node> Session::nodesToAsk() {
+    try {
+        return nodesOfOptions();
+    } catch (const UsageError& error) {
+        if (options_.machine.empty()) {
+            throw;
+        }
+        throw UsageError("machine " + options_.machine + ": " + error.what());
+    }
+}
+
+std::vector<Node> Session::nodesOfOptions() {
     requireNamespace(options_.nameSpace);
     if (options_.nodes.empty()) {
         return nodesOfEmbeddedMachine();

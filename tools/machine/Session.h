@@ -129,6 +129,7 @@ public:
 
 private:
     std::vector<Node> nodesToAsk();
+    std::vector<Node> nodesOfOptions();
     std::vector<Node> namedNodes() const;
     std::vector<Node> nodesOfEmbeddedMachine();
     void selectNodes();

@@ -15,6 +15,7 @@
 #include "tools/program/Choice.h"
 #include "tools/program/Completion.h"
 #include "tools/program/HelpFormat.h"
+#include "tools/program/MachineChoice.h"
 #include "tools/program/UnknownWords.h"
 
 namespace tool {
@@ -135,6 +136,13 @@ private:
         app_.add_option("--node", options_.nodes, "A node's CIM server; repeated, in node order")
             ->type_name("[USER@]HOST")
             ->allow_extra_args(false);
+        app_.add_option("--machine", options_.machine,
+                        "The nodes of a machine that the configuration knows, and how it asks them")
+            ->type_name("NAME");
+        app_.add_option(
+                "--config", options_.configFile,
+                "The configuration, cimhttp/machines.toml in your folder of configurations when left out")
+            ->type_name("FILE");
         app_.add_option("--user", options_.user, "User of the nodes that name none")->type_name("NAME");
         app_.add_option("--password-file", options_.passwordFile,
                         "One line for all nodes, or one a node; else the variable CIMHTTP_PASSWORD is taken; "
@@ -318,6 +326,7 @@ CommandLine::CommandLine(int argc, const char* const* argv) {
     if (options.watchSeconds && grammar.app().get_subcommands().size() < 2) {
         throw UsageError("watch takes a command: watch SECONDS COMMAND...");
     }
+    takeMachine(options, [&grammar](const std::string& option) { return grammar.app().count(option) != 0; });
     requireFit(options);
 }
 

@@ -2,10 +2,12 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <exception>
 #include <string_view>
 
 #include "tools/common/Names.h"
 #include "tools/common/SeenClasses.h"
+#include "tools/config/MachineConfig.h"
 #include "tools/program/Choice.h"
 
 namespace tool {
@@ -38,6 +40,15 @@ CLI::App* findCommand(CLI::App& command, const std::string& name) {
     return found == commands.end() ? nullptr : *found;
 }
 
+// Those that can be read; what keeps others from it is told when one is asked.
+std::vector<std::string> machineNames(const std::string& config) {
+    try {
+        return MachineConfig(config).names();
+    } catch (const std::exception&) {
+        return {};
+    }
+}
+
 std::vector<std::string> valueWords(CLI::Option& option) {
     return option.get_type_name() == "FILE" ? std::vector<std::string>{Completion::kFiles} : wordsOf(option);
 }
@@ -67,6 +78,7 @@ Completion::Completion(CLI::App& grammar, const std::vector<std::string>& words)
 
 void Completion::pass(const std::string& word) {
     if (pending_ != nullptr) {
+        config_ = pending_->check_lname("config") ? word : config_;
         pending_ = nullptr;
     } else if (!optionsEnded_ && word == "--") {
         optionsEnded_ = true;
@@ -148,7 +160,7 @@ std::vector<std::string> Completion::positionalWords() const {
 
 std::vector<std::string> Completion::candidates() const {
     if (pending_ != nullptr) {
-        return valueWords(*pending_);
+        return pending_->check_lname("machine") ? machineNames(config_) : valueWords(*pending_);
     }
     if (!prefix_.empty()) {
         return {};

@@ -38,6 +38,7 @@ private:
 
     std::vector<CLI::App*> commands_;  // the program and the command in it, outermost first
     CLI::Option* pending_ = nullptr;   // the option whose value comes next
+    std::string config_;               // the file that names machines; empty: the usual one
     bool optionsEnded_ = false;
     std::size_t positionals_ = 0;  // of the innermost command, before the current word
     std::string current_;          // begun

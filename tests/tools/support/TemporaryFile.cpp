@@ -15,6 +15,8 @@ TemporaryFile::TemporaryFile(const std::string& content) {
     if (!(file << content)) {
         throw std::runtime_error("cannot write " + path_);
     }
+    std::filesystem::permissions(path_,
+                                 std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
 }
 
 TemporaryFile::~TemporaryFile() {

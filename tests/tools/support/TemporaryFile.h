@@ -4,7 +4,7 @@
 
 namespace tool {
 
-/// A file with a content, as long as it lives.
+/// A file with a content, as long as it lives, for nobody else to read or write.
 class TemporaryFile {
 public:
     explicit TemporaryFile(const std::string& content);
