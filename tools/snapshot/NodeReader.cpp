@@ -64,7 +64,7 @@ void NodeReader::readClass(const std::string& name) {
 void NodeReader::readInstances() {
     session_.passInstancesTo([this](const std::string& asked, const ReceivedInstances::Instances& instances) {
         for (Pegasus::Uint32 i = 0; i < instances.size(); ++i) {
-            if (sameName(textOf(instances[i].getClassName()), asked)) {
+            if (sameName(remoteText(instances[i].getClassName()), asked)) {
                 record_.add(instances[i]);
             }
         }

@@ -33,7 +33,7 @@ bool isKeyProperty(const Pegasus::CIMConstProperty& property) {
 }  // namespace
 
 void NodeRecord::add(const Pegasus::CIMClass& definition) {
-    const auto [place, isNew] = places_.emplace(textOf(definition.getClassName()), classes_.size());
+    const auto [place, isNew] = places_.emplace(remoteText(definition.getClassName()), classes_.size());
     if (isNew) {
         classes_.push_back(definition);
     } else {
@@ -46,7 +46,7 @@ void NodeRecord::add(const Pegasus::CIMInstance& instance) {
 }
 
 const Pegasus::CIMClass* NodeRecord::find(const CIMName& name) const {
-    const auto found = name.isNull() ? places_.end() : places_.find(textOf(name));
+    const auto found = name.isNull() ? places_.end() : places_.find(remoteText(name));
     return found == places_.end() ? nullptr : &classes_[found->second];
 }
 
@@ -59,8 +59,8 @@ NodeRecord::Order NodeRecord::inOrder() const {
         isGrowing = false;
         for (const Pegasus::CIMClass& definition : classes_) {
             const CIMName& above = definition.getSuperClassName();
-            const bool isReady = above.isNull() || placed.count(textOf(above)) != 0;
-            if (isReady && placed.insert(textOf(definition.getClassName())).second) {
+            const bool isReady = above.isNull() || placed.count(remoteText(above)) != 0;
+            if (isReady && placed.insert(remoteText(definition.getClassName())).second) {
                 order.push_back(&definition);
                 isGrowing = true;
             }
@@ -128,7 +128,7 @@ void NodeRecord::writeInstances(std::string& out, const std::string& nameSpace, 
                                 Count& count) const {
     std::set<std::string, NameLess> declared;
     for (const Pegasus::CIMClass* definition : order) {
-        declared.insert(textOf(definition->getClassName()));
+        declared.insert(remoteText(definition->getClassName()));
     }
     for (const auto& [name, place] : places_) {
         if (declared.count(name) == 0) {
@@ -137,7 +137,7 @@ void NodeRecord::writeInstances(std::string& out, const std::string& nameSpace, 
     }
     for (const Pegasus::CIMInstance& instance : instances_) {
         const CIMName& className = instance.getClassName();
-        if (declared.count(textOf(className)) == 0 || !canBeFound(instance)) {
+        if (declared.count(remoteText(className)) == 0 || !canBeFound(instance)) {
             ++count.strays;
             continue;
         }

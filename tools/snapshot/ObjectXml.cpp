@@ -59,11 +59,11 @@ std::string itemText(const ITEM& item) {
     } else if constexpr (std::is_integral_v<ITEM>) {
         return std::to_string(item);
     } else if constexpr (std::is_same_v<ITEM, Char16>) {
-        return textOf(String(&item, 1));
+        return remoteText(String(&item, 1));
     } else if constexpr (std::is_same_v<ITEM, CIMDateTime>) {
-        return textOf(item.toString());
+        return remoteText(item.toString());
     } else {
-        return textOf(item);
+        return remoteText(item);
     }
 }
 
@@ -72,7 +72,7 @@ std::string itemText(const ITEM& item) {
 void ObjectXml::writeClass(const CIMConstClass& definition) {
     begin("CLASS", definition.getClassName());
     if (!definition.getSuperClassName().isNull()) {
-        appendXmlAttribute(out_, "SUPERCLASS", textOf(definition.getSuperClassName()));
+        appendXmlAttribute(out_, "SUPERCLASS", remoteText(definition.getSuperClassName()));
     }
     out_ += ">";
     writeQualifiers(definition);
@@ -87,7 +87,7 @@ void ObjectXml::writeClass(const CIMConstClass& definition) {
 
 void ObjectXml::writeInstance(const CIMConstInstance& instance, const Filter& filter) {
     out_ += "<INSTANCE";
-    appendXmlAttribute(out_, "CLASSNAME", textOf(instance.getClassName()));
+    appendXmlAttribute(out_, "CLASSNAME", remoteText(instance.getClassName()));
     out_ += ">";
     for (Uint32 i = 0; i < instance.getPropertyCount(); ++i) {
         const CIMConstProperty property = instance.getProperty(i);
@@ -162,7 +162,7 @@ void ObjectXml::writeType(const ELEMENT& element) {
     if (element.getType() != CIMTYPE_REFERENCE) {
         writeScalarType(element.getType());
     } else if (!element.getReferenceClassName().isNull()) {
-        appendXmlAttribute(out_, "REFERENCECLASS", textOf(element.getReferenceClassName()));
+        appendXmlAttribute(out_, "REFERENCECLASS", remoteText(element.getReferenceClassName()));
     }
     if (element.getArraySize() > 0) {
         appendXmlAttribute(out_, "ARRAYSIZE", std::to_string(element.getArraySize()));
@@ -178,7 +178,7 @@ void ObjectXml::writeScalarType(CIMType type) {
 
 void ObjectXml::begin(const std::string& element, const CIMName& name) {
     out_.append("<").append(element);
-    appendXmlAttribute(out_, "NAME", textOf(name));
+    appendXmlAttribute(out_, "NAME", remoteText(name));
 }
 
 void ObjectXml::end(const std::string& element) {

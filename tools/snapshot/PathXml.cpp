@@ -39,7 +39,7 @@ void PathXml::writeNamespace(const std::string& nameSpace) {
 
 void PathXml::writeName(const Pegasus::CIMName& className, const Pegasus::CIMObjectPath& path) {
     out_ += "<INSTANCENAME";
-    appendXmlAttribute(out_, "CLASSNAME", textOf(className));
+    appendXmlAttribute(out_, "CLASSNAME", remoteText(className));
     out_ += ">";
     const Pegasus::Array<CIMKeyBinding>& keys = path.getKeyBindings();
     for (Pegasus::Uint32 i = 0; i < keys.size(); ++i) {
@@ -50,7 +50,7 @@ void PathXml::writeName(const Pegasus::CIMName& className, const Pegasus::CIMObj
 
 void PathXml::writeKey(const CIMKeyBinding& key) {
     out_ += "<KEYBINDING";
-    appendXmlAttribute(out_, "NAME", textOf(key.getName()));
+    appendXmlAttribute(out_, "NAME", remoteText(key.getName()));
     out_ += ">";
     if (key.getType() == CIMKeyBinding::REFERENCE) {
         writeReference(Pegasus::CIMObjectPath(key.getValue()));
@@ -58,14 +58,14 @@ void PathXml::writeKey(const CIMKeyBinding& key) {
         out_ += "<KEYVALUE";
         appendXmlAttribute(out_, "VALUETYPE", valueTypeOf(key.getType()));
         out_ += ">";
-        appendXmlText(out_, textOf(key.getValue()));
+        appendXmlText(out_, remoteText(key.getValue()));
         out_ += "</KEYVALUE>";
     }
     out_ += "</KEYBINDING>";
 }
 
 void PathXml::writeReference(const Pegasus::CIMObjectPath& path) {
-    const std::string nameSpace = textOf(path.getNameSpace().getString());
+    const std::string nameSpace = remoteText(path.getNameSpace().getString());
     const bool isElsewhere = !nameSpace.empty() && !sameName(nameSpace, nameSpace_);
     out_ += "<VALUE.REFERENCE>";
     if (isElsewhere) {
