@@ -29,6 +29,7 @@ bool runCommand(const CommandContext& context) {
             return runHealth(context);
         case Question::kSnapshot:
             return runSnapshot(context);
+        case Question::kCompare:  // asks no machine
         case Question::kInvoke:
             break;
     }

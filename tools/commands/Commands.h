@@ -43,6 +43,9 @@ bool runInvoke(const CommandContext& context);
 bool runHealth(const CommandContext& context);
 bool runSnapshot(const CommandContext& context);
 
+/// Needs no machine; returns whether the two are equal.
+bool runCompare(const Options& options, Output& output);
+
 /// The health as a monitoring plug-in tells it; returns such a plug-in's exit status.
 int runMonitoring(const CommandContext& context);
 

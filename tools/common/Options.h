@@ -24,7 +24,8 @@ enum class Question {
     kGet,
     kInvoke,
     kHealth,
-    kSnapshot
+    kSnapshot,
+    kCompare
 };
 
 /// What the command line says, read but not yet interpreted.
@@ -58,7 +59,8 @@ struct Options {
     std::string where;                    ///< instances: which; empty: all
     std::vector<std::string> sort;        ///< instances: NAME or -NAME; empty: as they come
     bool count = false;                   ///< instances: only how many
-    std::string file;                     ///< snapshot
+    std::string file;                     ///< snapshot; compare: the first
+    std::string otherFile;                ///< compare
     std::string path;                     ///< get, invoke
     std::string method;                   ///< invoke
     std::vector<std::string> arguments;   ///< invoke: NAME=VALUE each

@@ -33,7 +33,7 @@ constexpr const char* kFooter =
     "\n"
     "Exit status:\n"
     "  0  answered\n"
-    "  1  nothing found\n"
+    "  1  nothing found, or compare: they differ\n"
     "  2  wrong usage\n"
     "  3  a node failed, others answered\n"
     "  4  no answer\n"
@@ -255,6 +255,12 @@ private:
             ->add_option("FILE", options_.file, "The file to write, e.g. machine.cim.gz")
             ->type_name("FILE")
             ->required();
+        CLI::App* compare =
+            add("compare", "In what two snapshots differ; exit status 1 when they do", Question::kCompare);
+        compare->add_option("FIRST", options_.file, "A file that snapshot has written")
+            ->type_name("FILE")
+            ->required();
+        compare->add_option("SECOND", options_.otherFile, "Another")->type_name("FILE")->required();
     }
 
     // The watched command stands behind, as it would stand alone.
@@ -289,7 +295,8 @@ void requireFitOfWatch(const Options& options) {
     if (options.format != Format::kText) {
         throw UsageError("watch shows text: --format is for single answers");
     }
-    if (options.question == Question::kInvoke || options.question == Question::kSnapshot || options.nagios) {
+    if (options.question == Question::kInvoke || options.question == Question::kSnapshot ||
+        options.question == Question::kCompare || options.nagios) {
         throw UsageError("watch repeats questions: methods, snapshots and --nagios are for once");
     }
 }

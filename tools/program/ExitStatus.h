@@ -6,6 +6,7 @@ namespace tool {
 enum ExitStatus : int {
     kAnswered = 0,
     kNothingFound = 1,    ///< What was asked for does not exist, and no node failed.
+    kDiffers = 1,         ///< compare: the two are not equal.
     kWrongUsage = 2,      ///< The command line cannot be meant so; no method was run.
     kNodeFailed = 3,      ///< There is an answer without the part of a node that failed.
     kNoAnswer = 4,        ///< Those that could have answered failed.

@@ -64,6 +64,11 @@ bool runOnNodesThatAnswer(const CommandContext& context) {
 
 ExitStatus answer(const Options& options, Notices& notices, Progress& progress) {
     Output output(std::cout, progress, terminal::isOutput());
+    if (options.question == Question::kCompare) {
+        const bool isEqual = runCompare(options, output);
+        output.flush();
+        return isEqual ? kAnswered : kDiffers;
+    }
     Session session(options, notices, progress);
     try {
         session.connect();
