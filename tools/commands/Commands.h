@@ -62,6 +62,9 @@ bool runCommand(const CommandContext& context);
 /// Says that there is nothing, unless a failure was said that tells why; returns false.
 bool nothingFound(const CommandContext& context, const std::string& what);
 
+/// Tells on standard error what requests there were so far.
+void sayStatistics(const CommandContext& context);
+
 /// Says in what the nodes' definitions of a class differ, if they do.
 void sayDifferences(const CommandContext& context, const std::string& className);
 

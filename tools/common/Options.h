@@ -43,6 +43,7 @@ struct Options {
     unsigned connectTimeoutS = 10;
     Format format = Format::kText;
     bool verbose = false;
+    bool statistics = false;
 
     std::optional<double> watchSeconds;  ///< Between two rounds of a watched command.
     std::optional<std::size_t> rounds;   ///< Of a watched command; none: until somebody ends it.

@@ -248,10 +248,17 @@ void ClientListener::Begun(const ClientRequest& request) {
     if (request.operation == "EnumerateInstances") {
         progress_.note({});  // what an earlier answer held
     }
-    progress_.begin(describe(ofMachine(request)));
+    const ClientRequest ofNode = ofMachine(request);
+    progress_.begin(describe(ofNode));
+    for (RequestListener* listener : requestListeners_) {
+        listener->begun(ofNode, RequestListener::Clock::now());
+    }
 }
 
-void ClientListener::Ended(const ClientRequest& /*request*/, bool /*answered*/) {
+void ClientListener::Ended(const ClientRequest& request, bool answered) {
+    for (RequestListener* listener : requestListeners_) {
+        listener->ended(ofMachine(request), answered, RequestListener::Clock::now());
+    }
     progress_.end();
 }
 

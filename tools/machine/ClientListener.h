@@ -4,6 +4,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "cimhttp/ClientObserver.h"
 #include "tools/console/Notices.h"
@@ -12,6 +13,7 @@
 #include "tools/machine/NodeFailures.h"
 #include "tools/machine/ReceivedInstances.h"
 #include "tools/machine/RemoteDefinitions.h"
+#include "tools/machine/RequestListener.h"
 
 namespace tool {
 
@@ -36,6 +38,9 @@ public:
           progress_(progress),
           received_(received),
           definitions_(definitions) {}
+
+    /// Tells another of every request from now on; it must outlive the listener's last one.
+    void addListener(RequestListener& listener) { requestListeners_.push_back(&listener); }
 
     /// The nodes are being connected until endConnect, which tells how it went: a namespace counts as
     /// connected even when no node answered.
@@ -90,6 +95,7 @@ private:
     Progress& progress_;
     ReceivedInstances& received_;
     RemoteDefinitions& definitions_;
+    std::vector<RequestListener*> requestListeners_;
     bool connecting_ = false;
     Wanted wanted_ = Wanted::kDefinition;
     std::string subject_;

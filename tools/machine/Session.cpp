@@ -102,6 +102,7 @@ Session::Session(const Options& options, Notices& notices, Progress& progress)
       logger_(notices, options.verbose),
       listener_(machine_, notices, progress, received_, definitions_) {
     requireNode(options_.onNode, machine_.nodes().size());
+    listener_.addListener(statistics_);
     setUpHost();
 }
 

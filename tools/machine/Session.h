@@ -17,6 +17,7 @@
 #include "tools/machine/Machine.h"
 #include "tools/machine/ReceivedInstances.h"
 #include "tools/machine/RemoteDefinitions.h"
+#include "tools/machine/RequestStatistics.h"
 #include "vskcore/ICIMClass.h"
 #include "vskcore/ICIMInstance.h"
 #include "vskcore/ICIMQualifierDecl.h"
@@ -107,6 +108,9 @@ public:
     /// The definitions of the classes fetched so far, as the nodes gave them.
     const RemoteDefinitions& definitions() const { return definitions_; }
 
+    /// What became of all requests so far.
+    const RequestStatistics& statistics() const { return statistics_; }
+
     const std::string& nameSpaceName() const { return options_.nameSpace; }
 
     /// The namespace as the servers call it.
@@ -161,6 +165,7 @@ private:
     ConsoleLogger logger_;
     ReceivedInstances received_;
     RemoteDefinitions definitions_;
+    RequestStatistics statistics_;
     ClientListener listener_;
     bool askedAll_ = false;  // by the last question: every node, not the first one only
     bool methodReturnedOther_ = false;

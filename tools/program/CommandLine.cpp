@@ -75,6 +75,7 @@ public:
         app_.require_subcommand(1);
         addNodeOptions();
         addOutputOptions();
+        addStatistics();
         addNameCommands();
         addSchemaCommands();
         addInstanceCommands();
@@ -174,6 +175,11 @@ private:
             ->type_name("NAME")
             ->transform(oneOf(formats));
         app_.add_flag("-v,--verbose", options_.verbose, "Show the plug-in's trace lines on standard error");
+    }
+
+    void addStatistics() {
+        app_.add_flag("--statistics", options_.statistics,
+                      "In the end, on standard error: requests, failures and seconds by node and operation");
     }
 
     void addNameCommands() {
@@ -304,6 +310,9 @@ void requireFitOfWatch(const Options& options) {
 void requireFit(const Options& options) {
     if (options.watchSeconds) {
         requireFitOfWatch(options);
+    }
+    if (options.nagios && options.statistics) {
+        throw UsageError("--nagios answers in one line: --statistics does not go with it");
     }
     if (options.format == Format::kCsv && options.question != Question::kInstances) {
         throw UsageError("--format csv is for instances; text and json are for every command");

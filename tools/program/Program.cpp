@@ -62,6 +62,21 @@ bool runOnNodesThatAnswer(const CommandContext& context) {
     }
 }
 
+ExitStatus answerOn(const CommandContext& context) {
+    Session& session = context.session;
+    try {
+        session.connect();
+        const bool found = runOnNodesThatAnswer(context);
+        context.output.flush();
+        return statusOf(found, session);
+    } catch (const Failure& failure) {
+        context.output.flush();  // what was answered before stays in front of the message
+        say(failure, context.notices);
+        const bool isMissing = failure.kind() == Failure::Kind::kNoAnswer && session.isOnlyMissing();
+        return isMissing ? kNothingFound : statusOf(failure);
+    }
+}
+
 ExitStatus answer(const Options& options, Notices& notices, Progress& progress) {
     Output output(std::cout, progress, terminal::isOutput());
     if (options.question == Question::kCompare) {
@@ -70,17 +85,12 @@ ExitStatus answer(const Options& options, Notices& notices, Progress& progress) 
         return isEqual ? kAnswered : kDiffers;
     }
     Session session(options, notices, progress);
-    try {
-        session.connect();
-        const bool found = runOnNodesThatAnswer({options, session, output, progress, notices});
-        output.flush();
-        return statusOf(found, session);
-    } catch (const Failure& failure) {
-        output.flush();  // what was answered before stays in front of the message
-        say(failure, notices);
-        const bool isMissing = failure.kind() == Failure::Kind::kNoAnswer && session.isOnlyMissing();
-        return isMissing ? kNothingFound : statusOf(failure);
+    const CommandContext context{options, session, output, progress, notices};
+    const ExitStatus status = answerOn(context);
+    if (options.statistics) {
+        sayStatistics(context);
     }
+    return status;
 }
 
 ExitStatus run(int argc, const char* const* argv, Notices& notices, Progress& progress) {

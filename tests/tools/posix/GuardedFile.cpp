@@ -4,9 +4,12 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <vector>
 
 #include "tests/tools/support/TemporaryFile.h"
 #include "tools/common/UsageError.h"
+#include "tools/machine/Credentials.h"
+#include "tools/machine/Node.h"
 
 namespace tool {
 
@@ -60,6 +63,17 @@ TEST_F(GuardedFileTest, MayBeReadByOthersUnlessItHoldsASecret) {
               "'" + file_.path() + "' can be read by others; chmod 600 makes it yours alone");
     std::filesystem::permissions(file_.path(), perms::owner_read | perms::others_read);
     EXPECT_THAT(complaint(Guard::kAgainstReading), HasSubstr("can be read by others"));
+}
+
+TEST_F(GuardedFileTest, GivesNoPasswordWhenOthersMayReadIt) {
+    PasswordSources sources;
+    sources.file = file_.path();
+    sources.isFileGuarded = true;
+    std::vector<Node> nodes{{"a", "anna", ""}};
+    addPasswords(nodes, sources);
+    EXPECT_EQ(nodes[0].password, "geheim");
+    allow(perms::others_read);
+    EXPECT_THROW(addPasswords(nodes, sources), UsageError);
 }
 
 TEST_F(GuardedFileTest, IsRefusedWhenAnotherUserOwnsIt) {
