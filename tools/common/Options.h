@@ -44,6 +44,7 @@ struct Options {
     Format format = Format::kText;
     bool verbose = false;
     bool statistics = false;
+    std::string traceFile;  ///< Empty: none.
 
     std::optional<double> watchSeconds;  ///< Between two rounds of a watched command.
     std::optional<std::size_t> rounds;   ///< Of a watched command; none: until somebody ends it.

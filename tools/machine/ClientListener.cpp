@@ -97,7 +97,11 @@ TOLD ClientListener::ofMachine(const TOLD& told) const {
 }
 
 bool ClientListener::AttemptFailed(const ClientFailure& failure) {
-    return attemptFailed(ofMachine(failure));
+    const ClientFailure ofNode = ofMachine(failure);
+    for (RequestListener* listener : requestListeners_) {
+        listener->failed(ofNode);
+    }
+    return attemptFailed(ofNode);
 }
 
 bool ClientListener::attemptFailed(const ClientFailure& failure) {
@@ -268,10 +272,16 @@ void ClientListener::Received(const ClientRequest& request,
     progress_.note(fmt::format("{}: {} instances of {} received", machine_.where(node), instances.size(),
                                request.subject));
     received_.add(node, request.subject, instances);
+    for (RequestListener* listener : requestListeners_) {
+        listener->received(instances.size());
+    }
 }
 
 void ClientListener::Defined(const ClientRequest& request, const Pegasus::CIMClass& definition) {
     definitions_.add(machine_.asked().at(request.node), definition);
+    for (RequestListener* listener : requestListeners_) {
+        listener->defined(request.subject);
+    }
 }
 
 }  // namespace tool

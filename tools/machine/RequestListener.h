@@ -1,6 +1,8 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
+#include <string>
 
 #include "cimhttp/ClientObserver.h"
 
@@ -15,6 +17,13 @@ public:
     virtual ~RequestListener() = default;
 
     virtual void begun(const NQELVSK20::ClientRequest& request, Clock::time_point when) = 0;
+
+    /// An attempt at that which was begun last failed; the next one may be answered.
+    virtual void failed(const NQELVSK20::ClientFailure& /*failure*/) {}
+
+    /// What its answer holds: so many instances, or the definition of a class.
+    virtual void received(std::size_t /*instances*/) {}
+    virtual void defined(const std::string& /*className*/) {}
 
     /// That which was begun last.
     virtual void ended(const NQELVSK20::ClientRequest& request, bool answered, Clock::time_point when) = 0;

@@ -103,6 +103,10 @@ Session::Session(const Options& options, Notices& notices, Progress& progress)
       listener_(machine_, notices, progress, received_, definitions_) {
     requireNode(options_.onNode, machine_.nodes().size());
     listener_.addListener(statistics_);
+    if (!options_.traceFile.empty()) {
+        trace_ = std::make_unique<RequestTrace>(options_.traceFile, notices_);
+        listener_.addListener(*trace_);
+    }
     setUpHost();
 }
 

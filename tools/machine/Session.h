@@ -18,6 +18,7 @@
 #include "tools/machine/ReceivedInstances.h"
 #include "tools/machine/RemoteDefinitions.h"
 #include "tools/machine/RequestStatistics.h"
+#include "tools/machine/RequestTrace.h"
 #include "vskcore/ICIMClass.h"
 #include "vskcore/ICIMInstance.h"
 #include "vskcore/ICIMQualifierDecl.h"
@@ -166,6 +167,7 @@ private:
     ReceivedInstances received_;
     RemoteDefinitions definitions_;
     RequestStatistics statistics_;
+    std::unique_ptr<RequestTrace> trace_;  // null: none is wanted
     ClientListener listener_;
     bool askedAll_ = false;  // by the last question: every node, not the first one only
     bool methodReturnedOther_ = false;

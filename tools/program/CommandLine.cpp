@@ -76,6 +76,7 @@ public:
         addNodeOptions();
         addOutputOptions();
         addStatistics();
+        addTrace();
         addNameCommands();
         addSchemaCommands();
         addInstanceCommands();
@@ -180,6 +181,12 @@ private:
     void addStatistics() {
         app_.add_flag("--statistics", options_.statistics,
                       "In the end, on standard error: requests, failures and seconds by node and operation");
+    }
+
+    void addTrace() {
+        app_.add_option("--trace", options_.traceFile,
+                        "Write every request's beginning and end there, a line of JSON each")
+            ->type_name("FILE");
     }
 
     void addNameCommands() {
