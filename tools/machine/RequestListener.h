@@ -21,7 +21,7 @@ public:
     /// An attempt at that which was begun last failed; the next one may be answered.
     virtual void failed(const NQELVSK20::ClientFailure& /*failure*/) {}
 
-    /// What its answer holds: so many instances, or the definition of a class.
+    /// What the answer holds of the request that ended last: so many instances, or the definition of a class.
     virtual void received(std::size_t /*instances*/) {}
     virtual void defined(const std::string& /*className*/) {}
 

@@ -62,9 +62,7 @@ void RequestTrace::write(const Line& line) {
 }
 
 void RequestTrace::begun(const ClientRequest& request, Clock::time_point when) {
-    Open open;
-    open.since = when;
-    open_.push_back(open);
+    open_.push_back(when);
     write(Line("begin", request));
 }
 
@@ -91,11 +89,11 @@ void RequestTrace::ended(const ClientRequest& request, bool answered, Clock::tim
     if (open_.empty()) {
         return;
     }
-    const Open ending = open_.back();
+    const Clock::time_point since = open_.back();
     open_.pop_back();
     Line line("end", request);
     line.add("answered", answered);
-    line.add("seconds", std::chrono::duration<double>(when - ending.since).count());
+    line.add("seconds", std::chrono::duration<double>(when - since).count());
     write(line);
 }
 

@@ -10,9 +10,9 @@
 
 namespace tool {
 
-/// Writes down every request's beginning and end, and each attempt that failed between, as it happens: a line
-/// of JSON each, in a file that nobody else can read. Nodes are counted from 1. Users and passwords are not
-/// in it.
+/// Writes down every request's beginning and end, each attempt that failed between and what came, as it
+/// happens: a line of JSON each, in a file that nobody else can read. Nodes are counted from 1. Users and
+/// passwords are not in it.
 class RequestTrace : public RequestListener {
 public:
     /// Throws Failure when the file cannot be made. `notices`, which must outlive the trace, are told once
@@ -26,12 +26,6 @@ public:
     void ended(const NQELVSK20::ClientRequest& request, bool answered, Clock::time_point when) override;
 
 private:
-    struct Open {
-        Clock::time_point since;
-        std::size_t instances = 0;
-        bool hasInstances = false;
-        std::string definition;  // its class; empty: none came
-    };
     class Line;
 
     void write(const Line& line);
@@ -39,7 +33,7 @@ private:
     std::string path_;
     Notices& notices_;
     std::ofstream file_;
-    std::vector<Open> open_;
+    std::vector<Clock::time_point> open_;  // when those began that have not ended, the innermost last
 };
 
 }  // namespace tool
