@@ -19,7 +19,7 @@ constexpr const char* kSnapshotHead =
 void sayOmissions(const CommandContext& context, std::size_t node, const NodeRecord::Count& count) {
     const std::string where = fmt::format("node {}: ", node + 1);
     for (const std::string& name : count.orphans) {
-        context.notices.say(where + "left out class " + name + ": its superclass is not given");
+        context.notices.say(fmt::format("{}left out class {}: its superclass is not given", where, name));
     }
     if (count.strays != 0) {
         context.notices.say(

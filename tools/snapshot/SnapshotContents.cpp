@@ -43,7 +43,7 @@ std::string documentOf(const std::string& name) {
     }
 }
 
-bool beginsWith(std::string_view text, std::string_view beginning) {
+bool hasBeginning(std::string_view text, std::string_view beginning) {
     return text.substr(0, beginning.size()) == beginning;
 }
 
@@ -60,7 +60,7 @@ std::string referenceText(xml_node reference) {
     return (nameSpace.empty() ? "" : nameSpace + ':') + pathText(path);
 }
 
-std::string keyText(xml_node key) {
+std::string keyContent(xml_node key) {
     const xml_node value = cimom::firstElement(key);
     const bool isReference = std::string_view(value.name()) == "VALUE.REFERENCE";
     const std::string text = isReference ? referenceText(value) : cimom::textOf(value);
@@ -78,7 +78,7 @@ std::string pathText(xml_node name) {
     std::string text = attributeOf(name, "CLASSNAME");
     char separator = '.';
     for (const xml_node key : name.children("KEYBINDING")) {
-        text += separator + keyText(key);
+        text += separator + keyContent(key);
         separator = ',';
     }
     return text;
@@ -86,7 +86,7 @@ std::string pathText(xml_node name) {
 
 std::string itemsText(xml_node array);
 
-std::string valueText(xml_node value) {
+std::string elementText(xml_node value) {
     const std::string_view kind = value.name();
     if (kind == "VALUE.ARRAY" || kind == "VALUE.REFARRAY") {
         return itemsText(value);
@@ -97,7 +97,7 @@ std::string valueText(xml_node value) {
 std::string itemsText(xml_node array) {
     std::string text = "[";
     for (xml_node item = cimom::firstElement(array); item; item = cimom::nextElement(item)) {
-        text += (text.size() > 1 ? ", " : "") + valueText(item);
+        text += (text.size() > 1 ? ", " : "") + elementText(item);
     }
     return text + ']';
 }
@@ -105,14 +105,14 @@ std::string itemsText(xml_node array) {
 // What stands in a property, a parameter or a qualifier.
 std::string contentText(xml_node element) {
     for (xml_node child = cimom::firstElement(element); child; child = cimom::nextElement(child)) {
-        if (beginsWith(child.name(), "VALUE")) {
-            return valueText(child);
+        if (hasBeginning(child.name(), "VALUE")) {
+            return elementText(child);
         }
     }
     return "(null)";
 }
 
-std::string typeText(xml_node element) {
+std::string declaredType(xml_node element) {
     const std::string_view kind = element.name();
     const std::string type = attributeOf(element, "TYPE");
     const std::string named = type.empty() ? "ref " + attributeOf(element, "REFERENCECLASS") : type;
@@ -127,7 +127,7 @@ public:
 
     void addInstance(xml_node instance) {
         for (xml_node child = cimom::firstElement(instance); child; child = cimom::nextElement(child)) {
-            if (beginsWith(child.name(), "PROPERTY")) {
+            if (hasBeginning(child.name(), "PROPERTY")) {
                 add("property " + attributeOf(child, "NAME"), contentText(child));
             }
         }
@@ -139,7 +139,7 @@ public:
     }
 
     void addDeclaration(xml_node declaration) {
-        add("type", typeText(declaration));
+        add("type", declaredType(declaration));
         add("value", contentText(declaration));
     }
 
@@ -154,19 +154,19 @@ private:
             const std::string name = attributeOf(child, "NAME");
             if (kind == "QUALIFIER") {
                 add(owner + "qualifier " + name, contentText(child));
-            } else if (beginsWith(kind, "PROPERTY")) {
+            } else if (hasBeginning(kind, "PROPERTY")) {
                 addMember(owner + "property " + name, child);
                 add(owner + "property " + name + ": default", contentText(child));
             } else if (kind == "METHOD") {
                 addMember(owner + "method " + name, child);
-            } else if (beginsWith(kind, "PARAMETER")) {
+            } else if (hasBeginning(kind, "PARAMETER")) {
                 addMember(owner + "parameter " + name, child);
             }
         }
     }
 
     void addMember(const std::string& what, xml_node member) {
-        add(what, typeText(member));
+        add(what, declaredType(member));
         addMembers(what + ": ", member);
     }
 
@@ -184,7 +184,7 @@ public:
             if (std::string_view(child.name()) == "QUALIFIER.DECLARATION") {
                 Dissection(replace("qualifier declaration " + attributeOf(child, "NAME")))
                     .addDeclaration(child);
-            } else if (beginsWith(child.name(), "VALUE.")) {
+            } else if (hasBeginning(child.name(), "VALUE.")) {
                 addObject(child);
             }
         }
