@@ -27,6 +27,8 @@ bool runCommand(const CommandContext& context) {
             return runGet(context);
         case Question::kHealth:
             return runHealth(context);
+        case Question::kReport:
+            return runReport(context);
         case Question::kSnapshot:
             return runSnapshot(context);
         case Question::kCompare:  // asks no machine

@@ -41,6 +41,7 @@ bool runInstances(const CommandContext& context);
 bool runGet(const CommandContext& context);
 bool runInvoke(const CommandContext& context);
 bool runHealth(const CommandContext& context);
+bool runReport(const CommandContext& context);
 bool runSnapshot(const CommandContext& context);
 
 /// Needs no machine; returns whether the two are equal.

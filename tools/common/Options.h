@@ -25,7 +25,8 @@ enum class Question {
     kInvoke,
     kHealth,
     kSnapshot,
-    kCompare
+    kCompare,
+    kReport
 };
 
 /// What the command line says, read but not yet interpreted.
@@ -61,7 +62,7 @@ struct Options {
     std::string where;                    ///< instances: which; empty: all
     std::vector<std::string> sort;        ///< instances: NAME or -NAME; empty: as they come
     bool count = false;                   ///< instances: only how many
-    std::string file;                     ///< snapshot; compare: the first
+    std::string file;                     ///< snapshot, report: to write; compare: the first
     std::string otherFile;                ///< compare
     std::string path;                     ///< get, invoke
     std::string method;                   ///< invoke

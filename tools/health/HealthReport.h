@@ -22,6 +22,7 @@ public:
     static HealthReport of(Session& session, SchemaCache& schemas, Progress& progress);
 
     const std::vector<Element>& elements() const { return elements_; }
+    const std::vector<LogEntry>& entries() const { return entries_; }
     std::size_t nodes() const { return nodes_; }
 
     /// How many elements are ill, and how many tell no state.

@@ -4,7 +4,6 @@
 #include <boost/shared_ptr.hpp>
 
 #include "tools/common/Failure.h"
-#include "vskcore/ICIMInstance.h"
 
 namespace tool {
 
@@ -60,7 +59,8 @@ bool InstanceWalk::visitInstances(const ClassSchema& schema, const std::string& 
     bool isAny = false;
     const auto visitOne = [&](const boost::shared_ptr<ICIMInstance>& instance) {
         isAny = true;
-        const Found found{PropertyIndex(*instance), instance->GetReference(TContext()).GetPath(), schema};
+        const Found found{PropertyIndex(*instance), instance->GetReference(TContext()).GetPath(), schema,
+                          *instance};
         visit(identityOf(found, top), found);
         return true;
     };

@@ -8,6 +8,7 @@
 #include "tools/machine/SchemaCache.h"
 #include "tools/machine/Session.h"
 #include "tools/values/PropertyIndex.h"
+#include "vskcore/ICIMInstance.h"
 
 namespace tool {
 
@@ -24,6 +25,7 @@ public:
         PropertyIndex properties;
         std::string path;
         const ClassSchema& schema;
+        NQELVSK20::ICIMInstance& instance;
     };
 
     /// `identity` is the same whenever the same instance comes again, told by a class further down: the last

@@ -82,6 +82,7 @@ public:
         addInstanceCommands();
         addHealthCommand();
         addSnapshotCommand();
+        addReportCommand();
         addWatch();
     }
 
@@ -274,6 +275,11 @@ private:
             ->type_name("FILE")
             ->required();
         compare->add_option("SECOND", options_.otherFile, "Another")->type_name("FILE")->required();
+    void addReportCommand() {
+        add("report", "A page for browsers: health, sensors, logs, classes and instances", Question::kReport)
+            ->add_option("FILE", options_.file, "Where it is written, such as machine.html")
+            ->type_name("FILE")
+            ->required();
     }
 
     // The watched command stands behind, as it would stand alone.
@@ -311,6 +317,11 @@ void requireFitOfWatch(const Options& options) {
     if (options.question == Question::kInvoke || options.question == Question::kSnapshot ||
         options.question == Question::kCompare || options.nagios) {
         throw UsageError("watch repeats questions: methods, snapshots and --nagios are for once");
+    if (options.question == Question::kReport) {
+        throw UsageError("watch shows text: report writes a file");
+    }
+    if (options.question == Question::kInvoke || options.nagios) {
+        throw UsageError("watch repeats questions: methods and --nagios are for once");
     }
 }
 
@@ -320,6 +331,8 @@ void requireFit(const Options& options) {
     }
     if (options.nagios && options.statistics) {
         throw UsageError("--nagios answers in one line: --statistics does not go with it");
+    if (options.question == Question::kReport && options.format != Format::kText) {
+        throw UsageError("report writes HTML: --format is for the other commands");
     }
     if (options.format == Format::kCsv && options.question != Question::kInstances) {
         throw UsageError("--format csv is for instances; text and json are for every command");
