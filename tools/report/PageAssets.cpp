@@ -50,6 +50,9 @@ section { margin-top: 2.5rem; }
 }
 .card h2, .card h3 { margin: 0 0 .2rem; font-size: 1.05rem; overflow-wrap: anywhere; }
 .card .log { margin-top: .5rem; }
+.card .log li { display: block; }
+.card .log .node, .card .log .state { display: none; }
+.card .log time, .card .log .text { display: block; }
 .columns { display: grid; gap: 0 2.5rem; grid-template-columns: repeat(auto-fit, minmax(min(24rem, 100%), 1fr)); }
 .columns h3 { margin-top: 0; }
 .sensors { margin-bottom: 1.5rem; }
@@ -70,7 +73,7 @@ svg.bar { height: .8rem; border-radius: .2rem; display: block; }
 .mark { fill: var(--ink); }
 .log li {
   position: relative; display: grid; gap: 0 .8rem; padding: .25rem 0 .25rem 1.1rem;
-  grid-template-columns: 4.2rem minmax(0, 1fr) auto;
+  grid-template-columns: minmax(4.2rem, auto) minmax(0, 1fr) auto;
 }
 .log li::before {
   content: ""; position: absolute; left: -.3rem; top: .65rem; width: .65rem; height: .65rem;

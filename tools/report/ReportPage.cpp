@@ -145,7 +145,7 @@ void ReportPage::writeHealth() {
         html_.element("h3", "Also in the logs");
         const auto list = html_.open("ul", {{"class", "log"}});
         for (const LogEntry& entry : others) {
-            writeEntry(entry);
+            writeEntry(entry, timeText(entry.time));
         }
     }
 }
@@ -160,7 +160,7 @@ void ReportPage::writeElement(const Element& element) {
     if (!entries.empty()) {
         const auto list = html_.open("ul", {{"class", "log"}});
         for (const LogEntry& entry : entries) {
-            writeEntry(entry);
+            writeEntry(entry, timeText(entry.time));
         }
     }
 }
@@ -206,14 +206,14 @@ void ReportPage::writeDay(const std::vector<LogEntry>& entries, std::size_t& nex
     html_.element("h3", day);
     const auto list = html_.open("ol", {{"class", "log line"}});
     for (; next < entries.size() && dayOf(entries[next]) == day; ++next) {
-        writeEntry(entries[next]);
+        writeEntry(entries[next], timeOfDay(entries[next]));
     }
 }
 
-void ReportPage::writeEntry(const LogEntry& entry) {
+void ReportPage::writeEntry(const LogEntry& entry, const std::string& time) {
     const auto item = html_.open("li", {{"class", nameOf(entry.severity)}});
     html_.element("span", "Node " + entry.node, {{"class", "node quiet"}});
-    html_.element("time", timeOfDay(entry), {{"title", timeText(entry.time)}});
+    html_.element("time", time, {{"title", timeText(entry.time)}});
     html_.element("span", entry.text, {{"class", "text"}});
     html_.element("span", entry.severityText, {{"class", "state"}});
 }

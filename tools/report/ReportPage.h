@@ -29,7 +29,7 @@ private:
     void writeSensor(const Element& element);
     void writeLog();
     void writeDay(const std::vector<LogEntry>& entries, std::size_t& next);
-    void writeEntry(const LogEntry& entry);
+    void writeEntry(const LogEntry& entry, const std::string& time);
     void writeClasses();
     void writeBranches(const std::vector<ClassBranch>& branches);
     void writeBranch(const ClassBranch& branch);
