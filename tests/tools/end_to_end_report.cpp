@@ -88,4 +88,13 @@ TEST(ReportCommand, ReplacesNothingThatIsNoFile) {
     EXPECT_EQ(filesIn(folder.path()), 0U);
 }
 
+TEST(ReportCommand, RefusesWhatIsNoPage) {
+    const Outcome json = run({"--format", "json", "report", "x.html"});
+    EXPECT_EQ(json.status, 2);
+    EXPECT_EQ(json.err, "cimhttp: report writes HTML: --format is for the other commands\n");
+    const Outcome watched = run({"watch", "1", "report", "x.html"});
+    EXPECT_EQ(watched.status, 2);
+    EXPECT_EQ(watched.err, "cimhttp: watch shows text: report writes a file\n");
+}
+
 }  // namespace tool

@@ -316,57 +316,55 @@ void requireFitOfWatch(const Options& options) {
     if (options.format != Format::kText) {
         throw UsageError("watch shows text: --format is for single answers");
     }
+    if (options.question == Question::kReport) {
+        throw UsageError("watch shows text: report writes a file");
+    }
     if (options.question == Question::kInvoke || options.question == Question::kSnapshot ||
         options.question == Question::kCompare || options.nagios) {
         throw UsageError("watch repeats questions: methods, snapshots and --nagios are for once");
-        if (options.question == Question::kReport) {
-            throw UsageError("watch shows text: report writes a file");
-        }
-        if (options.question == Question::kInvoke || options.nagios) {
-            throw UsageError("watch repeats questions: methods and --nagios are for once");
-        }
     }
+}
 
-    void requireFit(const Options& options) {
-        if (options.watchSeconds) {
-            requireFitOfWatch(options);
-        }
-        if (options.nagios && options.statistics) {
-            throw UsageError("--nagios answers in one line: --statistics does not go with it");
-            if (options.question == Question::kReport && options.format != Format::kText) {
-                throw UsageError("report writes HTML: --format is for the other commands");
-            }
-            if (options.format == Format::kCsv && options.question != Question::kInstances) {
-                throw UsageError("--format csv is for instances; text and json are for every command");
-            }
-        }
-
-    }  // namespace
-
-    CommandLine::CommandLine(int argc, const char* const* argv) {
-        Grammar grammar(options);
-        if (Completion::isAskedFor(argc, argv)) {
-            for (const std::string& word : Completion(grammar.app(), {argv + 2, argv + argc}).words()) {
-                std::cout << word << '\n';
-            }
-            status = kAnswered;
-            return;
-        }
-        try {
-            grammar.app().parse(argc, argv);
-        } catch (const CLI::Success& request) {
-            grammar.app().exit(request);
-            status = kAnswered;
-            return;
-        } catch (const CLI::ParseError& error) {
-            throw UsageError(grammar.complaint(error));
-        }
-        if (options.watchSeconds && grammar.app().get_subcommands().size() < 2) {
-            throw UsageError("watch takes a command: watch SECONDS COMMAND...");
-        }
-        takeMachine(options,
-                    [&grammar](const std::string& option) { return grammar.app().count(option) != 0; });
-        requireFit(options);
+void requireFit(const Options& options) {
+    if (options.watchSeconds) {
+        requireFitOfWatch(options);
     }
+    if (options.nagios && options.statistics) {
+        throw UsageError("--nagios answers in one line: --statistics does not go with it");
+    }
+    if (options.question == Question::kReport && options.format != Format::kText) {
+        throw UsageError("report writes HTML: --format is for the other commands");
+    }
+    if (options.format == Format::kCsv && options.question != Question::kInstances) {
+        throw UsageError("--format csv is for instances; text and json are for every command");
+    }
+}
+
+}  // namespace
+
+CommandLine::CommandLine(int argc, const char* const* argv) {
+    Grammar grammar(options);
+    if (Completion::isAskedFor(argc, argv)) {
+        for (const std::string& word : Completion(grammar.app(), {argv + 2, argv + argc}).words()) {
+            std::cout << word << '\n';
+        }
+        status = kAnswered;
+        return;
+    }
+    try {
+        grammar.app().parse(argc, argv);
+    } catch (const CLI::Success& request) {
+        grammar.app().exit(request);
+        status = kAnswered;
+        return;
+    } catch (const CLI::ParseError& error) {
+        throw UsageError(grammar.complaint(error));
+    }
+    if (options.watchSeconds && grammar.app().get_subcommands().size() < 2) {
+        throw UsageError("watch takes a command: watch SECONDS COMMAND...");
+    }
+    takeMachine(options, [&grammar](const std::string& option) { return grammar.app().count(option) != 0; });
+    requireFit(options);
+}
 
 }  // namespace tool
