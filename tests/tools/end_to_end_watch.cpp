@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <regex>
 
 #include "tests/support/TestMachine.h"
 #include "tests/tools/support/Program.h"
@@ -12,10 +13,12 @@ namespace tool {
 namespace {
 
 using NQELVSK20::TestMachine;
+using ::testing::AllOf;
 using ::testing::Contains;
 using ::testing::ContainsRegex;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
+using ::testing::StartsWith;
 
 constexpr const char* kFanInstance =
     "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\"><DECLARATION><DECLGROUP><VALUE.OBJECT><INSTANCE "
@@ -94,9 +97,9 @@ TEST(WatchCommand, AsksInRoundsAndShowsTheFirstAsAWhole) {
     EXPECT_EQ(outcome.err, "");
     const auto lines = linesOf(outcome.out);
     ASSERT_EQ(lines.size(), 32U);
-    EXPECT_THAT(lines[0], ContainsRegex("^[0-9-]+ [0-9:]+  round 1: 29 rows$"));
+    EXPECT_TRUE(std::regex_match(lines[0], std::regex("[0-9-]+ [0-9:]+  round 1: 29 rows"))) << lines[0];
     EXPECT_THAT(lines, Contains("  1     DIMM 4 Temp     91 °C > 85 upper non-critical"));
-    EXPECT_THAT(lines[31], ContainsRegex("  round 2: 29 rows$"));
+    EXPECT_THAT(lines[31], EndsWith("  round 2: 29 rows"));
 }
 
 TEST(WatchCommand, ShowsWhatChangedAndAsksForClassesOnce) {
@@ -108,7 +111,7 @@ TEST(WatchCommand, ShowsWhatChangedAndAsksForClassesOnce) {
     const std::size_t classes = node.timesAsked("0 GetClass TST_Fan");
     node.change("10", "12");
     EXPECT_THAT(lineWith(process, "changed"), EndsWith(": 1 row, 1 changed"));
-    EXPECT_THAT(process.readLine(), ContainsRegex("^[*] 1     a   10 → 12  ▁+█$"));
+    EXPECT_THAT(process.readLine(), AllOf(StartsWith("* 1     a   10 → 12  ▁"), EndsWith("█")));
     EXPECT_GE(node.timesAsked("0 EnumerateInstances TST_Fan"), 2U);
     EXPECT_EQ(node.timesAsked("0 GetClass TST_Fan"), classes);
 }
