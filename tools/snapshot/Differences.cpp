@@ -41,13 +41,20 @@ void compareParts(const Contents::Object& first, const Contents::Object& second,
 
 void compareNodes(const Contents::Node& first, const Contents::Node& second, Difference difference,
                   const Tell& tell) {
+    const auto begin = [&](const Contents::Object& object, bool isInFirst, bool isInSecond) {
+        difference.object = object.name;
+        difference.first = emptyIf(isInFirst);
+        difference.second = emptyIf(isInSecond);
+    };
     inPairs(first, second, [&](const Contents::Object* one, const Contents::Object* other) {
-        difference.object = one != nullptr ? one->name : other->name;
-        difference.first = emptyIf(one != nullptr);
-        difference.second = emptyIf(other != nullptr);
-        if (one == nullptr || other == nullptr) {
+        if (other == nullptr) {
+            begin(*one, true, false);
+            tell(difference);
+        } else if (one == nullptr) {
+            begin(*other, false, true);
             tell(difference);
         } else {
+            begin(*one, true, true);
             compareParts(*one, *other, difference, tell);
         }
     });

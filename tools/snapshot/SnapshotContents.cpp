@@ -151,16 +151,18 @@ private:
     void addMembers(const std::string& owner, xml_node element) {
         for (xml_node child = cimom::firstElement(element); child; child = cimom::nextElement(child)) {
             const std::string_view kind = child.name();
-            const std::string name = attributeOf(child, "NAME");
+            const auto called = [&](const char* what) {
+                return std::string(owner).append(what).append(" ").append(attributeOf(child, "NAME"));
+            };
             if (kind == "QUALIFIER") {
-                add(owner + "qualifier " + name, contentText(child));
+                add(called("qualifier"), contentText(child));
             } else if (hasBeginning(kind, "PROPERTY")) {
-                addMember(owner + "property " + name, child);
-                add(owner + "property " + name + ": default", contentText(child));
+                addMember(called("property"), child);
+                add(called("property").append(": default"), contentText(child));
             } else if (kind == "METHOD") {
-                addMember(owner + "method " + name, child);
+                addMember(called("method"), child);
             } else if (hasBeginning(kind, "PARAMETER")) {
-                addMember(owner + "parameter " + name, child);
+                addMember(called("parameter"), child);
             }
         }
     }

@@ -72,6 +72,7 @@ private:
     int start(const std::vector<std::string>& command, int output) {
         std::vector<std::string> words = command;
         std::vector<char*> arguments;
+        arguments.reserve(words.size() + 1);
         for (std::string& word : words) {
             arguments.push_back(word.data());
         }
