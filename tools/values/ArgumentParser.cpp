@@ -38,16 +38,16 @@ struct Argument {
 
 template <typename NUMBER>
 TCIMValue integerValue(const Argument& argument) {
-    using Limits = std::numeric_limits<NUMBER>;
+    using NumberLimits = std::numeric_limits<NUMBER>;
     using Signed = long long;
     const auto number = parseInteger(argument.text);
     // The size of the lowest number is one more than that of the highest.
-    constexpr unsigned long long highest = static_cast<unsigned long long>(Limits::max());
+    constexpr unsigned long long highest = static_cast<unsigned long long>(NumberLimits::max());
     const bool fits =
-        number && number->size <= (number->negative ? (Limits::is_signed ? highest + 1 : 0) : highest);
+        number && number->size <= (number->negative ? (NumberLimits::is_signed ? highest + 1 : 0) : highest);
     if (!fits) {
-        argument.refuse("a whole number from " + std::to_string(Limits::min()) + " to " +
-                        std::to_string(Limits::max()));
+        argument.refuse("a whole number from " + std::to_string(NumberLimits::min()) + " to " +
+                        std::to_string(NumberLimits::max()));
     }
     if (!number->negative) {
         return TCIMValue(static_cast<NUMBER>(number->size));
